@@ -1,0 +1,143 @@
+#include "foundation/clock.h"
+
+#include "foundation/error.h"
+#include "foundation/numbers.h"
+#include "foundation/text.h"
+
+#include <chrono>
+#include <cmath>
+#include <ctime>
+
+namespace vantor {
+
+namespace {
+
+constexpr double secondsPerDay = 86400.0;
+
+// 30 December 1899, the day 0 of date-time values.
+constexpr std::chrono::sys_days dayZero = std::chrono::year{1899} / std::chrono::December / 30;
+
+class SystemClock final : public Clock {
+  public:
+    DateTime now() override {
+        const auto time = std::chrono::system_clock::now();
+        const std::time_t whole = std::chrono::system_clock::to_time_t(time);
+        std::tm local{};
+#ifdef _WIN32
+        localtime_s(&local, &whole);
+#else
+        localtime_r(&whole, &local);
+#endif
+        const auto sinceSecond = time - std::chrono::system_clock::from_time_t(whole);
+        const double fraction = std::chrono::duration<double>(sinceSecond).count();
+        const Date date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+        const double seconds = (local.tm_hour * 60.0 + local.tm_min) * 60.0 + local.tm_sec + fraction;
+        return dayNumber(date) + seconds / secondsPerDay;
+    }
+};
+
+Clock* clockInUse = nullptr;
+
+// One field of a time text: up to `most` digits ahead of the end or a colon. -1 when it is no such field.
+int timeField(std::string_view digits, std::size_t least, std::size_t most) {
+    if (digits.size() < least || digits.size() > most) {
+        return -1;
+    }
+    int value = 0;
+    for (const char c : digits) {
+        if (c < '0' || c > '9') {
+            return -1;
+        }
+        value = value * 10 + (c - '0');
+    }
+    return value;
+}
+
+} // namespace
+
+Clock& currentClock() noexcept {
+    static SystemClock system;
+    return clockInUse != nullptr ? *clockInUse : system;
+}
+
+void useClock(Clock* clock) noexcept {
+    clockInUse = clock;
+}
+
+DateTime now() {
+    return currentClock().now();
+}
+
+std::int32_t today() {
+    return static_cast<std::int32_t>(std::floor(now()));
+}
+
+float timer() {
+    const DateTime time = now();
+    return static_cast<float>((time - std::floor(time)) * secondsPerDay);
+}
+
+DateTime parseTime(std::string_view text) {
+    const std::string_view bare = trim(text);
+    const std::size_t first = bare.find(':');
+    if (first == std::string_view::npos) {
+        throw Error(ErrorCode::TypeMismatch);
+    }
+    const std::size_t second = bare.find(':', first + 1);
+    const bool hasSeconds = second != std::string_view::npos;
+    const int hours = timeField(bare.substr(0, first), 1, 2);
+    const int minutes = timeField(hasSeconds ? bare.substr(first + 1, second - first - 1) : bare.substr(first + 1), 2, 2);
+    const int seconds = hasSeconds ? timeField(bare.substr(second + 1), 2, 2) : 0;
+    if (hours < 0 || hours > 23 || minutes < 0 || minutes > 59 || seconds < 0 || seconds > 59) {
+        throw Error(ErrorCode::TypeMismatch);
+    }
+    return timeSerial(hours, minutes, seconds);
+}
+
+DateTime timeSerial(int hours, int minutes, int seconds) noexcept {
+    return ((hours * 60.0 + minutes) * 60.0 + seconds) / secondsPerDay;
+}
+
+int secondsOfDay(DateTime value) noexcept {
+    const double magnitude = std::fabs(value);
+    const double seconds = roundHalfEven((magnitude - std::floor(magnitude)) * secondsPerDay);
+    return seconds >= secondsPerDay ? 0 : static_cast<int>(seconds);
+}
+
+DateTime timeOfDay(DateTime value) noexcept {
+    return secondsOfDay(value) / secondsPerDay;
+}
+
+int hourOf(DateTime value) noexcept {
+    return secondsOfDay(value) / 3600;
+}
+
+int minuteOf(DateTime value) noexcept {
+    return secondsOfDay(value) / 60 % 60;
+}
+
+std::string formatHHMMSS(DateTime value) {
+    return formatHHMM(value) + ":" + twoDigits(secondsOfDay(value) % 60);
+}
+
+std::string formatHHMM(DateTime value) {
+    return twoDigits(hourOf(value)) + ":" + twoDigits(minuteOf(value));
+}
+
+std::string formatHMM(DateTime value) {
+    return std::to_string(hourOf(value)) + ":" + twoDigits(minuteOf(value));
+}
+
+Date dateOf(DateTime value) noexcept {
+    const auto days = dayZero + std::chrono::days{static_cast<int>(std::floor(value))};
+    const std::chrono::year_month_day date{days};
+    return {static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day()))};
+}
+
+std::int32_t dayNumber(const Date& date) noexcept {
+    const std::chrono::sys_days days = std::chrono::year{date.year} / date.month / date.day;
+    return static_cast<std::int32_t>((days - dayZero).count());
+}
+
+} // namespace vantor

@@ -1,0 +1,193 @@
+#include "foundation/numbers.h"
+
+#include "foundation/error.h"
+#include "foundation/text.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <system_error>
+
+namespace vantor {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Walks over the longest number at the front of a text: [sign] digits [. digits] [E [sign] digits].
+struct NumberScan {
+    std::size_t length = 0; // characters that belong to the number, 0 when there is none
+    bool plus = false;      // it starts with "+", which from_chars does not take
+};
+
+NumberScan scanNumber(std::string_view text) {
+    NumberScan scan;
+    std::size_t at = 0;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
+        scan.plus = text[at] == '+';
+        ++at;
+    }
+    std::size_t digits = 0;
+    for (; at < text.size() && isDigit(text[at]); ++at) {
+        ++digits;
+    }
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        for (; at < text.size() && isDigit(text[at]); ++at) {
+            ++digits;
+        }
+    }
+    if (digits == 0) {
+        return scan;
+    }
+    scan.length = at;
+    if (at < text.size() && (text[at] == 'E' || text[at] == 'e')) {
+        std::size_t exponent = at + 1;
+        if (exponent < text.size() && (text[exponent] == '+' || text[exponent] == '-')) {
+            ++exponent;
+        }
+        if (exponent < text.size() && isDigit(text[exponent])) {
+            while (exponent < text.size() && isDigit(text[exponent])) {
+                ++exponent;
+            }
+            scan.length = exponent;
+        }
+    }
+    return scan;
+}
+
+// `text` is a number that scanNumber accepted whole. Out of range gives infinity or 0.
+double convertScanned(std::string_view text, bool plus) {
+    if (plus) {
+        text.remove_prefix(1);
+    }
+    double value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        return std::strtod(std::string(text).c_str(), nullptr); // digits and a point alone: the same in every locale
+    }
+    return value;
+}
+
+template <class Whole>
+Whole toWhole(double value) {
+    const double rounded = roundHalfEven(value);
+    if (!(rounded >= static_cast<double>(std::numeric_limits<Whole>::min()) &&
+          rounded <= static_cast<double>(std::numeric_limits<Whole>::max()))) {
+        throw Error(ErrorCode::Overflow);
+    }
+    return static_cast<Whole>(rounded);
+}
+
+template <class Number>
+std::string withExponentBeyond(Number value, int digits) {
+    std::array<char, 64> buffer{};
+    const Number size = std::fabs(value);
+    const bool plain = size == 0 || (size >= static_cast<Number>(1e-4) && size < std::pow(Number{10}, Number(digits)));
+    const auto format = plain ? std::chars_format::fixed : std::chars_format::scientific;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format);
+    std::string text(buffer.data(), end.ptr);
+    upperInPlace(text);
+    return text == "-0" ? "0" : text;
+}
+
+} // namespace
+
+double val(std::string_view text) noexcept {
+    // Numbers are short: what lies beyond the buffer cannot change a double by more than its last digit.
+    std::array<char, 512> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled below as far as it is read
+    std::size_t length = 0;
+    for (const char c : text) {
+        if (c == ' ') {
+            continue;
+        }
+        if (length == buffer.size() || !(isDigit(c) || c == '+' || c == '-' || c == '.' || c == 'E' || c == 'e')) {
+            break;
+        }
+        buffer[length++] = c;
+    }
+    const std::string_view packed(buffer.data(), length);
+    const NumberScan scan = scanNumber(packed);
+    if (scan.length == 0) {
+        return 0;
+    }
+    const double value = convertScanned(packed.substr(0, scan.length), scan.plus);
+    return std::isinf(value) ? std::copysign(std::numeric_limits<double>::max(), value) : value;
+}
+
+double parseNumber(std::string_view text) {
+    const std::string_view bare = trim(text);
+    const NumberScan scan = scanNumber(bare);
+    if (scan.length == 0 || scan.length != bare.size()) {
+        throw Error(ErrorCode::TypeMismatch);
+    }
+    const double value = convertScanned(bare, scan.plus);
+    if (std::isinf(value)) {
+        throw Error(ErrorCode::Overflow);
+    }
+    return value;
+}
+
+float parseSingle(std::string_view text) {
+    const double value = parseNumber(text);
+    if (std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
+        throw Error(ErrorCode::Overflow);
+    }
+    return static_cast<float>(value);
+}
+
+std::int16_t parseInt16(std::string_view text) {
+    return toInt16(parseNumber(text));
+}
+
+std::int32_t parseInt32(std::string_view text) {
+    return toInt32(parseNumber(text));
+}
+
+double roundHalfEven(double value) noexcept {
+    return std::nearbyint(value); // the default rounding mode, which nothing in the program changes
+}
+
+std::int16_t toInt16(double value) {
+    return toWhole<std::int16_t>(value);
+}
+
+std::int32_t toInt32(double value) {
+    return toWhole<std::int32_t>(value);
+}
+
+std::string printNumber(std::int32_t value) {
+    return (value < 0 ? "" : " ") + std::to_string(value) + " ";
+}
+
+std::string shortestSingle(float value) {
+    return withExponentBeyond(value, 7);
+}
+
+std::string generalNumber(double value) {
+    std::array<char, 64> buffer{};
+    // Fifteen digits first, so that sums of decimal fractions do not show their binary tail.
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific, 14);
+    double shown = value;
+    std::from_chars(buffer.data(), end.ptr, shown);
+    return withExponentBeyond(shown, 15);
+}
+
+std::string fixedNumber(double value, int places) {
+    std::array<char, 400> buffer{};
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, places);
+    return {buffer.data(), end.ptr};
+}
+
+std::string twoDigits(int value) {
+    const std::string digits = std::to_string(value);
+    return digits.size() < 2 ? "0" + digits : digits;
+}
+
+} // namespace vantor

@@ -1,0 +1,93 @@
+// Foundation: what the whole program stands on and that knows nothing of traffic.
+// The settings store: sorted keys with values of any simple type, in memory and in one text file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace vantor {
+
+/// A value of a setting: text, true/false, whole number or 32-bit float, convertible to what a caller wants.
+class SettingValue {
+  public:
+    SettingValue() : m_value(std::string()) {}
+    SettingValue(std::string value) : m_value(std::move(value)) {}
+    SettingValue(std::string_view value) : m_value(std::string(value)) {}
+    SettingValue(const char* value) : m_value(std::string(value)) {}
+    SettingValue(bool value) : m_value(value) {}
+    SettingValue(std::int32_t value) : m_value(value) {}
+    SettingValue(std::int16_t value) : m_value(std::int32_t{value}) {}
+    SettingValue(float value) : m_value(value) {}
+
+    /// The value as text, without the blanks of number printing: "2", "0.25", "True".
+    [[nodiscard]] std::string text() const;
+    /// The value as a number; true is -1. Error 13 for a text that is no number.
+    [[nodiscard]] double number() const;
+    [[nodiscard]] std::int16_t int16() const;
+    [[nodiscard]] std::int32_t int32() const;
+    [[nodiscard]] float single() const;
+    /// The value as a flag: a number is true unless 0. Error 13 for any other text.
+    [[nodiscard]] bool flag() const;
+    /// The value as it is written into the file: numbers with a blank ahead (or a minus) and one behind.
+    [[nodiscard]] std::string written() const;
+    /// Whether the value is a text (as opposed to a number or a flag).
+    [[nodiscard]] bool isText() const { return std::holds_alternative<std::string>(m_value); }
+
+    friend bool operator==(const SettingValue&, const SettingValue&) = default;
+
+  private:
+    std::variant<std::string, bool, std::int32_t, float> m_value;
+};
+
+/// One entry of the store.
+class cSHAREDSetting {
+  public:
+    std::string KeyName;   ///< in capitals, without commas
+    SettingValue KeyValue;
+};
+
+/// The store: entries sorted ascending by KeyName, no two of the same name.
+class cSHAREDSettings {
+  public:
+    [[nodiscard]] std::int32_t SettingsCount() const noexcept;
+    /// The name of entry 1 upward; empty (and a fault in the ring) outside.
+    [[nodiscard]] std::string SettingNameByIndex(std::int32_t index) const noexcept;
+    void sSet(std::string_view key, const SettingValue& value) noexcept;
+    void StoreSetting(std::string_view key, const SettingValue& value) noexcept;
+    /// As RetrieveSetting, but a value equal to 0 also gives the default.
+    [[nodiscard]] SettingValue RetrieveWithDefault(std::string_view key, const SettingValue& fallback) const noexcept;
+    void DeleteAllSettings() noexcept;
+    [[nodiscard]] SettingValue sGet(std::string_view key, const SettingValue& fallback) const noexcept;
+    [[nodiscard]] SettingValue RetrieveSetting(std::string_view key, const SettingValue& fallback) const noexcept;
+    void SaveSettings(std::string_view file) noexcept;
+    void LoadSettings(std::string_view file) noexcept;
+    void DeleteSettingByName(std::string_view key) noexcept;
+    void DeleteSetting(std::int32_t index) noexcept;
+
+  private:
+    struct Found {
+        std::int32_t index = -1; ///< 1 upward, -1 for none
+        std::int32_t position = 0;
+    };
+
+    [[nodiscard]] Found findsetting(std::string_view key) const;
+    void addsetting(std::string_view key, const SettingValue& value);
+    void sortsettings() noexcept;
+
+    std::vector<cSHAREDSetting> m_settings;
+};
+
+/// The one global store: created by the first LoadSettings.
+void LoadSettings(std::string_view file) noexcept;
+/// Does nothing while no store exists.
+void savesettings(std::string_view file) noexcept;
+/// The value of a key, or the default. On a store that was never created: a fault in the ring, and the default.
+[[nodiscard]] SettingValue sget(std::string_view key, const SettingValue& fallback) noexcept;
+void sset(std::string_view key, const SettingValue& value) noexcept;
+/// Drops the store, as at the start of a run. For tests.
+void resetSettings();
+
+} // namespace vantor
