@@ -86,7 +86,8 @@ DateTime parseTime(std::string_view text) {
     const std::size_t second = bare.find(':', first + 1);
     const bool hasSeconds = second != std::string_view::npos;
     const int hours = timeField(bare.substr(0, first), 1, 2);
-    const int minutes = timeField(hasSeconds ? bare.substr(first + 1, second - first - 1) : bare.substr(first + 1), 2, 2);
+    const int minutes =
+        timeField(hasSeconds ? bare.substr(first + 1, second - first - 1) : bare.substr(first + 1), 2, 2);
     const int seconds = hasSeconds ? timeField(bare.substr(second + 1), 2, 2) : 0;
     if (hours < 0 || hours > 23 || minutes < 0 || minutes > 59 || seconds < 0 || seconds > 59) {
         throw Error(ErrorCode::TypeMismatch);

@@ -1,0 +1,271 @@
+#include "core/flightplans_reader.h"
+
+#include "core/aircraft_table.h"
+#include "core/codes.h"
+#include "core/great_circle.h"
+#include "core/tables.h"
+#include "foundation/clock.h"
+#include "foundation/files.h"
+#include "foundation/log.h"
+#include "foundation/numbers.h"
+#include "foundation/progress.h"
+#include "foundation/text.h"
+
+#include <array>
+#include <span>
+#include <string>
+#include <utility>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::size_t maximumFields = 1001;
+constexpr std::size_t headerFields = 5;
+constexpr std::size_t legFields = 6;
+constexpr float defaultSpeed = 250; // knots, where no aircraft tells any
+constexpr int linesPerProgress = 500;
+
+using Fields = std::span<const std::string_view>;
+
+// The text of a line in capitals, without comments; blanks ahead of a comment mark stay.
+void cutLine(std::string_view raw, std::string& line) {
+    line = raw;
+    upperInPlace(line);
+    std::string_view kept = trim(line);
+    kept = kept.substr(0, kept.find("//"));
+    kept = kept.substr(0, kept.find(';'));
+    line = std::string(kept);
+}
+
+// A day prefix such as 3/ has one digit, and the time starts behind it.
+std::int16_t dayOf(std::string_view field) {
+    return toInt16(val(field));
+}
+
+std::string_view behindDay(std::string_view field) {
+    return field.size() < 3 ? std::string_view() : field.substr(2);
+}
+
+class Reader {
+  public:
+    Reader(Canvas* progress, std::string_view name) : m_progress(progress), m_name(name) {}
+
+    void read();
+    // The message of a line that can't be read, told from where the reading stands.
+    [[nodiscard]] std::string mismatchText() const;
+
+  private:
+    [[nodiscard]] Fields splitLine(std::string_view line);
+    void readHeader(Fields fields);
+    void readLegs(Fields fields);
+    void readArrival(LegRec& leg, std::string_view field);
+    void deriveLeg(LegRec& leg) const;
+    void deriveArrivalDay(LegRec& leg, std::int16_t hours) const;
+    void addRecord();
+
+    Canvas* m_progress;
+    std::string m_name;
+    std::array<std::string_view, maximumFields> m_fields; // reused: no allocation for a line
+    std::string m_arrival;
+    ScheduleRec m_record;
+    FixedText<12> m_previousTail; // of the last accepted record, for the message alone
+    std::int32_t m_recnum = 0;
+    float m_speed = 0; // kept from line to line: an unknown aircraft inherits the one above
+    // The leg being derived. It is not reset by a new line, so a fault in a line's first pass tells the value that the
+    // line before left; it is meant.
+    std::int32_t m_leg = 0;
+};
+
+void Reader::read() {
+    schedules.Init();
+    if (FileLength(m_name) == 0) {
+        throw Error(ErrorCode::Loader, m_name + " missing or empty.   Please run this program in the TrafficTools path "
+                                                "AFTER you have decompiled Traffic.BGL");
+    }
+    const std::int32_t total = LinesInFile(m_name);
+    std::int32_t lines = 0;
+    int sinceProgress = 0;
+    InputFile file(m_name);
+    std::string line;
+    for (std::string_view raw; file.readLine(raw);) {
+        ++sinceProgress;
+        cutLine(raw, line);
+        if (trim(line).empty()) {
+            continue;
+        }
+        ++lines; // also a line that is dropped below; it is meant
+        const Fields fields = splitLine(line);
+        if (fields.size() < headerFields + legFields) {
+            continue;
+        }
+        readHeader(fields);
+        readLegs(fields);
+        addRecord();
+        if (sinceProgress >= linesPerProgress) {
+            showprogressstring(m_progress, m_recnum, total,
+                               "Loading Data: FS200" + std::to_string(fsmode) + " Flight Plans - " +
+                                   std::to_string(m_recnum));
+            sinceProgress = 0;
+        }
+    }
+    file.close();
+    schedulecount = lines;
+}
+
+Fields Reader::splitLine(std::string_view line) {
+    std::size_t count = 0;
+    while (true) {
+        if (count == maximumFields) {
+            throw Error(ErrorCode::TypeMismatch);
+        }
+        const std::size_t comma = line.find(',');
+        m_fields[count++] = line.substr(0, comma);
+        if (comma == std::string_view::npos) {
+            return {m_fields.data(), count};
+        }
+        line.remove_prefix(comma + 1);
+    }
+}
+
+void Reader::readHeader(Fields fields) {
+    m_record = ScheduleRec();
+    m_record.recnum = ++m_recnum;
+    m_record.acnum = fields[0];
+    const std::int32_t row = aircraftrecord(extractcode(m_record.acnum.raw()));
+    if (row != -1) {
+        m_speed = aircraft[row].cruisespeed;
+    }
+    if (m_speed <= 0) {
+        m_speed = defaultSpeed;
+    }
+    m_record.tailnumber = fields[1];
+    m_record.percent = fields[2];
+    m_record.period = fields[3];
+    m_record.rules = fields[4];
+    // Tested on the four characters that were kept, so WEEKLY is weekly and BIWEEK is not.
+    m_record.weekly = contains(m_record.period.raw(), "WEEK");
+}
+
+void Reader::readLegs(Fields fields) {
+    const std::size_t last = fields.size() - 1;
+    m_record.legs.reserve(static_cast<std::int32_t>((fields.size() - headerFields) / legFields));
+    std::string_view previous;
+    std::int16_t n = 1;
+    // One field left over is what a trailing comma leaves, and is ignored.
+    for (std::size_t at = headerFields; at < last; at += legFields) {
+        if (at + legFields > fields.size()) {
+            throw Error(ErrorCode::TypeMismatch); // a last leg of two to five fields
+        }
+        m_record.legs.append(LegRec());
+        LegRec& leg = m_record.legs[n];
+        leg.fromicao = previous;
+        const std::string_view departure = fields[at];
+        leg.depday = m_record.weekly ? dayOf(departure) : std::int16_t{-1};
+        leg.dep = m_record.weekly ? behindDay(departure) : departure;
+        readArrival(leg, fields[at + 1]);
+        leg.flightlevel = parseInt16(fields[at + 2]);
+        leg.legtype = fields[at + 3];
+        leg.flightnum = fields[at + 4];
+        leg.toicao = previous = fields[at + 5];
+        leg.hashindex = hashindex(m_recnum, n);
+        ++n;
+    }
+    m_record.legs[1].fromicao = previous; // the loop is closed
+    m_record.legcount = static_cast<std::int16_t>(n - 1);
+    for (m_leg = 1; m_leg <= m_record.legcount; ++m_leg) {
+        deriveLeg(m_record.legs[m_leg]);
+    }
+}
+
+void Reader::readArrival(LegRec& leg, std::string_view field) {
+    leg.atflag = contains(field, "@");
+    if (leg.atflag) {
+        m_arrival = replaceAll(field, "@", "");
+        field = m_arrival;
+    }
+    leg.tng = contains(field, "TNG");
+    if (leg.tng) {
+        m_arrival = replaceAll(field, "TNG", "");
+        field = m_arrival;
+    }
+    leg.arr = field; // its day prefix is taken off when the leg is derived
+}
+
+void Reader::deriveLeg(LegRec& leg) const {
+    const double distance = flightdistance(leg.fromicao.text(), leg.toicao.text());
+    const std::int16_t hours = toInt16(distance / static_cast<double>(m_speed));
+    leg.flighthours = hours;
+    leg.distance = static_cast<float>(roundHalfEven(distance));
+    if (m_record.weekly) {
+        deriveArrivalDay(leg, hours);
+    }
+}
+
+void Reader::deriveArrivalDay(LegRec& leg, std::int16_t hours) const {
+    const std::string arrival(leg.arr.raw());
+    if (contains(arrival, "/")) {
+        leg.arrday = dayOf(arrival);
+        leg.arr = behindDay(arrival);
+    }
+    if (leg.atflag) {
+        return;
+    }
+    // Whole hours are added to a fraction of a day, so a leg of half an hour and more lands on the next day unless its
+    // arrival is fixed. The saved files carry these days; it is meant.
+    const DateTime departure = parseTime(leg.dep.raw());
+    if (hours + departure > 1) {
+        leg.arrday = toInt16(leg.depday + 1.0);
+        if (leg.arrday == 7) {
+            leg.arrday = 0;
+        }
+    } else {
+        leg.arrday = leg.depday;
+    }
+}
+
+void Reader::addRecord() {
+    m_previousTail = m_record.tailnumber;
+    schedules.HashAdd(std::move(m_record)); // the fields of fixed width stay readable for the message
+}
+
+std::string Reader::mismatchText() const {
+    std::string text = "Error in " + m_name + ".\rFlightplan number " + std::to_string(m_recnum) + " is invalid. ";
+    if (m_recnum > 0) {
+        const std::string code(m_record.acnum.text());
+        text += "\r" + code + " Call sign: " + std::string(m_record.tailnumber.text()) + " aircraft: " + code;
+    }
+    if (m_leg > 0) {
+        const LegRec leg = m_record.legs.has(m_leg) ? m_record.legs[m_leg] : LegRec();
+        text += "  Leg: " + std::to_string(m_leg) + " Flight No: " + std::string(leg.flightnum.raw()) +
+                " From: " + std::string(leg.fromicao.raw()) + " To: " + std::string(leg.toicao.raw()) +
+                " ETD: " + std::string(leg.dep.raw());
+    }
+    if (m_recnum > 1) {
+        text += " Previous call sign: " + std::string(m_previousTail.text());
+    }
+    return text;
+}
+
+} // namespace
+
+void LoadSched(Canvas* progress, std::string_view file) {
+    Reader reader(progress, file);
+    try {
+        reader.read();
+    } catch (...) {
+        const Error error = currentError();
+        if (error.is(ErrorCode::Loader)) {
+            throw error;
+        }
+        closeAllFiles();
+        if (error.is(ErrorCode::TypeMismatch)) {
+            const std::string text = reader.mismatchText();
+            logit(text);
+            throw Error(ErrorCode::TypeMismatch, text);
+        }
+        throw Error(error.number(), error.description() + " in LoadSched");
+    }
+}
+
+} // namespace vantor
