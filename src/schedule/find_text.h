@@ -1,4 +1,4 @@
-// Schedule: browsing and editing of schedules and their legs.
+// Schedule: looking at schedules and changing them one at a time.
 // The search for a text in the rows of a combo box.
 #pragma once
 

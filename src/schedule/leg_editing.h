@@ -1,4 +1,4 @@
-// Schedule: browsing and editing of schedules and their legs.
+// Schedule: looking at schedules and changing them one at a time.
 // Changes to the legs of the schedule in the editor: the closed loop of airports, new legs, removed legs.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Schedule: browsing and editing of schedules and their legs.
+// Schedule: looking at schedules and changing them one at a time.
 // The one way of a leg from the editor's controls into the record, and how its arrival is worked out.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Schedule: browsing and editing of schedules and their legs.
+// Schedule: looking at schedules and changing them one at a time.
 // What the schedule and leg buttons of the main window do to the tables. Nothing is ever removed: deleting is a mark.
 #pragma once
 
