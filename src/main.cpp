@@ -48,8 +48,10 @@ int main(int argc, char* argv[]) {
     {
         vantor::frmMain window;
         window.formLoad();
-        window.show();
-        result = QApplication::exec();
+        if (!window.ended()) {
+            window.show();
+            result = QApplication::exec();
+        }
     }
     vantor::useHost(nullptr);
     return result;

@@ -56,11 +56,10 @@ TEST_F(LoadPipelineTest, LogsEachStepInOrder) {
     for (const std::string& line : logLines()) {
         logged.push_back(line.substr(28));
     }
-    EXPECT_EQ(logged, (std::vector<std::string>{"Loading " + aircraftfile, "Sorting Aircraft",
-                                                "Loading " + airportsfile, "Loading FS ICAO names",
-                                                "Loading " + flightplansfile, "Loading FS aircraft",
-                                                "Scanning FS aircraft", "Filling aircraft list",
-                                                "Filling airport list"}));
+    EXPECT_EQ(logged,
+              (std::vector<std::string>{"Loading " + aircraftfile, "Sorting Aircraft", "Loading " + airportsfile,
+                                        "Loading FS ICAO names", "Loading " + flightplansfile, "Loading FS aircraft",
+                                        "Scanning FS aircraft", "Filling aircraft list", "Filling airport list"}));
 }
 
 TEST_F(LoadPipelineTest, AReadersFaultPassesThrough) {
