@@ -6,7 +6,7 @@ endif()
 
 add_library(vantor_options INTERFACE)
 target_compile_features(vantor_options INTERFACE cxx_std_20)
-set_target_properties(vantor_options PROPERTIES CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_EXTENSIONS OFF)
 target_compile_options(vantor_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
                                                 -Woverloaded-virtual)
 if(VANTOR_WERROR)
