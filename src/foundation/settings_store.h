@@ -45,7 +45,7 @@ class SettingValue {
 /// One entry of the store.
 class cSHAREDSetting {
   public:
-    std::string KeyName;   ///< in capitals, without commas
+    std::string KeyName; ///< in capitals, without commas
     SettingValue KeyValue;
 };
 

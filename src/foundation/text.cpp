@@ -55,10 +55,10 @@ const CaseTables& caseTables() {
 }
 
 // Bytes 0x80 to 0x9F of Windows-1252; the five unused ones map to the control codes of the same value.
-constexpr std::array<std::uint16_t, 32> cp1252High = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::array<std::uint16_t, 32> cp1252High = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                      0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 } // namespace
 
@@ -209,8 +209,9 @@ char codePageByte(std::uint32_t code) {
         return static_cast<char>(static_cast<unsigned char>(code));
     }
     const auto* const found = std::ranges::find(cp1252High, code);
-    return found == cp1252High.end() ? '?'
-                                     : static_cast<char>(static_cast<unsigned char>(0x80 + (found - cp1252High.begin())));
+    return found == cp1252High.end()
+               ? '?'
+               : static_cast<char>(static_cast<unsigned char>(0x80 + (found - cp1252High.begin())));
 }
 
 } // namespace
