@@ -18,6 +18,7 @@ namespace vantor {
 namespace Ui {
 class frmMain;
 }
+class frmSchedEdit;
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -73,6 +74,7 @@ class frmMain : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     void connectCommands();
@@ -80,6 +82,7 @@ class frmMain : public QMainWindow {
     void connectScheduleCommands();
     void connectShortcuts();
     void disablePlannedCommands();
+    void fitPanel();
 
     // Life
     void cmdExit_Click() noexcept;
