@@ -118,6 +118,14 @@ void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
 }
 
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    // Some window systems hand out sizes below the least one that they were told.
+    if (!isMinimized() && size() != size().expandedTo(minimumSize())) {
+        resize(size().expandedTo(minimumSize()));
+    }
+}
+
 void frmMain::fitPanel() {
     // One size for the five frames of which one shows at a time, so that nothing moves when another is chosen.
     const std::initializer_list<QWidget*> frames = {ui->frameMassUpdate, ui->frameSetATCPercent, ui->frameDelByIcao,
