@@ -18,7 +18,7 @@ TEST_F(ProgramPath, ALinkToTheExecutableCountsAsTheProgram) {
 
     EXPECT_EQ(startedProgram(link, executable), link);
     EXPECT_EQ(startedProgram(real / "TrafficTools" / "." / ".." / "TrafficTools" / "Vantor", executable), link);
-    EXPECT_EQ(startedProgram(std::filesystem::relative(link), executable), link);
+    EXPECT_EQ(startedProgram(link.lexically_relative(std::filesystem::current_path()), executable), link);
     EXPECT_EQ(startedProgram(executable, executable), executable);
     // A name that leads elsewhere, or nowhere, says nothing.
     EXPECT_EQ(startedProgram(real / "TrafficTools" / "other", executable), executable);

@@ -16,9 +16,9 @@ namespace {
 
 using test::control;
 
-class Dialogs : public test::Fixture {};
+class SplashAndAbout : public test::Fixture {};
 
-TEST_F(Dialogs, TheSplashShowsTitleAndBarWithoutBlocking) {
+TEST_F(SplashAndAbout, TheSplashShowsTitleAndBarWithoutBlocking) {
     frmSplash splash;
     splash.show();
     EXPECT_FALSE(splash.isModal());
@@ -39,7 +39,7 @@ TEST_F(Dialogs, TheSplashShowsTitleAndBarWithoutBlocking) {
     EXPECT_EQ(drawn.pixelColor(2, drawn.height() / 2), QColor(0x80, 0xFF, 0x80));
 }
 
-TEST_F(Dialogs, TheSplashPictureIsDrawnAtTheResolutionOfTheScreen) {
+TEST_F(SplashAndAbout, TheSplashPictureIsDrawnAtTheResolutionOfTheScreen) {
     const QPixmap sharp = splashPicture({300, 170}, 2);
     EXPECT_EQ(sharp.size(), QSize(600, 340));
     EXPECT_EQ(sharp.deviceIndependentSize(), QSizeF(300, 170));
@@ -47,7 +47,7 @@ TEST_F(Dialogs, TheSplashPictureIsDrawnAtTheResolutionOfTheScreen) {
     EXPECT_GE(applicationIcon().availableSizes().size(), 6);
 }
 
-TEST_F(Dialogs, TheAboutBoxNamesProgramMakerAndYearAndOpensTheMakersPages) {
+TEST_F(SplashAndAbout, TheAboutBoxNamesProgramMakerAndYearAndOpensTheMakersPages) {
     fSHAREDAbout about;
     about.show();
     EXPECT_EQ(control<QLabel>(about, "lblTitle").text(), QStringLiteral("Vantor"));
