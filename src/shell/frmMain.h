@@ -20,6 +20,7 @@ class frmSchedEdit;
 namespace Ui {
 class frmMain;
 }
+class frmSchedEdit;
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -75,6 +76,8 @@ class frmMain : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void connectCommands();
@@ -82,6 +85,7 @@ class frmMain : public QMainWindow {
     void connectScheduleCommands();
     void connectShortcuts();
     void disablePlannedCommands();
+    void fitPanel();
 
     // Life
     void cmdExit_Click() noexcept;
