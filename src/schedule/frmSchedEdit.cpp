@@ -10,6 +10,8 @@
 #include "schedule/frmFind.h"
 #include "ui_frmSchedEdit.h"
 
+#include <QStyle>
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -67,6 +69,8 @@ ComboBox& frmSchedEdit::cmbAirport(int index) const {
 // What a layout file can't tell: times are never clipped, and the marks stay in place when the arrival's day goes.
 void frmSchedEdit::keepRoom() {
     const int timeWidth = fontMetrics().horizontalAdvance(QStringLiteral("  00:00:00  "));
+    ui->List1->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("MMMM - MMMM (DEL) ")) +
+                               style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     for (QLineEdit* const box : {ui->txtTime, ui->txtETA, ui->txtAltitude, ui->txtFlightNum}) {
         box->setMinimumWidth(timeWidth);
     }

@@ -295,6 +295,7 @@ TEST_F(ScheduleEditorTest, ADeletedAircraftGivesWayToTheFirstRow) {
 TEST_F(ScheduleEditorTest, CancelEscapeAndTheCloseBoxCancel) {
     const std::vector<std::function<void()>> ways = {
         [&] { click(*editor, "cmdCancel"); },
+        [&] { pressKey(at<QPushButton>("cmdCancel"), Qt::Key_Return); }, // Enter presses the button it stands on
         [&] { pressKey(at<QLineEdit>("txtTime"), Qt::Key_Escape); },
         [&] { editor->close(); },
     };
