@@ -49,8 +49,10 @@ int main(int argc, char* argv[]) {
         vantor::frmMain window;
         host.setMainWindow(&window);
         window.formLoad();
-        window.show();
-        result = QApplication::exec();
+        if (!window.ended()) {
+            window.show();
+            result = QApplication::exec();
+        }
     }
     vantor::useHost(nullptr);
     return result;
