@@ -15,6 +15,8 @@
 
 namespace vantor {
 
+class frmSchedEdit;
+
 namespace Ui {
 class frmMain;
 }
