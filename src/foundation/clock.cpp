@@ -19,21 +19,7 @@ constexpr std::chrono::sys_days dayZero = std::chrono::year{1899} / std::chrono:
 
 class SystemClock final : public Clock {
   public:
-    DateTime now() override {
-        const auto time = std::chrono::system_clock::now();
-        const std::time_t whole = std::chrono::system_clock::to_time_t(time);
-        std::tm local{};
-#ifdef _WIN32
-        localtime_s(&local, &whole);
-#else
-        localtime_r(&whole, &local);
-#endif
-        const auto sinceSecond = time - std::chrono::system_clock::from_time_t(whole);
-        const double fraction = std::chrono::duration<double>(sinceSecond).count();
-        const Date date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
-        const double seconds = (local.tm_hour * 60.0 + local.tm_min) * 60.0 + local.tm_sec + fraction;
-        return dayNumber(date) + seconds / secondsPerDay;
-    }
+    DateTime now() override { return localDateTime(std::chrono::system_clock::now()); }
 };
 
 Clock* clockInUse = nullptr;
@@ -54,6 +40,21 @@ int timeField(std::string_view digits, std::size_t least, std::size_t most) {
 }
 
 } // namespace
+
+DateTime localDateTime(std::chrono::system_clock::time_point time) noexcept {
+    const auto second = std::chrono::floor<std::chrono::seconds>(time);
+    const std::time_t whole = std::chrono::system_clock::to_time_t(second);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &whole);
+#else
+    localtime_r(&whole, &local);
+#endif
+    const double fraction = std::chrono::duration<double>(time - second).count();
+    const Date date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+    const double seconds = (local.tm_hour * 60.0 + local.tm_min) * 60.0 + local.tm_sec + fraction;
+    return dayNumber(date) + seconds / secondsPerDay;
+}
 
 Clock& currentClock() noexcept {
     static SystemClock system;

@@ -2,6 +2,7 @@
 // Date-time values, time texts and the clock, which tests replace.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -29,6 +30,9 @@ class Clock {
     /// Local date and time.
     [[nodiscard]] virtual DateTime now() = 0;
 };
+
+/// A point in time as local date and time.
+[[nodiscard]] DateTime localDateTime(std::chrono::system_clock::time_point time) noexcept;
 
 /// The clock in use: the system's, unless a test put in another.
 [[nodiscard]] Clock& currentClock() noexcept;

@@ -46,6 +46,9 @@ class Channel {
 
   private:
     friend void closeAllFiles() noexcept;
+    /// The slots of the open channels: channel n at n - 1, expired where the channel is free.
+    [[nodiscard]] static std::vector<std::weak_ptr<Slot>>& openSlots();
+
     std::shared_ptr<Slot> m_slot;
 };
 

@@ -1,0 +1,225 @@
+#include "foundation/error.h"
+#include "foundation/files.h"
+#include "foundation/native_path.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::size_t mostChannels = 255;
+constexpr std::size_t largestFirstBuffer = std::size_t{256} * 1024;
+constexpr std::size_t smallestBuffer = 4096;
+// A lone CR is looked for in pieces of this size ahead of the next LF, so that neither kind of line end is searched
+// for through the whole buffer again and again.
+constexpr std::size_t searchPiece = 4096;
+
+// What the system's call can't tell: a missing folder from a missing file.
+Error openError(const std::filesystem::path& native, int code) {
+    if (code == ENOENT) {
+        std::error_code ignored;
+        const std::filesystem::path folder = native.parent_path();
+        const bool hasFolder = folder.empty() || std::filesystem::is_directory(folder, ignored);
+        return Error(hasFolder ? ErrorCode::FileNotFound : ErrorCode::PathNotFound);
+    }
+    return errorFromErrno(code);
+}
+
+// Refuses what opens well enough and then fails, or waits for ever.
+void refuseWhatIsNoFile(const std::filesystem::path& native) {
+    if (native.native().find(std::filesystem::path::value_type{}) != std::filesystem::path::string_type::npos) {
+        throw Error(ErrorCode::BadFileName);
+    }
+    std::error_code ignored;
+    switch (std::filesystem::status(native, ignored).type()) {
+    case std::filesystem::file_type::directory:
+    case std::filesystem::file_type::fifo:
+    case std::filesystem::file_type::socket:
+        throw Error(ErrorCode::PathFileAccess);
+    default:
+        break;
+    }
+    if (native.empty()) {
+        throw Error(ErrorCode::PathFileAccess);
+    }
+}
+
+const char* findLineEnd(const char* first, const char* last) {
+    while (first != last) {
+        const std::size_t piece = std::min(searchPiece, static_cast<std::size_t>(last - first));
+        const void* lineFeed = std::memchr(first, '\n', piece);
+        const char* const pieceEnd = lineFeed != nullptr ? static_cast<const char*>(lineFeed) : first + piece;
+        const void* carriage = std::memchr(first, '\r', static_cast<std::size_t>(pieceEnd - first));
+        if (carriage != nullptr) {
+            return static_cast<const char*>(carriage);
+        }
+        if (lineFeed != nullptr) {
+            return pieceEnd;
+        }
+        first = pieceEnd;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::vector<std::weak_ptr<Channel::Slot>>& Channel::openSlots() {
+    static std::vector<std::weak_ptr<Slot>> slots;
+    return slots;
+}
+
+Channel::Channel(const std::filesystem::path& native, Mode mode) : m_slot(std::make_shared<Slot>()) {
+    refuseWhatIsNoFile(native);
+    auto& slots = openSlots();
+    std::size_t free = 0;
+    for (; free < slots.size(); ++free) {
+        const std::shared_ptr<Slot> slot = slots[free].lock();
+        if (slot == nullptr || slot->file == nullptr) {
+            break;
+        }
+    }
+    if (free >= mostChannels) {
+        throw Error(ErrorCode::TooManyFiles);
+    }
+    if (free == slots.size()) {
+        slots.emplace_back();
+    }
+    errno = 0;
+#ifdef _WIN32
+    const wchar_t* const modeText = mode == Mode::Input ? L"rbN" : mode == Mode::Replace ? L"wbN" : L"abN";
+    m_slot->file = _wfopen(native.c_str(), modeText);
+#else
+    // "e": a tool that the program starts does not inherit the file.
+    const char* const modeText = mode == Mode::Input ? "rbe" : mode == Mode::Replace ? "wbe" : "abe";
+    m_slot->file = std::fopen(native.c_str(), modeText);
+#endif
+    if (m_slot->file == nullptr) {
+        throw openError(native, errno);
+    }
+    m_slot->number = static_cast<int>(free) + 1;
+    slots[free] = m_slot;
+}
+
+Channel::~Channel() {
+    closeSlot();
+}
+
+int Channel::number() const noexcept {
+    return m_slot ? m_slot->number : 0;
+}
+
+void Channel::closeSlot() noexcept {
+    if (m_slot && m_slot->file != nullptr) {
+        std::fclose(m_slot->file);
+        m_slot->file = nullptr;
+        m_slot->number = 0;
+    }
+}
+
+void Channel::closeChecked() {
+    std::FILE* const open = file();
+    if (open == nullptr) {
+        return;
+    }
+    errno = 0;
+    int failure = std::fflush(open) == 0 ? 0 : errno;
+    m_slot->file = nullptr;
+    m_slot->number = 0;
+    if (std::fclose(open) != 0 && failure == 0) {
+        failure = errno;
+    }
+    if (failure != 0) {
+        throw errorFromErrno(failure);
+    }
+}
+
+void Channel::writeBytes(std::string_view bytes) {
+    std::FILE* const open = file();
+    if (open == nullptr) {
+        throw Error(ErrorCode::BadFileName);
+    }
+    errno = 0;
+    if (!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), open) != bytes.size()) {
+        throw errorFromErrno(errno);
+    }
+}
+
+void closeAllFiles() noexcept {
+    for (const auto& open : Channel::openSlots()) {
+        if (const auto slot = open.lock(); slot != nullptr && slot->file != nullptr) {
+            std::fclose(slot->file);
+            slot->file = nullptr;
+            slot->number = 0;
+        }
+    }
+}
+
+InputFile::InputFile(std::string_view path) : Channel(nativePath(path), Mode::Input) {
+    // Many small files are read: the first buffer is no larger than the file, as far as its length is known.
+    std::error_code unknown;
+    const std::uintmax_t length = std::filesystem::file_size(nativePath(path), unknown);
+    const std::uintmax_t wanted = unknown ? smallestBuffer : length + 1;
+    m_buffer.resize(static_cast<std::size_t>(
+        std::clamp(wanted, std::uintmax_t{smallestBuffer}, std::uintmax_t{largestFirstBuffer})));
+}
+
+bool InputFile::fill() {
+    if (m_atEnd) {
+        return false;
+    }
+    if (file() == nullptr) {
+        throw Error(ErrorCode::BadFileName);
+    }
+    if (m_begin > 0) {
+        std::memmove(m_buffer.data(), m_buffer.data() + m_begin, m_end - m_begin);
+        m_end -= m_begin;
+        m_begin = 0;
+    }
+    if (m_end == m_buffer.size()) {
+        m_buffer.resize(m_buffer.size() * 2);
+    }
+    errno = 0;
+    const std::size_t count = std::fread(m_buffer.data() + m_end, 1, m_buffer.size() - m_end, file());
+    if (count == 0) {
+        if (std::ferror(file()) != 0) {
+            throw errorFromErrno(errno);
+        }
+        m_atEnd = true;
+        return false;
+    }
+    m_end += count;
+    return true;
+}
+
+bool InputFile::readLine(std::string_view& line) {
+    std::size_t searched = 0; // bytes of the line that are known to hold no line end
+    for (;;) {
+        if (m_skipLineFeed && m_begin < m_end) {
+            m_begin += m_buffer[m_begin] == '\n' ? 1 : 0;
+            m_skipLineFeed = false;
+        }
+        const char* const begin = m_buffer.data() + m_begin;
+        const char* const end = m_buffer.data() + m_end;
+        if (const char* const stop = findLineEnd(begin + searched, end); stop != nullptr) {
+            line = std::string_view(begin, static_cast<std::size_t>(stop - begin));
+            m_begin += line.size() + 1;
+            m_skipLineFeed = *stop == '\r'; // the LF of a CR LF may lie beyond the buffer
+            return true;
+        }
+        searched = m_end - m_begin;
+        if (!fill()) {
+            line = std::string_view(m_buffer.data() + m_begin, m_end - m_begin);
+            m_begin = m_end;
+            return !line.empty();
+        }
+    }
+}
+
+OutputFile::OutputFile(std::string_view path, Open how)
+    : Channel(nativePath(path), how == Open::Append ? Mode::Append : Mode::Replace) {}
+
+} // namespace vantor

@@ -1,0 +1,265 @@
+#include "foundation/error.h"
+#include "foundation/files.h"
+#include "foundation/log.h"
+#include "foundation/native_path.h"
+#include "foundation/progress.h"
+#include "foundation/text.h"
+#include "foundation/trap.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <optional>
+#include <system_error>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view fileModule = "mSHAREDFileSubs";
+
+constexpr std::filesystem::perms anyWrite =
+    std::filesystem::perms::owner_write | std::filesystem::perms::group_write | std::filesystem::perms::others_write;
+
+// Whether a name fits a pattern of * and ?, without regard to case.
+bool matches(std::string_view name, std::string_view pattern) {
+    std::size_t at = 0;
+    std::size_t in = 0;
+    std::size_t star = std::string_view::npos;
+    std::size_t resume = 0;
+    while (at < name.size()) {
+        if (in < pattern.size() &&
+            (pattern[in] == '?' || (pattern[in] != '*' && equalNoCase(name.substr(at, 1), pattern.substr(in, 1))))) {
+            ++at;
+            ++in;
+        } else if (in < pattern.size() && pattern[in] == '*') {
+            star = in++;
+            resume = at;
+        } else if (star != std::string_view::npos) {
+            in = star + 1;
+            at = ++resume;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', in) == std::string_view::npos;
+}
+
+// The search's own rule: ".*" at the end also fits a name without a dot.
+bool matchesSearch(std::string_view name, std::string_view pattern) {
+    return matches(name, pattern) || (pattern.ends_with(".*") && name.find('.') == std::string_view::npos &&
+                                      matches(name, pattern.substr(0, pattern.size() - 2)));
+}
+
+// Whether the first match of a search is a folder; nothing when nothing matches. Matches come in the order of sorted
+// lists, "." and ".." among them, as the search of the system gives them.
+std::optional<bool> firstMatchIsFolder(std::string_view path) {
+    std::error_code ignored;
+    const std::string pattern = fileonly(path);
+    if (pattern.empty() || path.find('\0') != std::string_view::npos) {
+        return std::nullopt;
+    }
+    if (pattern.find_first_of("*?") == std::string::npos) {
+        const std::filesystem::file_status status = std::filesystem::status(nativePath(path), ignored);
+        return std::filesystem::exists(status) ? std::optional(std::filesystem::is_directory(status)) : std::nullopt;
+    }
+    const std::filesystem::path folder = nativePath(pathonly(path));
+    if (!std::filesystem::is_directory(folder, ignored)) {
+        return std::nullopt;
+    }
+    if (matchesSearch(".", pattern) || matchesSearch("..", pattern)) {
+        return true;
+    }
+    std::optional<bool> isFolder;
+    std::string first;
+    std::error_code failure;
+    for (std::filesystem::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        std::string name = programPath(entry->path().filename());
+        if (matchesSearch(name, pattern) && (!isFolder || lessNoCase(name, first))) {
+            isFolder = entry->is_directory(ignored);
+            first = std::move(name);
+        }
+    }
+    return isFolder;
+}
+
+// A file read in one go.
+class BinaryFile : public Channel {
+  public:
+    explicit BinaryFile(const std::filesystem::path& native) : Channel(native, Mode::Input) {}
+
+    void readAll(std::size_t expected, std::string& text) {
+        text.resize(expected + 1); // one more, so that the end of the file shows in the first read
+        std::size_t length = 0;
+        errno = 0;
+        while (const std::size_t count = std::fread(text.data() + length, 1, text.size() - length, file())) {
+            length += count;
+            if (length == text.size()) { // it is growing, or of no known length
+                text.resize(text.size() * 2);
+            }
+        }
+        const bool failed = std::ferror(file()) != 0;
+        text.resize(failed ? 0 : length);
+        if (failed) {
+            throw errorFromErrno(errno);
+        }
+    }
+};
+
+} // namespace
+
+bool FileExists(std::string_view path) noexcept {
+    const StandardTrap trap{"function fileexists", fileModule};
+    bool exists = false;
+    trap([&] { exists = firstMatchIsFolder(path) == false; });
+    return exists;
+}
+
+bool FolderExists(std::string_view path) noexcept {
+    const StandardTrap trap{"function folderexists", fileModule};
+    bool exists = false;
+    trap([&] {
+        if (path.starts_with("\\\\")) {
+            std::error_code ignored;
+            exists = std::filesystem::is_directory(nativePath(path), ignored);
+        } else if (path.size() >= 2 && path.size() < 4 && path[1] == ':') {
+            exists = true; // a bare drive is taken for granted
+        } else {
+            if (path.ends_with('\\')) {
+                path.remove_suffix(1);
+            }
+            exists = firstMatchIsFolder(path) == true;
+        }
+    });
+    return exists;
+}
+
+bool isReadOnly(std::string_view path) noexcept {
+    const StandardTrap trap{"function isreadonly", fileModule};
+    bool readOnly = false;
+    trap([&] {
+        std::error_code ignored;
+        const std::filesystem::file_status status = std::filesystem::status(nativePath(path), ignored);
+        readOnly = std::filesystem::exists(status) && (status.permissions() & anyWrite) == std::filesystem::perms::none;
+    });
+    return readOnly;
+}
+
+bool MakeReadWrite(std::string_view path) noexcept {
+    const StandardTrap trap{"function makereadwrite", fileModule};
+    bool done = false;
+    trap([&] {
+        if (FileExists(path)) {
+            std::error_code failure;
+            std::filesystem::permissions(nativePath(path), std::filesystem::perms::owner_write,
+                                         std::filesystem::perm_options::add, failure);
+            done = !failure;
+        }
+    });
+    return done;
+}
+
+DateTime FileDate(std::string_view path) noexcept {
+    const StandardTrap trap{"function filedate", fileModule};
+    DateTime date = 0;
+    trap([&] {
+        if (FileExists(path)) {
+            const auto written = std::filesystem::last_write_time(nativePath(path));
+            const auto inSystem = std::chrono::file_clock::to_sys(written);
+            date = localDateTime(std::chrono::floor<std::chrono::seconds>(inSystem));
+        }
+    });
+    return date;
+}
+
+std::uintmax_t FileLength(std::string_view path) {
+    return std::filesystem::file_size(nativePath(path));
+}
+
+void EraseFile(std::string_view path) noexcept {
+    const StandardTrap trap{"sub erasefile", fileModule};
+    if (FileExists(path)) {
+        MakeReadWrite(path);
+        trap([&] { std::filesystem::remove(nativePath(path)); });
+    }
+}
+
+std::unique_ptr<ReplacingFile> createoutputfile(std::string_view path) {
+    if (FileExists(path) && isReadOnly(path) && !MakeReadWrite(path)) {
+        logit(std::string(path) + " is read only, can't change it to read write, can't update it");
+        return nullptr;
+    }
+    return std::make_unique<ReplacingFile>(path);
+}
+
+void WriteTextFile(std::string_view path, std::string_view text) noexcept {
+    const StandardTrap trap{"sub writetextfile", fileModule};
+    std::unique_ptr<ReplacingFile> file;
+    trap([&] { file = createoutputfile(path); });
+    if (file) {
+        trap([&] { file->write(text); });
+        trap([&] { file->commit(); });
+    }
+}
+
+std::int32_t LinesInFile(std::string_view path) {
+    if (!FileExists(path)) {
+        return 0;
+    }
+    InputFile file(path);
+    std::int32_t count = 0;
+    for (std::string_view line; file.readLine(line);) {
+        ++count;
+    }
+    return count;
+}
+
+void LoadTextFile(std::string_view path, std::string& text) {
+    text.clear();
+    if (FileExists(path)) {
+        const std::filesystem::path native = nativePath(path);
+        std::error_code unknown;
+        const std::uintmax_t length = std::filesystem::file_size(native, unknown);
+        BinaryFile(native).readAll(unknown ? 0 : static_cast<std::size_t>(length), text);
+    }
+}
+
+void ReadWholeFile(std::string_view path, std::string& text) {
+    LoadTextFile(path, text);
+}
+
+void listsubfolders(std::string_view folder, std::vector<std::string>& list) noexcept {
+    const StandardTrap trap{"sub listsubfolders", fileModule};
+    trap([&] {
+        std::error_code failure;
+        std::vector<std::string> found;
+        std::filesystem::directory_iterator entry(nativePath(addbackslash(folder)), failure);
+        if (failure) {
+            return;
+        }
+        for (const std::filesystem::directory_iterator end; !failure && entry != end; entry.increment(failure)) {
+            std::error_code ignored;
+            if (entry->is_directory(ignored)) {
+                found.push_back(stripnull(programPath(entry->path().filename())) + "\\");
+            }
+        }
+        std::ranges::sort(found); // one order for names that differ in case alone
+        std::ranges::stable_sort(found, lessNoCase);
+        list.insert(list.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
+        timedevents();
+    });
+}
+
+void fillfolders(std::string_view root, std::vector<std::string>& result, bool addcfg) noexcept {
+    const StandardTrap trap{"sub fillfolders", "modFileCommands"};
+    result.clear();
+    listsubfolders(root, result);
+    trap([&] {
+        for (std::string& folder : result) {
+            folder = std::string(root).append(folder).append(addcfg ? "aircraft.cfg" : "");
+        }
+    });
+}
+
+} // namespace vantor

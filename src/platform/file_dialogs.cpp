@@ -1,0 +1,106 @@
+// Platform: the Qt side of the program.
+// Asking the user for a file or a folder. All paths are the program's own, with backslashes.
+#include "platform/file_dialogs.h"
+
+#include "foundation/files.h"
+#include "foundation/native_path.h"
+#include "foundation/trap.h"
+#include "platform/code_page.h"
+
+#include <QApplication>
+#include <QFileDialog>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view folderHint = "Select path then click OPEN";
+
+void dropTrailingBackslash(std::string& path) {
+    if (path.size() > 1 && path.back() == '\\') {
+        path.pop_back();
+    }
+}
+
+} // namespace
+
+void cSharedFileSel::SetCaption(std::string_view title) {
+    m_caption = title;
+}
+
+void cSharedFileSel::DefaultPath(std::string_view folder) {
+    m_defaultPath = folder;
+    if (m_defaultPath.size() > 2 && m_defaultPath.ends_with("\\\\")) {
+        m_defaultPath.pop_back();
+    }
+}
+
+void cSharedFileSel::Filepattern(std::string_view pattern) {
+    m_pattern = pattern;
+}
+
+void cSharedFileSel::GetPath() noexcept {
+    const StandardTrap trap{"sub getpath", "cSHAREDFileSel"};
+    trap([&] { DisplayDialog(Kind::Folder); });
+}
+
+void cSharedFileSel::GetFilename() noexcept {
+    const StandardTrap trap{"sub getfilename", "cSHAREDFileSel"};
+    trap([&] { DisplayDialog(Kind::File); });
+}
+
+void cSharedFileSel::DisplayDialog(Kind kind) {
+    m_cancelled = true; // until the dialog says otherwise, so that a fault counts as a cancel
+    m_filename.clear();
+    m_path.clear();
+
+    QFileDialog dialog(QApplication::activeWindow(), toQString(m_caption));
+    dialog.setObjectName(QStringLiteral("fileDialog"));
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QStringLiteral("offscreen") || platform == QStringLiteral("minimal")) {
+        dialog.setOption(QFileDialog::DontUseNativeDialog);
+    }
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    if (kind == Kind::Folder) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly, false);
+        dialog.setLabelText(QFileDialog::FileName, toQString(folderHint));
+    } else {
+        dialog.setFileMode(QFileDialog::AnyFile);
+    }
+    if (!m_pattern.empty()) {
+        dialog.setNameFilter(toQString(m_pattern));
+    }
+    dialog.setDirectory(toQtPath(m_defaultPath.empty() ? programFolder() : m_defaultPath));
+
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return;
+    }
+    const std::string reply = fromQtPath(dialog.selectedFiles().constFirst());
+    if (kind == Kind::Folder) {
+        m_path = reply;
+    } else {
+        m_filename = fileexpath(reply);
+        m_path = pathonly(reply);
+    }
+    dropTrailingBackslash(m_path);
+    m_cancelled = false;
+}
+
+std::string askforFilename(std::string_view title, std::string_view startFile, std::string_view pattern) noexcept {
+    const StandardTrap trap{"function askforfilename$", "mSHAREDFileSelect"};
+    std::string result;
+    cSharedFileSel chooser;
+    if (!pattern.empty()) {
+        trap([&] { chooser.Filepattern(pattern); });
+    }
+    trap([&] { chooser.DefaultPath(pathonly(startFile)); });
+    trap([&] { chooser.SetCaption(title); });
+    chooser.GetFilename();
+    if (!chooser.Cancelled()) {
+        trap([&] { result = chooser.Path() + "\\" + chooser.Filename(); });
+    }
+    return result;
+}
+
+} // namespace vantor

@@ -1,0 +1,220 @@
+// Platform: the Qt side of the program.
+// The Host of the running program: message boxes, the pointer, event pumps, the locale and the desktop.
+#include "platform/qt_host.h"
+
+#include "platform/code_page.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDate>
+#include <QDesktopServices>
+#include <QLocale>
+#include <QProcess>
+#include <QThread>
+#include <QTime>
+#include <QUrl>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#ifdef Q_OS_WIN
+#include <QDir>
+
+#include <windows.h>
+// Needs windows.h before it.
+#include <shellapi.h>
+#endif
+
+namespace vantor {
+
+namespace {
+
+QString programTitle() {
+    return QStringLiteral("Vantor");
+}
+
+Qt::CursorShape shapeOf(Pointer pointer) {
+    switch (pointer) {
+    case Pointer::Busy:
+        return Qt::WaitCursor;
+    case Pointer::SizeAll:
+        return Qt::SizeAllCursor;
+    case Pointer::Normal:
+        break;
+    }
+    return Qt::ArrowCursor;
+}
+
+// The time in the locale's long form, without the time zone that it may carry.
+QString longTime(const QLocale& locale, QTime time) {
+    QString format = locale.timeFormat(QLocale::LongFormat);
+    format.remove(QLatin1Char('t'));
+    return locale.toString(time, format.trimmed());
+}
+
+void startDetached(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.startDetached(); // a program that is missing is no error
+}
+
+} // namespace
+
+QtHost::~QtHost() {
+    if (QCoreApplication::instance() != nullptr) {
+        showPointer(Pointer::Normal);
+    }
+}
+
+void QtHost::message(std::string_view text) {
+    QMessageBox box(QMessageBox::NoIcon, programTitle(), toQString(text), QMessageBox::Ok, owner());
+    box.setObjectName(QStringLiteral("messageBox"));
+    show(box);
+}
+
+bool QtHost::askYesNo(std::string_view text) {
+    QMessageBox box(QMessageBox::NoIcon, programTitle(), toQString(text), QMessageBox::Yes | QMessageBox::No, owner());
+    box.setObjectName(QStringLiteral("questionBox"));
+    box.setDefaultButton(QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return show(box) == QMessageBox::Yes;
+}
+
+QWidget* QtHost::owner() const {
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        return modal;
+    }
+    if (QWidget* active = QApplication::activeWindow()) {
+        return active;
+    }
+    return m_mainWindow;
+}
+
+int QtHost::show(QMessageBox& box) {
+    box.setTextFormat(Qt::PlainText);
+    showPointer(Pointer::Normal);
+    const int answer = box.exec();
+    showPointer(m_pointer);
+    return answer;
+}
+
+void QtHost::setPointer(Pointer pointer) {
+    m_pointer = pointer;
+    showPointer(pointer);
+}
+
+void QtHost::showPointer(Pointer pointer) {
+    if (pointer == Pointer::Normal) {
+        if (std::exchange(m_overridden, false)) {
+            QGuiApplication::restoreOverrideCursor();
+        }
+    } else if (m_overridden) {
+        QGuiApplication::changeOverrideCursor(shapeOf(pointer));
+    } else {
+        QGuiApplication::setOverrideCursor(shapeOf(pointer));
+        m_overridden = true;
+    }
+}
+
+void QtHost::pumpEvents(Pump what) {
+    QCoreApplication::processEvents(what == Pump::PaintAndTimers ? QEventLoop::ExcludeUserInputEvents
+                                                                 : QEventLoop::AllEvents);
+}
+
+bool QtHost::inputPending() {
+#ifdef Q_OS_WIN
+    return GetInputState() != 0;
+#else
+    return true;
+#endif
+}
+
+void QtHost::sleepFor(int milliseconds) {
+    QThread::msleep(static_cast<unsigned long>(std::max(milliseconds, 0)));
+}
+
+std::string QtHost::shortDate(const Date& date) {
+    return fromQString(QLocale::system().toString(QDate(date.year, date.month, date.day), QLocale::ShortFormat));
+}
+
+std::string QtHost::generalDateTime(DateTime value) {
+    const int seconds = secondsOfDay(value);
+    const bool hasDate = std::trunc(value) != 0.0;
+    std::string result = hasDate ? shortDate(dateOf(value)) : std::string();
+    // The general form leaves out a date of day 0 and a time of midnight, but never both.
+    if (seconds != 0 || !hasDate) {
+        const std::string time = fromQString(longTime(QLocale::system(), QTime(0, 0).addSecs(seconds)));
+        result += result.empty() ? time : " " + time;
+    }
+    return result;
+}
+
+std::string QtHost::monthAbbreviation(int month) {
+    return fromQString(QLocale::system().standaloneMonthName(month, QLocale::ShortFormat));
+}
+
+std::string QtHost::weekdayName(int day) {
+    const int monday1 = day == 1 ? 7 : day - 1;
+    return fromQString(QLocale::system().standaloneDayName(monday1, QLocale::LongFormat));
+}
+
+std::string QtHost::booleanWord(bool value) {
+    return value ? "True" : "False";
+}
+
+bool QtHost::dotIsDecimalMark() {
+    return QLocale::system().decimalPoint() == QStringLiteral(".");
+}
+
+std::optional<SystemVersion> QtHost::systemVersion() {
+#ifdef Q_OS_WIN
+    // The documented call tells programs without a manifest an old version; this one tells the true one.
+    using GetVersionCall = LONG(WINAPI*)(OSVERSIONINFOW*);
+    const HMODULE library = GetModuleHandleW(L"ntdll.dll");
+    const auto call =
+        library == nullptr
+            ? nullptr
+            : reinterpret_cast<GetVersionCall>(reinterpret_cast<void*>(GetProcAddress(library, "RtlGetVersion")));
+    OSVERSIONINFOW info{};
+    info.dwOSVersionInfoSize = sizeof info;
+    if (call == nullptr || call(&info) != 0) {
+        return std::nullopt;
+    }
+    return SystemVersion{static_cast<int>(info.dwPlatformId), static_cast<int>(info.dwMajorVersion),
+                         static_cast<int>(info.dwMinorVersion)};
+#else
+    return std::nullopt;
+#endif
+}
+
+void QtHost::viewTextFile(std::string_view path) {
+#ifdef Q_OS_WIN
+    startDetached(QStringLiteral("notepad"), {QDir::toNativeSeparators(toQtPath(path))});
+#else
+    startDetached(QStringLiteral("xdg-open"), {toQtPath(path)});
+#endif
+}
+
+void QtHost::openAddress(std::string_view address) {
+#ifdef Q_OS_WIN
+    const std::string text(address);
+    ShellExecuteA(nullptr, "open", text.c_str(), nullptr, "c:\\", SW_SHOWNORMAL);
+#else
+    QDesktopServices::openUrl(QUrl::fromEncoded(toQString(address).toUtf8(), QUrl::TolerantMode));
+#endif
+}
+
+void QtHost::startProgram(std::string_view program, std::string_view arguments) {
+#ifdef Q_OS_WIN
+    QProcess process;
+    process.setProgram(toQtPath(program));
+    process.setNativeArguments(toQString(arguments)); // the line as the program wants it, quotes and all
+    process.startDetached();
+#else
+    startDetached(toQtPath(program), QProcess::splitCommand(toQString(arguments)));
+#endif
+}
+
+} // namespace vantor

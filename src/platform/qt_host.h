@@ -1,0 +1,56 @@
+// Platform: the Qt side of the program.
+// The Host of the running program: message boxes, the pointer, event pumps, the locale and the desktop.
+#pragma once
+
+#include "foundation/host.h"
+
+#include <QMessageBox>
+#include <QPointer>
+#include <QWidget>
+
+namespace vantor {
+
+/// Needs a QApplication while it is in use. Tests find its boxes by the object names "messageBox" and "questionBox".
+class QtHost : public Host {
+  public:
+    QtHost() = default;
+    ~QtHost() override;
+
+    /// The window that boxes belong to while no window is active.
+    void setMainWindow(QWidget* window) { m_mainWindow = window; }
+
+    void message(std::string_view text) override;
+    /// Escape and the closing of the box give No, which is also the default button.
+    bool askYesNo(std::string_view text) override;
+    void setPointer(Pointer pointer) override;
+    void pumpEvents(Pump what) override;
+    /// On Windows what the system tells. Elsewhere it can't be asked, and the answer is yes: a pump too many is
+    /// harmless, one too few is a dead window.
+    bool inputPending() override;
+    void sleepFor(int milliseconds) override;
+
+    std::string shortDate(const Date& date) override;
+    std::string generalDateTime(DateTime value) override;
+    std::string monthAbbreviation(int month) override;
+    std::string weekdayName(int day) override;
+    std::string booleanWord(bool value) override;
+    bool dotIsDecimalMark() override;
+
+    std::optional<SystemVersion> systemVersion() override;
+
+    void viewTextFile(std::string_view path) override;
+    void openAddress(std::string_view address) override;
+    void startProgram(std::string_view program, std::string_view arguments) override;
+
+  private:
+    [[nodiscard]] QWidget* owner() const;
+    /// Shows a box with the normal arrow, whatever the pointer was, and brings the pointer back.
+    int show(QMessageBox& box);
+    void showPointer(Pointer pointer);
+
+    QPointer<QWidget> m_mainWindow;
+    Pointer m_pointer = Pointer::Normal;
+    bool m_overridden = false; // our one entry on the application's stack of pointers
+};
+
+} // namespace vantor

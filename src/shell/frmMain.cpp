@@ -1,0 +1,226 @@
+#include "shell/frmMain.h"
+
+#include "core/tables.h"
+#include "foundation/files.h"
+#include "foundation/host.h"
+#include "foundation/locale_words.h"
+#include "foundation/log.h"
+#include "foundation/settings_store.h"
+#include "foundation/text.h"
+#include "foundation/trap.h"
+#include "platform/code_page.h"
+#include "shell/application_settings.h"
+#include "shell/artwork.h"
+#include "shell/fSHAREDAbout.h"
+#include "shell/frmSettings.h"
+#include "ui_frmMain.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QShortcut>
+
+#include <initializer_list>
+
+namespace vantor {
+
+namespace {
+constexpr std::string_view module = "frmMain";
+} // namespace
+
+frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()) {
+    ui->setupUi(this);
+    // The scroll area only ever scrolls down: it is as wide as what it holds.
+    ui->panel->setMinimumWidth(ui->panelContent->minimumSizeHint().width());
+    connectCommands();
+    connectListCommands();
+    connectShortcuts();
+    disablePlannedCommands();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::connectCommands() {
+    connect(ui->cmdReload, &QPushButton::clicked, this, &frmMain::cmdReload_Click);
+    connect(ui->cmdLoadFlightPlan, &QPushButton::clicked, this, &frmMain::cmdLoadFlightPlan_Click);
+    connect(ui->cmdSaveFlights, &QPushButton::clicked, this, &frmMain::cmdSaveFlights_Click);
+    connect(ui->cmdSaveAircraft, &QPushButton::clicked, this, &frmMain::cmdSaveAircraft_Click);
+    connect(ui->cmdSettings, &QPushButton::clicked, this, &frmMain::cmdSettings_Click);
+    connect(ui->cmdExit, &QPushButton::clicked, this, &frmMain::cmdExit_Click);
+    connect(ui->picClunk, &PictureBox::clicked, this, &frmMain::picClunk_Click);
+    connect(ui->optFS2k2, &QRadioButton::clicked, this, &frmMain::optFS2k2_Click);
+    connect(ui->optFS2k4, &QRadioButton::clicked, this, &frmMain::optFS2k4_Click);
+}
+
+void frmMain::connectListCommands() {
+    connect(ui->cmdListall, &QPushButton::clicked, this, &frmMain::cmdListall_Click);
+    connect(ui->cmdListICAO, &QPushButton::clicked, this, &frmMain::cmdListICAO_Click);
+    connect(ui->cmdListACnum, &QPushButton::clicked, this, &frmMain::cmdListACnum_Click);
+    connect(ui->cmdListUniqueAC, &QPushButton::clicked, this, &frmMain::cmdListUniqueAC_Click);
+    connect(ui->cmdListUniqueICAO, &QPushButton::clicked, this, &frmMain::cmdListUniqueICAO_Click);
+    connect(ui->cmbAC, &ComboBox::rowClicked, this, &frmMain::cmbAC_Click);
+    connect(ui->cmbICAO, &ComboBox::rowClicked, this, &frmMain::cmbICAO_Click);
+    connect(ui->List1, &ListBox::rowClicked, this, &frmMain::List1_Click);
+    connect(ui->List2, &ListBox::rowClicked, this, &frmMain::List2_Click);
+    connect(ui->List3, &ListBox::rowClicked, this, &frmMain::List3_Click);
+}
+
+void frmMain::connectShortcuts() {
+    // A shortcut presses its button, so that a disabled command stays out of reach.
+    const auto press = [this](const QKeySequence& keys, QPushButton* button, QWidget* where) {
+        const auto context = where == this ? Qt::WindowShortcut : Qt::WidgetShortcut;
+        auto* const shortcut = new QShortcut(keys, where);
+        shortcut->setContext(context);
+        connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
+    };
+    press(QKeySequence(Qt::Key_F5), ui->cmdReload, this);
+    press(QKeySequence(Qt::CTRL | Qt::Key_S), ui->cmdSaveFlights, this);
+    press(QKeySequence(Qt::CTRL | Qt::Key_L), ui->cmdListall, this);
+    press(QKeySequence(Qt::Key_Delete), ui->cmdDeleteSchedule, ui->List1);
+    press(QKeySequence(Qt::Key_Delete), ui->cmdDeleteLeg, ui->List2);
+}
+
+void frmMain::disablePlannedCommands() {
+    // Commands that are planned and not there yet.
+    for (QWidget* const button : std::initializer_list<QWidget*>{ui->cmdCompile, ui->cmdDecompile, ui->cmdACReport,
+                                                                 ui->cmdCheckUpdate}) {
+        button->setEnabled(false);
+    }
+}
+
+void frmMain::formLoad() {
+    try {
+        for (int percent = 0; percent <= 100; percent += 5) {
+            ui->cmbPC1->addRow(std::to_string(percent) + "%");
+        }
+        ui->cmbPC1->setCurrentRow(0);
+        schedules = clsHashSC();
+        airports = clsHashAP();
+        setWindowTitle(toQString("Vantor " + appversion()));
+        setWindowIcon(applicationIcon());
+        logit("Vantor version " + appversion() + " starting.", true);
+        LoadSettings(settingsFile());
+        if (!modeChosen()) {
+            host().message("Select FS2002 or FS2004 mode, then set up the file locations in the settings screen.");
+        }
+        readsettings();
+        setupformwithcurrentmode();
+        settimetableicao("");
+    } catch (...) {
+        const Error error = currentError();
+        errorexit("Error " + std::to_string(error.number()) + " - " + error.description());
+    }
+}
+
+void frmMain::setupformwithcurrentmode() noexcept {
+    const StandardTrap trap{"sub setupformwithcurrentmode", module};
+    trap([&] {
+        if (fsmode == 2) {
+            ui->optFS2k2->setChecked(true); // the suffix stays as it stands, also after a switch from FS2004
+        } else {
+            ui->optFS2k4->setChecked(true);
+            plansuffix = "030528";
+        }
+    });
+    trap([&] { ui->cmdSubAC->setVisible(true); });
+    trap([&] { ui->List3->setEnabled(true); });
+    trap([&] { ui->FrameFSAC->setTitle(toQString("AI Aircraft missing from FS200" + std::to_string(fsmode))); });
+}
+
+void frmMain::chooseMode(std::int16_t mode) noexcept {
+    sset("FSMode", mode);
+    readsettings();
+    setupformwithcurrentmode();
+}
+
+void frmMain::optFS2k2_Click() noexcept {
+    chooseMode(2);
+}
+
+void frmMain::optFS2k4_Click() noexcept {
+    chooseMode(4);
+}
+
+void frmMain::cmdSettings_Click() noexcept {
+    const StandardTrap trap{"sub cmdsettings_click", module};
+    trap([&] {
+        frmSettings form(this);
+        form.exec();
+    });
+    trap([&] {
+        if (ui->List1->rowCount() > 0) {
+            displaylegs(true, ui->List1->currentItemData(), "");
+        }
+    });
+}
+
+void frmMain::picClunk_Click() noexcept {
+    const StandardTrap trap{"sub picclunk_click", module};
+    trap([&] {
+        fSHAREDAbout form(this);
+        form.exec();
+    });
+}
+
+void frmMain::errorexit(std::string_view message) noexcept {
+    const StandardTrap trap{"sub errorexit", module};
+    trap([&] { host().message(message); });
+    trap([&] { logit(message); });
+    trap([&] { exitprog(); });
+}
+
+void frmMain::exitprog() noexcept {
+    const StandardTrap trap{"sub exitprog", module};
+    savesettings(settingsFile()); // ahead of the question: settings are saved whatever the answer
+    bool leave = true;
+    trap([&] {
+        if (unsavedchanges) {
+            leave = host().askYesNo("If you exit now you will lose your changes.  Are you sure?");
+        }
+    });
+    if (!leave) {
+        return;
+    }
+    trap([&] { busymouse(); });
+    trap([&] {
+        aircraft.clear();
+        aircraftcount = 0;
+        fsaircraft.clear();
+        fsaircraftcount = 0;
+    });
+    trap([&] { normalmouse(); });
+    trap([&] { dumpactions(); });
+    trap([&] { hide(); });
+    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+    QCoreApplication::quit();
+}
+
+void frmMain::cmdExit_Click() noexcept {
+    const StandardTrap trap{"sub cmdexit_click", module};
+    trap([&] { exitprog(); });
+}
+
+void frmMain::form_queryunload() noexcept {
+    const StandardTrap trap{"sub form_queryunload", module};
+    trap([&] { exitprog(); });
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (m_running > 0) {
+        m_closeWaits = true;
+        event->ignore();
+        return;
+    }
+    // After exitprog ended the program it hid the window, and the close that follows is its own.
+    if (isVisible()) {
+        // The close box closes the window whatever the answer: No merely skips the clearing up. It is meant.
+        form_queryunload();
+    }
+    event->accept();
+}
+
+void frmMain::settimetableicao(std::string_view icao) {
+    m_timetableicao = icao;
+    ui->cmdPrint->setEnabled(!m_timetableicao.empty());
+}
+
+} // namespace vantor

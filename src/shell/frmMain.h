@@ -1,0 +1,122 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// frmMain, the one main window. Its commands stand in the files frmMain_*.cpp, each short: the work is in rooms below.
+#pragma once
+
+#include "core/load_pipeline.h"
+#include "foundation/error.h"
+#include "schedule/list_rows.h"
+
+#include <QMainWindow>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace Ui {
+class frmMain;
+}
+
+namespace vantor {
+
+class frmMain : public QMainWindow {
+    Q_OBJECT
+  public:
+    explicit frmMain(QWidget* parent = nullptr);
+    ~frmMain() override;
+
+    /// Form_Load: a new log, the settings, and the window set up for the mode. No traffic is loaded.
+    void formLoad();
+
+    /// Shows the message, logs it and ends the program.
+    void errorexit(std::string_view message) noexcept;
+    /// Saves the settings, asks about unsaved changes, and on Yes (or without any) ends the program.
+    void exitprog() noexcept;
+    /// Options, tool buttons and captions for fsmode as it stands.
+    void setupformwithcurrentmode() noexcept;
+
+    /// Fills List1 and empties List2; `third` is filled by no caller and read by nothing. `keepindex` becomes the
+    /// current row without a click.
+    void displaylist(std::string_view icao, std::string_view ac, std::string_view third, bool unique, int keepindex);
+    /// Fills List2 with the legs of all schedules of one aircraft (a row or code), at one airport if `icao` tells one.
+    void fillsecondlist(std::string_view ac, std::string_view icao) noexcept;
+    /// Adds the legs of one schedule to List2; `icao` is a bare code or empty.
+    void displaylegs(bool clearfirst, std::int32_t recnum, std::string_view icao) noexcept;
+    /// Shows the legs of what the current row of List1 stands for.
+    void displayselected();
+    void enablelegbuttons() noexcept;
+    void disablelegbuttons() noexcept;
+    void enableschedbuttons() noexcept;
+    void disableschedbuttons() noexcept;
+
+    /// The airport of the timetable shown in List2, empty for none; setting it enables or disables cmdPrint.
+    [[nodiscard]] const std::string& timetableicao() const noexcept { return m_timetableicao; }
+    void settimetableicao(std::string_view icao);
+
+    /// Loads the default files of the mode; what a reader raises comes out of it.
+    void loaddata();
+
+    /// Set by every command that changes schedules, cleared by cmdSaveFlights alone.
+    bool unsavedchanges = false;
+    /// The files in use, as messages show them.
+    std::string flightsname;
+    std::string aircraftname;
+    std::string airportsname;
+    /// Filters and kind of the listing shown, handed back to displaylist by every refresh.
+    std::string currenticao;
+    std::string currentac;
+    bool currentunique = false;
+
+    std::unique_ptr<Ui::frmMain> ui;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void connectCommands();
+    void connectListCommands();
+    void connectShortcuts();
+    void disablePlannedCommands();
+
+    // Life
+    void cmdExit_Click() noexcept;
+    void cmdSettings_Click() noexcept;
+    void optFS2k2_Click() noexcept;
+    void optFS2k4_Click() noexcept;
+    void picClunk_Click() noexcept;
+    void form_queryunload() noexcept;
+    void chooseMode(std::int16_t mode) noexcept;
+
+    // Lists
+    void cmdListall_Click() noexcept;
+    void cmdListICAO_Click() noexcept;
+    void cmdListACnum_Click() noexcept;
+    void cmdListUniqueAC_Click() noexcept;
+    void cmdListUniqueICAO_Click() noexcept;
+    void cmbAC_Click() noexcept;
+    void cmbICAO_Click() noexcept;
+    void List1_Click() noexcept;
+    void List2_Click() noexcept;
+    void List3_Click() noexcept;
+    void showLegs(LegListing listing, bool clearfirst);
+
+    // Loading and saving
+    class Running;
+    class SplashSteps;
+    void cmdReload_Click() noexcept;
+    void cmdLoadFlightPlan_Click() noexcept;
+    void loadChosen(const std::string& folder, const std::string& name);
+    void cmdSaveFlights_Click() noexcept;
+    void cmdSaveAircraft_Click() noexcept;
+    void selectFirstAircraft();
+    void endFatally(const Error& error) noexcept;
+
+    // True while displaylist itself moves the current row of List1.
+    bool m_ignorelist1click = false;
+    std::string m_timetableicao;
+    // Commands that run now; a close that comes meanwhile waits for their end.
+    int m_running = 0;
+    bool m_closeWaits = false;
+};
+
+} // namespace vantor

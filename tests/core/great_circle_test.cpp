@@ -1,0 +1,64 @@
+// Positions, distances and flight times.
+#include "core/great_circle.h"
+#include "core/tables.h"
+#include "foundation/log.h"
+#include "support/fixture.h"
+
+namespace vantor {
+namespace {
+
+using GreatCircleTest = test::Fixture;
+
+void addAirport(std::string_view code, float latitude, float longitude) {
+    AirportRec record;
+    record.icao = code;
+    record.latdeg = latitude;
+    record.longdeg = longitude;
+    airports.HashAdd(record);
+}
+
+TEST_F(GreatCircleTest, DigitsBehindThePointAreSeconds) {
+    EXPECT_DOUBLE_EQ(convertlatlongtodegrees("S31* 56.40'"), -(31 + 56 / 60.0 + 40 / 3600.0));
+    EXPECT_DOUBLE_EQ(convertlatlongtodegrees("w122* 18.00'"), -122.3);
+    EXPECT_DOUBLE_EQ(convertlatlongtodegrees("N0* 0.00'"), 0);
+    EXPECT_DOUBLE_EQ(convertlatlongtodegrees("E7*5.9"), 7 + 5 / 60.0 + 9 / 3600.0);
+    EXPECT_DOUBLE_EQ(convertlatlongtodegrees(""), 0);
+    EXPECT_EQ(newestAction(), "");
+}
+
+TEST_F(GreatCircleTest, OddTextsAreFaultsInTheRingAndLeaveZeroes) {
+    // Without a point the minutes' length is negative; the seconds are read from the start of the text and are 0.
+    EXPECT_DOUBLE_EQ(convertlatlongtodegrees("S31* 56"), -31);
+    EXPECT_EQ(newestAction(), "Invalid procedure call or argument(5) in function convertlatlongtodegrees of module "
+                              "modGreatCircle");
+    EXPECT_DOUBLE_EQ(convertlatlongtodegrees("N10* 30.99999"), 10.5);
+    EXPECT_EQ(newestAction(), "Overflow(6) in function convertlatlongtodegrees of module modGreatCircle");
+}
+
+TEST_F(GreatCircleTest, OneDegreeIsSixtyMiles) {
+    addAirport("AAAA", 0, 0);
+    addAirport("BBBB", 0, 1);
+    EXPECT_NEAR(flightdistance("AAAA", "BBBB "), 60, 1e-6);
+    EXPECT_NEAR(flightdistance("BBBB", "AAAA"), 60, 1e-6);
+    EXPECT_EQ(flightdistance("AAAA", "AAAA"), 0);
+    EXPECT_EQ(flightdistance("AAAA", "ZZZZ"), 0);
+    EXPECT_EQ(flightdistance("ZZZZ", "AAAA"), 0);
+    EXPECT_EQ(newestAction(), "");
+}
+
+TEST_F(GreatCircleTest, ArcsineBeyondOneIsAFault) {
+    EXPECT_NEAR(bmmatharcsine(1), 1.57079632679, 1e-9);
+    EXPECT_EQ(bmmatharcsine(1.5), 0);
+    EXPECT_EQ(newestAction(), "Invalid procedure call or argument(5) in bmmatharcsine of module modGreatCircle");
+}
+
+TEST_F(GreatCircleTest, FlightTimeDropsSeconds) {
+    EXPECT_EQ(formatHHMMSS(gettimeinhours(250, 1000)), "04:00:00");
+    EXPECT_EQ(formatHHMMSS(gettimeinhours(250, 1001)), "04:00:00");
+    EXPECT_NEAR(gettimeinhours(100, 2600), 26.0 / 24, 1e-12);
+    EXPECT_EQ(gettimeinhours(0, 100), 0);
+    EXPECT_EQ(newestAction(), "Division by zero(11) in function gettimeinhours of module modGreatCircle");
+}
+
+} // namespace
+} // namespace vantor
