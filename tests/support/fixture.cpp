@@ -1,5 +1,6 @@
 #include "support/fixture.h"
 
+#include "core/tables.h"
 #include "foundation/error_report.h"
 #include "foundation/files.h"
 #include "foundation/locale_words.h"
@@ -48,7 +49,7 @@ void resetGlobals() {
     resetSettings();
     resetLocaleWords();
     resetProgress();
-    // The traffic tables are reset here as well.
+    resetTables();
 }
 
 void Fixture::SetUp() {

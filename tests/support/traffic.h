@@ -1,0 +1,118 @@
+// Test support: what the tests of all rooms share.
+// Builds traffic straight in the global tables, without a file.
+#pragma once
+
+#include "core/codes.h"
+#include "core/tables.h"
+#include "foundation/text.h"
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantor::test {
+
+/// Adds an aircraft behind the others; codes must come in ascending order, as after the sort. Gives its row.
+inline std::int32_t addAircraft(std::string_view acnum, std::string_view title, float cruisespeed = 250) {
+    AircraftRec record;
+    record.acnum = acnum;
+    record.title = title;
+    record.cruisespeed = cruisespeed;
+    aircraft.append(record);
+    aircraftcount = aircraft.size();
+    return aircraftcount;
+}
+
+/// Adds an aircraft to those of the simulator; its title is taken as it stands, quotes and all.
+inline void addSimulatorAircraft(std::string_view title, float cruisespeed = 250) {
+    AircraftRec record;
+    record.title = title;
+    record.cruisespeed = cruisespeed;
+    fsaircraft.append(record);
+    fsaircraftcount = fsaircraft.size();
+}
+
+/// Adds an airport; positions are in degrees, south and west negative.
+inline void addAirport(std::string_view icao, std::string_view title, float latdeg = 0, float longdeg = 0) {
+    AirportRec record;
+    record.icao = icao;
+    record.title = title;
+    record.latdeg = latdeg;
+    record.longdeg = longdeg;
+    airports.HashAdd(record);
+    ++airportcount;
+}
+
+/// A leg from airport to airport. Number and origin's chain are the test's own.
+inline LegRec makeLeg(std::string_view fromicao, std::string_view toicao, std::string_view dep = "12:00:00",
+                      std::string_view flightnum = "1", float distance = 100) {
+    LegRec leg;
+    leg.fromicao = fromicao;
+    leg.toicao = toicao;
+    leg.dep = dep;
+    leg.arr = dep;
+    leg.depday = -1;
+    leg.flightlevel = 200;
+    leg.legtype = "F";
+    leg.flightnum = flightnum;
+    leg.distance = distance;
+    return leg;
+}
+
+/// A leg of a weekly schedule; day 0 is Sunday.
+inline LegRec makeWeeklyLeg(std::int16_t depday, std::string_view fromicao, std::string_view toicao,
+                            std::string_view dep = "12:00:00") {
+    LegRec leg = makeLeg(fromicao, toicao, dep);
+    leg.depday = depday;
+    leg.arrday = depday;
+    return leg;
+}
+
+/// The legs of a closed loop over the airports in their order.
+inline std::vector<LegRec> loopOver(std::initializer_list<std::string_view> icaos) {
+    std::vector<LegRec> legs;
+    std::string_view from = *(icaos.end() - 1);
+    for (const std::string_view to : icaos) {
+        legs.push_back(makeLeg(from, to));
+        from = to;
+    }
+    return legs;
+}
+
+/// Adds a schedule of the first five columns of its line, as in "AC#1,N1,100%,24HR,IFR", and its legs, which get the
+/// numbers that the reader would give them. Gives its record number.
+inline std::int32_t addSchedule(std::string_view columns, const std::vector<LegRec>& legs) {
+    const std::vector<std::string_view> fields = split(columns, ",");
+    ScheduleRec record;
+    record.recnum = ++schedulecount;
+    record.acnum = fields.at(0);
+    record.tailnumber = fields.at(1);
+    record.percent = fields.at(2);
+    record.period = fields.at(3);
+    record.weekly = contains(upper(record.period.raw()), "WEEK");
+    record.rules = fields.at(4);
+    record.legcount = static_cast<std::int16_t>(legs.size());
+    for (LegRec leg : legs) {
+        leg.hashindex = hashindex(record.recnum, static_cast<std::int16_t>(record.legs.size() + 1));
+        record.legs.append(leg);
+    }
+    schedules.HashAdd(record);
+    return record.recnum;
+}
+
+/// Changes a stored schedule: `change` gets a copy, which is written back.
+template <class Change>
+void changeSchedule(std::int32_t recnum, Change&& change) {
+    ScheduleRec record = schedules.HashGetSlot(recnum);
+    change(record);
+    schedules.HashPutSlot(recnum, record);
+}
+
+/// The last line that was dropped by the reader: it counts and has no record.
+inline void countDroppedLine() {
+    ++schedulecount;
+}
+
+} // namespace vantor::test
