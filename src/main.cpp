@@ -1,0 +1,56 @@
+// Vantor: editor for the AI traffic of Microsoft Flight Simulator 2002 and 2004.
+// The program's start: names, the folder that it stands in, the platform in use, the main window.
+#include "foundation/host.h"
+#include "foundation/log.h"
+#include "foundation/native_path.h"
+#include "platform/code_page.h"
+#include "platform/qt_host.h"
+#include "shell/frmArtwork.h"
+#include "shell/frmMain.h"
+#include "shell/program_path.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+#include <filesystem>
+
+namespace {
+
+std::filesystem::path nativeFile(const QString& file) {
+    return std::filesystem::path(file.toStdU16String());
+}
+
+/// The program's file as it was started: a link to the executable counts as the program, so that a link put into a
+/// folder of traffic files works there.
+std::filesystem::path programFile(const QString& started) {
+    const bool hasFolder = started.contains(u'/') || started.contains(u'\\');
+    return vantor::startedProgram(nativeFile(hasFolder ? started : QStandardPaths::findExecutable(started)),
+                                  nativeFile(QCoreApplication::applicationFilePath()));
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    // There are no command-line options, neither the program's nor the toolkit's.
+    int count = argc > 0 ? 1 : 0;
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(count, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Vantor"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Ostrevane Software"));
+    QCoreApplication::setApplicationVersion(vantor::toQString(vantor::AppVersion()));
+    QGuiApplication::setDesktopFileName(QStringLiteral("vantor"));
+    QApplication::setWindowIcon(vantor::applicationIcon());
+    vantor::setProgramFile(programFile(QCoreApplication::arguments().value(0)));
+
+    vantor::QtHost host;
+    vantor::useHost(&host);
+    int result = 0;
+    {
+        vantor::frmMain window;
+        window.formLoad();
+        window.show();
+        result = QApplication::exec();
+    }
+    vantor::useHost(nullptr);
+    return result;
+}

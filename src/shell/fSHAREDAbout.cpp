@@ -1,0 +1,62 @@
+#include "shell/fSHAREDAbout.h"
+
+#include "foundation/host.h"
+#include "foundation/trap.h"
+#include "platform/code_page.h"
+#include "shell/application_settings.h"
+#include "shell/frmArtwork.h"
+#include "shell/ui_fSHAREDAbout.h"
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view moduleName = "fSHAREDAbout";
+
+/// A link that the label shows as `text`.
+QString link(const QString& address, const QString& text) {
+    return QStringLiteral("<a href=\"%1\">%2</a>").arg(address.toHtmlEscaped(), text.toHtmlEscaped());
+}
+
+void visit(const QString& address) {
+    const StandardTrap trap{"sub lbllink_click", moduleName};
+    trap([&] { websitevisit(fromQString(address)); });
+}
+
+} // namespace
+
+fSHAREDAbout::fSHAREDAbout(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::fSHAREDAbout>()) {
+    m_ui->setupUi(this);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->lblHomePage, &QLabel::linkActivated, this, &visit);
+    connect(m_ui->lblProducts, &QLabel::linkActivated, this, &visit);
+    Form_Load();
+    m_ui->cmdOK->setFocus();
+}
+
+fSHAREDAbout::~fSHAREDAbout() = default;
+
+void fSHAREDAbout::Form_Load() {
+    const StandardTrap trap{"sub form_load", moduleName};
+    trap([&] {
+        const int side = fontMetrics().height() * 6;
+        m_ui->picIcon->setPixmap(applicationIcon().pixmap(QSize(side, side), devicePixelRatioF()));
+    });
+    trap([&] {
+        QFont font = m_ui->lblTitle->font();
+        font.setPointSizeF(font.pointSizeF() * 1.8);
+        font.setBold(true);
+        m_ui->lblTitle->setFont(font);
+    });
+    trap([&] { m_ui->lblVersion->setText(toQString(appversion())); });
+    trap([&] { m_ui->lblMaker->setText(QStringLiteral(VANTOR_YEAR " Ostrevane Software")); });
+    trap([&] {
+        const QString homePage = QStringLiteral(VANTOR_HOME_PAGE);
+        m_ui->lblHomePage->setText(link(homePage, QStringLiteral("Vantor on the web")));
+        m_ui->lblProducts->setText(link(homePage + QStringLiteral("/products"),
+                                        QStringLiteral("Other products of Ostrevane Software")));
+    });
+}
+
+} // namespace vantor
