@@ -47,9 +47,12 @@ int main(int argc, char* argv[]) {
     int result = 0;
     {
         vantor::frmMain window;
+        host.setMainWindow(&window);
         window.formLoad();
-        window.show();
-        result = QApplication::exec();
+        if (!window.ended()) {
+            window.show();
+            result = QApplication::exec();
+        }
     }
     vantor::useHost(nullptr);
     return result;

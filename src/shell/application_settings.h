@@ -36,7 +36,8 @@ extern std::string decompiletool;
 [[nodiscard]] bool modeChosen() noexcept;
 
 /// Turns the store into gmtoffset, the simulator's paths, fsmode and the tool paths, and logs the paths. The store must
-/// have been loaded and is not written. A value of the wrong form leaves its global as it was, with a fault in the ring.
+/// have been loaded and is not written. A value of the wrong form leaves its global as it was, with a fault in the
+/// ring.
 void readsettings() noexcept;
 
 /// The GMT offset as the two text boxes show it.

@@ -54,8 +54,8 @@ void fSHAREDAbout::Form_Load() {
     trap([&] {
         const QString homePage = QStringLiteral(VANTOR_HOME_PAGE);
         m_ui->lblHomePage->setText(link(homePage, QStringLiteral("Vantor on the web")));
-        m_ui->lblProducts->setText(link(homePage + QStringLiteral("/products"),
-                                        QStringLiteral("Other products of Ostrevane Software")));
+        m_ui->lblProducts->setText(
+            link(homePage + QStringLiteral("/products"), QStringLiteral("Other products of Ostrevane Software")));
     });
 }
 

@@ -10,8 +10,8 @@
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "shell/application_settings.h"
-#include "shell/artwork.h"
 #include "shell/fSHAREDAbout.h"
+#include "shell/frmArtwork.h"
 #include "shell/frmSettings.h"
 #include "ui_frmMain.h"
 
@@ -33,6 +33,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     ui->panel->setMinimumWidth(ui->panelContent->minimumSizeHint().width());
     connectCommands();
     connectListCommands();
+    connectScheduleCommands();
     connectShortcuts();
     disablePlannedCommands();
 }
@@ -81,8 +82,8 @@ void frmMain::connectShortcuts() {
 
 void frmMain::disablePlannedCommands() {
     // Commands that are planned and not there yet.
-    for (QWidget* const button : std::initializer_list<QWidget*>{ui->cmdCompile, ui->cmdDecompile, ui->cmdACReport,
-                                                                 ui->cmdCheckUpdate}) {
+    for (QWidget* const button :
+         std::initializer_list<QWidget*>{ui->cmdCompile, ui->cmdDecompile, ui->cmdACReport, ui->cmdCheckUpdate}) {
         button->setEnabled(false);
     }
 }
@@ -191,7 +192,12 @@ void frmMain::exitprog() noexcept {
     trap([&] { dumpactions(); });
     trap([&] { hide(); });
     trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
-    QCoreApplication::quit();
+    endProcess(0);
+}
+
+void frmMain::endProcess(int code) noexcept {
+    m_ended = true;
+    QCoreApplication::exit(code);
 }
 
 void frmMain::cmdExit_Click() noexcept {
@@ -210,8 +216,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    // After exitprog ended the program it hid the window, and the close that follows is its own.
-    if (isVisible()) {
+    if (!m_ended) {
         // The close box closes the window whatever the answer: No merely skips the clearing up. It is meant.
         form_queryunload();
     }

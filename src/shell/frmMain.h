@@ -13,11 +13,11 @@
 #include <string>
 #include <string_view>
 
+namespace vantor {
+
 namespace Ui {
 class frmMain;
 }
-
-namespace vantor {
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -32,6 +32,8 @@ class frmMain : public QMainWindow {
     void errorexit(std::string_view message) noexcept;
     /// Saves the settings, asks about unsaved changes, and on Yes (or without any) ends the program.
     void exitprog() noexcept;
+    /// Whether the program has ended, or is about to once the events at hand have run.
+    [[nodiscard]] bool ended() const noexcept { return m_ended; }
     /// Options, tool buttons and captions for fsmode as it stands.
     void setupformwithcurrentmode() noexcept;
 
@@ -75,6 +77,7 @@ class frmMain : public QMainWindow {
   private:
     void connectCommands();
     void connectListCommands();
+    void connectScheduleCommands();
     void connectShortcuts();
     void disablePlannedCommands();
 
@@ -100,6 +103,16 @@ class frmMain : public QMainWindow {
     void List3_Click() noexcept;
     void showLegs(LegListing listing, bool clearfirst);
 
+    // Schedules, legs and Find
+    void prepareschedform(frmSchedEdit& editor) noexcept;
+    void cmdAddSchedule_Click() noexcept;
+    void cmdCopy_Click() noexcept;
+    void cmdEditSchedule_Click() noexcept;
+    void cmdDeleteSchedule_Click() noexcept;
+    void cmdEditLeg_Click() noexcept;
+    void cmdDeleteLeg_Click() noexcept;
+    void cmdFind_Click(int index) noexcept;
+
     // Loading and saving
     class Running;
     class SplashSteps;
@@ -110,12 +123,14 @@ class frmMain : public QMainWindow {
     void cmdSaveAircraft_Click() noexcept;
     void selectFirstAircraft();
     void endFatally(const Error& error) noexcept;
+    void endProcess(int code) noexcept;
 
     // True while displaylist itself moves the current row of List1.
     bool m_ignorelist1click = false;
     std::string m_timetableicao;
     // Commands that run now; a close that comes meanwhile waits for their end.
     int m_running = 0;
+    bool m_ended = false;
     bool m_closeWaits = false;
 };
 

@@ -175,9 +175,8 @@ void frmMain::disableschedbuttons() noexcept {
 void frmMain::enableschedbuttons() noexcept {
     const StandardTrap trap{"sub enableschedbuttons", module};
     trap([&] {
-        const ScheduleButtons buttons =
-            scheduleButtons(static_cast<std::size_t>(ui->List1->selectedRowCount()), ui->List1->currentItemData(),
-                            ui->List1->currentText());
+        const ScheduleButtons buttons = scheduleButtons(static_cast<std::size_t>(ui->List1->selectedRowCount()),
+                                                        ui->List1->currentItemData(), ui->List1->currentText());
         ui->cmdEditSchedule->setEnabled(buttons.editSchedule);
         ui->cmdCopy->setEnabled(buttons.copy);
         ui->cmdDeleteSchedule->setEnabled(buttons.deleteSchedule);

@@ -17,7 +17,6 @@
 #include "simulator/missing_aircraft.h"
 #include "ui_frmMain.h"
 
-#include <QCoreApplication>
 #include <QMessageBox>
 
 namespace vantor {
@@ -184,11 +183,13 @@ void frmMain::endFatally(const Error& error) noexcept {
         box.setText(toQString(error.description()));
         box.exec();
     });
-    trap([&] { logaction(error.description() + "(" + std::to_string(error.number()) + ")",
-                         "sub cmdloadflightplan_click", module); });
+    trap([&] {
+        logaction(error.description() + "(" + std::to_string(error.number()) + ")", "sub cmdloadflightplan_click",
+                  module);
+    });
     trap([&] { dumpactions(); });
     trap([&] { hide(); });
-    QCoreApplication::exit(1);
+    endProcess(1);
 }
 
 void frmMain::cmdSaveFlights_Click() noexcept {

@@ -79,8 +79,10 @@ frmSettings::frmSettings(QWidget* parent) : QDialog(parent), m_ui(std::make_uniq
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     narrow(*m_ui->txtGMTHour);
     narrow(*m_ui->txtGMTMin);
-    m_aircraft = {"AircraftTxt", {m_ui->lblAircraft0, m_ui->lblAircraft1}, {m_ui->cmdPickAircraft0, m_ui->cmdPickAircraft1}};
-    m_airports = {"AirportsTxt", {m_ui->lblAirports0, m_ui->lblAirports1}, {m_ui->cmdPickAirports0, m_ui->cmdPickAirports1}};
+    m_aircraft = {
+        "AircraftTxt", {m_ui->lblAircraft0, m_ui->lblAircraft1}, {m_ui->cmdPickAircraft0, m_ui->cmdPickAircraft1}};
+    m_airports = {
+        "AirportsTxt", {m_ui->lblAirports0, m_ui->lblAirports1}, {m_ui->cmdPickAirports0, m_ui->cmdPickAirports1}};
     m_flightplans = {"FlightplansTxt",
                      {m_ui->lblFlightplans0, m_ui->lblFlightplans1},
                      {m_ui->cmdPickFlightplans0, m_ui->cmdPickFlightplans1}};
@@ -96,8 +98,10 @@ void frmSettings::connectControls() {
     connect(m_ui->cmdGetFS2k2Path, &QPushButton::clicked, this, &frmSettings::cmdGetFS2k2Path_Click);
     connect(m_ui->cmdGetFS2k4Path, &QPushButton::clicked, this, &frmSettings::cmdGetFS2k4Path_Click);
     for (std::size_t index = 0; index < modes.size(); ++index) {
-        connect(m_aircraft.buttons.at(index), &QPushButton::clicked, this, [this, index] { cmdPickAircraft_Click(index); });
-        connect(m_airports.buttons.at(index), &QPushButton::clicked, this, [this, index] { cmdPickAirports_Click(index); });
+        connect(m_aircraft.buttons.at(index), &QPushButton::clicked, this,
+                [this, index] { cmdPickAircraft_Click(index); });
+        connect(m_airports.buttons.at(index), &QPushButton::clicked, this,
+                [this, index] { cmdPickAirports_Click(index); });
         connect(m_flightplans.buttons.at(index), &QPushButton::clicked, this,
                 [this, index] { cmdPickFlightplans_Click(index); });
     }
@@ -127,7 +131,9 @@ void frmSettings::cmdOK_Click() {
     if (!usable) {
         return;
     }
-    trap([&] { gmtoffset = gmtOffsetOf({fromQString(m_ui->txtGMTHour->text()), fromQString(m_ui->txtGMTMin->text())}); });
+    trap([&] {
+        gmtoffset = gmtOffsetOf({fromQString(m_ui->txtGMTHour->text()), fromQString(m_ui->txtGMTMin->text())});
+    });
     storeControls();
     trap([&] { savesettings(settingsFile()); });
     trap([] { readsettings(); });

@@ -25,8 +25,7 @@ TEST_F(CodesTest, AircraftCodeEndsAtABlankOrIsAFault) {
     EXPECT_EQ(extractaircraft("Boeing ac#12 - x"), "");
     EXPECT_EQ(newestAction(), "");
     EXPECT_EQ(extractaircraft("x AC#12-y"), "AC#12-y");
-    EXPECT_EQ(newestAction(),
-              "Invalid procedure call or argument(5) in function extractaircraft of module modSubs");
+    EXPECT_EQ(newestAction(), "Invalid procedure call or argument(5) in function extractaircraft of module modSubs");
 }
 
 TEST_F(CodesTest, IndexesLeaveTheCallersValuesForARowWithoutAny) {

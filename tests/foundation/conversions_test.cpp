@@ -1,1 +1,145 @@
+// Texts of the code page, numbers and times.
+#include "foundation/clock.h"
+#include "foundation/numbers.h"
+#include "foundation/text.h"
+#include "support/expect_error.h"
 #include "support/fixture.h"
+
+#include <limits>
+
+namespace vantor {
+namespace {
+
+using test::errorOf;
+
+TEST(Text, CapitalsFollowTheCodePage) {
+    EXPECT_EQ(upper("az\xFC\xE9\xFF\x9A\x9C\x9E"), "AZ\xDC\xC9\x9F\x8A\x8C\x8E");
+    EXPECT_EQ(upper("\xF7\xDF\xD7"), "\xF7\xDF\xD7"); // the division sign and the sharp s have no capital
+    EXPECT_EQ(lower("\xDC\x9F\xD7"), "\xFC\xFF\xD7");
+    EXPECT_TRUE(equalNoCase("M\xFCnchen", "M\xDCNCHEN"));
+    EXPECT_TRUE(lessNoCase("b", "C"));
+    EXPECT_FALSE(lessNoCase("B", "b"));
+    EXPECT_TRUE(lessNoCase("Z", "\xC4")); // bytes above 127 come last
+    EXPECT_TRUE(lessNoCase("ab", "abc"));
+}
+
+TEST(Text, SearchReplaceAndSplit) {
+    EXPECT_TRUE(containsNoCase("Zurich", "RIC"));
+    EXPECT_TRUE(containsNoCase("", ""));
+    EXPECT_FALSE(containsNoCase("ab", "abc"));
+    EXPECT_EQ(replaceAll("aaa", "aa", "a"), "aa"); // what was put in is not looked at again
+    EXPECT_EQ(replaceAll("abc", "", "x"), "abc");
+    EXPECT_EQ(split("", ","), std::vector<std::string_view>{""});
+    EXPECT_EQ(split("a\r\nb\rc\nd\r\n", "\r\n"), (std::vector<std::string_view>{"a", "b\rc\nd", ""}));
+    EXPECT_EQ(trim(" \t a  "), "\t a");
+    EXPECT_EQ(trim("   "), "");
+}
+
+TEST(Text, Utf8AndTheCodePage) {
+    EXPECT_EQ(toUtf8("\x80 \xFC"), "\xE2\x82\xAC \xC3\xBC");
+    EXPECT_EQ(fromUtf8("\xE2\x82\xAC \xC3\xBC"), "\x80 \xFC");
+    EXPECT_EQ(fromUtf8("\xE4\xB8\xAD"), "?"); // not in the code page
+    EXPECT_EQ(fromUtf8("\xFC"), "\xFC");      // malformed: stands for itself
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte) {
+        all.push_back(static_cast<char>(byte));
+    }
+    EXPECT_EQ(fromUtf8(toUtf8(all)), all);
+}
+
+TEST(Text, FixedFieldsCutAndPad) {
+    FixedText<4> field("abcdef");
+    EXPECT_EQ(field.text(), "abcd");
+    field = " x";
+    EXPECT_EQ(field.raw(), " x  ");
+    EXPECT_EQ(field.text(), "x");
+    EXPECT_EQ(FixedText<4>().text(), "");
+}
+
+TEST(Numbers, TheNumberAtTheFrontOfAText) {
+    EXPECT_EQ(val("12abc"), 12);
+    EXPECT_EQ(val(" 1 2 . 5 x"), 12.5);
+    EXPECT_EQ(val("-.5"), -0.5);
+    EXPECT_EQ(val("+7"), 7);
+    EXPECT_EQ(val("1e3"), 1000);
+    EXPECT_EQ(val("1e"), 1);
+    EXPECT_EQ(val("1d3"), 1);
+    EXPECT_EQ(val("&H10"), 0);
+    EXPECT_EQ(val("1.2.3"), 1.2);
+    EXPECT_EQ(val(""), 0);
+    EXPECT_EQ(val("."), 0);
+    EXPECT_EQ(val("1e999"), std::numeric_limits<double>::max());
+    EXPECT_EQ(val("-1e999"), std::numeric_limits<double>::lowest());
+}
+
+TEST(Numbers, TheWholeTextAsANumber) {
+    EXPECT_EQ(parseNumber("  -2.5E1 "), -25);
+    for (const char* bad : {"", " ", "1 2", "1,5", "abc", "0x10", "1e", "--1", "inf", "nan", "\t1"}) {
+        EXPECT_EQ(errorOf([&] { (void)parseNumber(bad); }), 13) << bad;
+    }
+    EXPECT_EQ(errorOf([] { (void)parseNumber("1e999"); }), 6);
+    EXPECT_EQ(errorOf([] { (void)parseSingle("1e39"); }), 6);
+    EXPECT_EQ(parseInt16(" 2 "), 2); // as a number comes back from a settings file
+}
+
+TEST(Numbers, WholeNumbersTakeHalvesToEven) {
+    EXPECT_EQ(toInt16(0.5), 0);
+    EXPECT_EQ(toInt16(1.5), 2);
+    EXPECT_EQ(toInt16(2.5), 2);
+    EXPECT_EQ(toInt16(-1.5), -2);
+    EXPECT_EQ(toInt16(32767.4), 32767);
+    EXPECT_EQ(errorOf([] { (void)toInt16(32767.5); }), 6);
+    EXPECT_EQ(toInt16(-32768.5), -32768);
+    EXPECT_EQ(errorOf([] { (void)toInt32(2147483648.0); }), 6);
+    EXPECT_EQ(errorOf([] { (void)toInt32(std::numeric_limits<double>::quiet_NaN()); }), 6);
+}
+
+TEST(Numbers, Printing) {
+    EXPECT_EQ(printNumber(2), " 2 ");
+    EXPECT_EQ(printNumber(-2), "-2 ");
+    EXPECT_EQ(shortestSingle(0.1F), "0.1");
+    EXPECT_EQ(shortestSingle(250.0F), "250");
+    EXPECT_EQ(shortestSingle(-0.0F), "0");
+    EXPECT_EQ(shortestSingle(1e20F), "1E+20");
+    EXPECT_EQ(generalNumber(0.1 + 0.2), "0.3");
+    EXPECT_EQ(generalNumber(1234567), "1234567");
+    EXPECT_EQ(fixedNumber(0.125, 2), "0.12");
+    EXPECT_EQ(twoDigits(7), "07");
+    EXPECT_EQ(twoDigits(123), "123");
+}
+
+TEST(Times, ReadStrictly) {
+    EXPECT_EQ(parseTime(" 6:05 "), timeSerial(6, 5, 0));
+    EXPECT_EQ(parseTime("23:59:59"), timeSerial(23, 59, 59));
+    for (const char* bad : {"", "6", "24:00", "6:5", "12:60", "12:00:60", "12:00:", ":30", "1:00:00:00", "-1:00",
+                            "006:00", "6 :00", "6:00PM"}) {
+        EXPECT_EQ(errorOf([&] { (void)parseTime(bad); }), 13) << bad;
+    }
+}
+
+TEST(Times, ShownToTheSecond) {
+    EXPECT_EQ(formatHHMMSS(timeSerial(9, 8, 7)), "09:08:07");
+    EXPECT_EQ(formatHMM(timeSerial(9, 8, 7)), "9:08");
+    EXPECT_EQ(formatHHMM(0.999999999), "00:00"); // rounded to the second first, past midnight
+    EXPECT_EQ(formatHHMMSS(-0.25), "06:00:00");
+    for (int second = 0; second < 86400; ++second) {
+        ASSERT_EQ(secondsOfDay(37000 + second / 86400.0), second);
+    }
+}
+
+TEST(Times, Calendar) {
+    EXPECT_EQ(dayNumber({1899, 12, 30}), 0);
+    EXPECT_EQ(dayNumber({2004, 2, 29}), 38046);
+    EXPECT_EQ(dateOf(38046.99), (Date{2004, 2, 29}));
+    EXPECT_EQ(dateOf(-1), (Date{1899, 12, 29}));
+    test::FakeClock clock;
+    useClock(&clock);
+    clock.setTimer(3600.5);
+    EXPECT_NEAR(timer(), 3600.5F, 0.01F);
+    EXPECT_EQ(today(), dayNumber({2004, 6, 1}));
+    useClock(nullptr);
+    EXPECT_GT(today(), dayNumber({2020, 1, 1}));
+}
+
+} // namespace
+} // namespace vantor

@@ -1,0 +1,102 @@
+#include "world.h"
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+namespace vantor::bench {
+
+namespace {
+
+// A linear congruential generator (constants of Knuth's MMIX): the same numbers everywhere.
+class Numbers {
+  public:
+    int below(int bound) {
+        m_state = m_state * 6364136223846793005ULL + 1442695040888963407ULL;
+        return static_cast<int>((m_state >> 33U) % static_cast<std::uint64_t>(bound));
+    }
+
+  private:
+    std::uint64_t m_state = 20040601;
+};
+
+template <class... Values>
+std::string print(const char* format, Values... values) {
+    std::array<char, 256> buffer{};
+    const int length = std::snprintf(buffer.data(), buffer.size(), format, values...);
+    return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
+std::string airportCode(int number) {
+    std::string code(4, 'A');
+    for (std::size_t at = 4; at-- > 0; number /= 26) {
+        code[at] = static_cast<char>('A' + number % 26);
+    }
+    return code;
+}
+
+std::string clockText(int minutes) {
+    return print("%02d:%02d:00", minutes / 60 % 24, minutes % 60);
+}
+
+std::string aircraftFile(const WorldOptions& options) {
+    std::string text;
+    for (int i = 1; i <= options.aircraft; ++i) {
+        const int number = options.reversedAircraft ? options.aircraft + 1 - i : i;
+        text += print("AC#%d,%d,\"Type %d Livery %d\"\r\n", number, 90 + number % 420, number % 60, number);
+    }
+    return text;
+}
+
+std::string airportsFile(const WorldOptions& options, Numbers& numbers) {
+    std::string text;
+    for (int i = 0; i < options.airports; ++i) {
+        text += print("%s,%c%d* %02d.%02d',%c%d* %02d.%02d',%d\r\n", airportCode(i).c_str(),
+                      numbers.below(3) == 0 ? 'S' : 'N', numbers.below(70), numbers.below(60), numbers.below(60),
+                      numbers.below(2) == 0 ? 'E' : 'W', numbers.below(180), numbers.below(60), numbers.below(60),
+                      numbers.below(5000));
+    }
+    return text;
+}
+
+void appendSchedule(std::string& text, int number, const WorldOptions& options, Numbers& numbers) {
+    const bool weekly = numbers.below(2) == 0;
+    text += print("AC#%d,N%dV,%d%%,%s,%s", numbers.below(options.aircraft) + 1 + (options.unknownAircraft ? 500000 : 0),
+                  number, 5 * numbers.below(20) + 5, weekly ? "WEEK" : "24Hr", numbers.below(8) == 0 ? "VFR" : "IFR");
+    const int legs = 2 + numbers.below(13);
+    int minutes = numbers.below(600);
+    for (int leg = 0; leg < legs; ++leg) {
+        const int flight = 40 + numbers.below(300);
+        const int day = minutes / 1440 % 7;
+        const int arrivalDay = (minutes + flight) / 1440 % 7;
+        const int airport = numbers.below(options.airports) + (options.missingAirports ? 100000 : 0);
+        text += weekly ? print(",%d/%s,%s%d/%s", day, clockText(minutes).c_str(), numbers.below(2) == 0 ? "@" : "",
+                               arrivalDay, clockText(minutes + flight).c_str())
+                       : print(",%s,%s", clockText(minutes).c_str(), clockText(minutes + flight).c_str());
+        text += print(", %d ,%c,%d,%s", 10 * (8 + numbers.below(33)), numbers.below(5) == 0 ? 'R' : 'F',
+                      numbers.below(9000) + 1, airportCode(airport).c_str());
+        minutes += flight + 45;
+    }
+    text += "\r\n";
+}
+
+std::uintmax_t write(const std::filesystem::path& file, const std::string& text) {
+    std::ofstream(file, std::ios::binary) << text;
+    return text.size();
+}
+
+} // namespace
+
+std::uintmax_t writeWorld(const std::filesystem::path& folder, const WorldOptions& options) {
+    Numbers numbers;
+    std::uintmax_t size = write(folder / "Aircraft.txt", aircraftFile(options));
+    size += write(folder / "Airports.txt", airportsFile(options, numbers));
+    std::string plans = "// generated\r\n";
+    for (int i = 1; i <= options.schedules; ++i) {
+        appendSchedule(plans, i, options, numbers);
+    }
+    return size + write(folder / "Flightplans.txt", plans);
+}
+
+} // namespace vantor::bench

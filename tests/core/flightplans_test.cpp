@@ -1,0 +1,250 @@
+// The flight plan file: what the reader makes of lines and what the writer puts back.
+#include "core/aircraft_table.h"
+#include "core/flightplans_reader.h"
+#include "core/flightplans_writer.h"
+#include "core/tables.h"
+#include "foundation/log.h"
+#include "support/fixture.h"
+
+#include <string>
+
+namespace vantor {
+namespace {
+
+class FlightplansTest : public test::Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        // Along the equator: sixty miles to a degree.
+        addAirport("AAAA", 0);
+        addAirport("BBBB", 1);
+        addAirport("CCCC", 10);
+        addAircraft("AC#1", 100);
+        addAircraft("AC#2", 600);
+    }
+
+    static void addAirport(std::string_view code, float longitude) {
+        AirportRec record;
+        record.icao = code;
+        record.longdeg = longitude;
+        airports.HashAdd(record);
+    }
+
+    static void addAircraft(std::string_view code, float speed) {
+        AircraftRec record;
+        record.acnum = code;
+        record.cruisespeed = speed;
+        aircraft.append(record);
+        aircraftcount = aircraft.size();
+    }
+
+    void load(std::string_view bytes) {
+        writeFile("Flightplans.txt", bytes);
+        LoadSched(nullptr, path("Flightplans.txt"));
+    }
+
+    std::string fault(std::string_view bytes) {
+        try {
+            load(bytes);
+        } catch (const Error& error) {
+            return std::to_string(error.number()) + " " + error.description();
+        }
+        return "none";
+    }
+
+    std::string saved() {
+        savesc(path("saved.txt"));
+        return readFile("saved.txt");
+    }
+};
+
+TEST_F(FlightplansTest, ReadsHeaderAndClosedLoop) {
+    load("ac#1,n1,50%,24hr,ifr,06:00:00,07:00:00,350,f,101,aaaa,08:00:00,09:00:00, 80 ,r,102,cccc\r\n");
+    ASSERT_EQ(schedulecount, 1);
+    const ScheduleRec record = schedules.HashGetSlot(1);
+    EXPECT_EQ(record.recnum, 1);
+    EXPECT_EQ(record.acnum.text(), "AC#1");
+    EXPECT_EQ(record.tailnumber.text(), "N1");
+    EXPECT_EQ(record.period.text(), "24HR");
+    EXPECT_FALSE(record.weekly);
+    ASSERT_EQ(record.legcount, 2);
+    EXPECT_EQ(record.legs[1].fromicao.text(), "CCCC");
+    EXPECT_EQ(record.legs[2].fromicao.text(), "AAAA");
+    EXPECT_EQ(record.legs[2].hashindex, 1002);
+    EXPECT_EQ(record.legs[1].depday, -1);
+    EXPECT_EQ(record.legs[1].arrday, 0);
+    EXPECT_EQ(record.legs[1].distance, 600.0F);
+    EXPECT_EQ(record.legs[1].flighthours, 6.0F);
+    EXPECT_EQ(record.legs[2].flightlevel, 80);
+    EXPECT_EQ(record.legs[2].legtype.text(), "R");
+}
+
+TEST_F(FlightplansTest, CommentsBlanksAndShortLines) {
+    load("// all comment\r\n   \r\n;x\r\nAC#1,N1,50%,6H,IFR,1,2,3,4,5\r\n"
+         "AC#1,N1,50%,6H,IFR,06:00:00,07:00:00,1,F,1,AAAA // end; of day\r\n"
+         "AC#1,N;2,50%,6H,IFR,06:00:00,07:00:00,1,F,1,AAAA\r\n"
+         "AC#1,N3,50%,6H,IFR,06:00:00,07:00:00,1,F,1,BBBB,\nAC#2,N4,50%,6H,IFR,06:00:00,07:00:00,1,F,1,CCCC");
+    // Ten fields and the cut line are counted and dropped.
+    EXPECT_EQ(schedulecount, 5);
+    EXPECT_EQ(schedules.HashGetSlot(1).legs[1].toicao.text(), "AAAA");
+    EXPECT_EQ(schedules.HashGetSlot(1).legs[1].distance, 0.0F); // from an airport to itself
+    EXPECT_EQ(schedules.HashGetSlot(2).tailnumber.text(), "N3");
+    EXPECT_EQ(schedules.HashGetSlot(2).legcount, 1);
+    EXPECT_EQ(schedules.HashGetSlot(3).tailnumber.text(), "N4");
+    EXPECT_EQ(schedules.HashGetSlot(4).legcount, 0);
+}
+
+TEST_F(FlightplansTest, WideValuesAreCut) {
+    load("AC#12345678,N123456789012345,100.5%,WEEKLY,VFRX,3/06:00:00,3/07:00:00,1,FX,1234567890123,AAAAAAA\r\n");
+    const ScheduleRec record = schedules.HashGetSlot(1);
+    EXPECT_EQ(record.acnum.text(), "AC#1234567");
+    EXPECT_EQ(record.tailnumber.text(), "N12345678901");
+    EXPECT_EQ(record.percent.text(), "100.");
+    EXPECT_EQ(record.period.text(), "WEEK");
+    EXPECT_TRUE(record.weekly);
+    EXPECT_EQ(record.rules.text(), "VFR");
+    EXPECT_EQ(record.legs[1].legtype.text(), "F");
+    EXPECT_EQ(record.legs[1].flightnum.text(), "123456789012");
+    EXPECT_EQ(record.legs[1].toicao.text(), "AAAAAA");
+}
+
+TEST_F(FlightplansTest, UnknownAircraftInheritTheSpeedAbove) {
+    const std::string rest = ",N,1%,6H,IFR,06:00:00,07:00:00,1,F,1,AAAA,06:00:00,07:00:00,1,F,1,CCCC\r\n";
+    load("AC#77" + rest + "AC#2" + rest + "AC#78" + rest);
+    EXPECT_EQ(schedules.HashGetSlot(1).legs[1].flighthours, 2.0F); // 600 nm at 250 knots: 2.4 hours
+    EXPECT_EQ(schedules.HashGetSlot(2).legs[1].flighthours, 1.0F);
+    EXPECT_EQ(schedules.HashGetSlot(3).legs[1].flighthours, 1.0F);
+}
+
+TEST_F(FlightplansTest, ArrivalMarksAndDays) {
+    load("AC#1,N,1%,WEEK,IFR,6/23:00:00,TNG@6/23:30:00,1,F,1,BBBB,0/06:00:00,4/07:00:00,1,F,1,AAAA,"
+         "6/10:00:00,12:00:00,1,F,1,CCCC,2/10:00:00,@12:00:00,1,F,1,AAAA\r\n");
+    const ScheduleRec record = schedules.HashGetSlot(1);
+    EXPECT_TRUE(record.legs[1].atflag);
+    EXPECT_TRUE(record.legs[1].tng);
+    EXPECT_EQ(record.legs[1].arr.text(), "23:30:00");
+    EXPECT_EQ(record.legs[1].arrday, 6);
+    // Without "@" the file's day gives way to a computed one: an hour or more goes to the next day.
+    EXPECT_FALSE(record.legs[2].atflag);
+    EXPECT_EQ(record.legs[2].arr.text(), "07:00:00");
+    EXPECT_EQ(record.legs[2].arrday, 1); // sixty miles at 100 knots round to an hour, and 1 + 6:00 is above 1
+    EXPECT_EQ(record.legs[3].arrday, 0); // six hours from a Saturday
+    EXPECT_EQ(record.legs[4].arrday, 0); // fixed, and no day told
+    EXPECT_EQ(record.legs[4].arr.text(), "12:00:00");
+}
+
+TEST_F(FlightplansTest, HalfAnHourIsRoundedToTheEvenHour) {
+    // 60 nm at 120 knots are half an hour, which rounds to 0: no next day.
+    aircraft[1].cruisespeed = static_cast<float>(60 / 0.5);
+    load("AC#1,N,1%,WEEK,IFR,3/23:00:00,3/23:30:00,1,F,1,BBBB,5/06:00:00,5/07:00:00,1,F,1,AAAA\r\n");
+    EXPECT_EQ(schedules.HashGetSlot(1).legs[2].flighthours, 0.0F);
+    EXPECT_EQ(schedules.HashGetSlot(1).legs[1].arrday, 3);
+}
+
+TEST_F(FlightplansTest, EmptyMissingAndUnreadable) {
+    EXPECT_EQ(fault(""), "23000 " + path("Flightplans.txt") +
+                             " missing or empty.   Please run this program in the TrafficTools path AFTER you have "
+                             "decompiled Traffic.BGL");
+    try {
+        LoadSched(nullptr, path("absent.txt"));
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), 53);
+        EXPECT_EQ(error.description(), "File not found in LoadSched");
+    }
+    EXPECT_EQ(fault("AC#1,N,1%,6H,IFR,06:00:00,07:00:00,40000,F,1,AAAA\r\n"), "6 Overflow in LoadSched");
+}
+
+TEST_F(FlightplansTest, MismatchNamesPlanLegAndPreviousCallSign) {
+    schedulecount = 99;
+    const std::string good = "AC#2,GOOD,1%,6H,IFR,06:00:00,07:00:00,1,F,1,AAAA\r\n";
+    const std::string start = "Error in " + path("Flightplans.txt") + ".\rFlightplan number ";
+    EXPECT_EQ(fault(good + "AC#1,BAD,1%,WEEK,IFR,1/06:00:00,1/07:00:00,1,F,7,BBBB,1/nine,1/10:00:00,1,F,8,AAAA\r\n"),
+              "13 " + start +
+                  "2 is invalid. \rAC#1 Call sign: BAD aircraft: AC#1  Leg: 2 Flight No: 8            From: BBBB   To: "
+                  "AAAA   ETD: NINE         Previous call sign: GOOD");
+    EXPECT_EQ(schedulecount, 99); // keeps its former value
+    EXPECT_EQ(schedules.HashGetSlot(1).tailnumber.text(), "GOOD");
+    EXPECT_NE(logLines().back().find("Flightplan number 2 is invalid."), std::string::npos);
+
+    // In a line's first pass the leg index is that of the line before, one past its last leg.
+    EXPECT_EQ(fault(good + "AC#1,BAD,1%,6H,IFR,06:00:00,07:00:00,high,F,7,BBBB\r\n"),
+              "13 " + start + "2 is invalid. \rAC#1 Call sign: BAD aircraft: AC#1  Leg: 2 Flight No: " +
+                  std::string(12, ' ') + " From: " + std::string(6, ' ') + " To: " + std::string(6, ' ') +
+                  " ETD: " + std::string(12, ' ') + " Previous call sign: GOOD");
+    EXPECT_EQ(fault("AC#1,BAD,1%,6H,IFR,06:00:00,07:00:00,high,F,7,BBBB\r\n"),
+              "13 " + start + "1 is invalid. \rAC#1 Call sign: BAD aircraft: AC#1");
+}
+
+TEST_F(FlightplansTest, LinesBeyondTheFormatAreRefused) {
+    std::string wide = "AC#1,N,1%,6H,IFR";
+    for (int leg = 0; leg < 166; ++leg) {
+        wide += ",06:00:00,07:00:00,1,F,1,AAAA";
+    }
+    load(wide + "\r\n"); // 1001 fields
+    EXPECT_EQ(schedules.HashGetSlot(1).legcount, 166);
+    EXPECT_EQ(fault(wide + ",x\r\n").substr(0, 3), "13 ");
+    EXPECT_EQ(schedules.HashGetSlot(1).legcount, 0);
+
+    const std::string oneLeg = "AC#1,N,1%,6H,IFR,06:00:00,07:00:00,1,F,1,AAAA";
+    EXPECT_EQ(fault(oneLeg + ",06:00:00\r\n"), "none"); // one field more is ignored like a trailing comma
+    EXPECT_EQ(fault(oneLeg + ",06:00:00,07:00:00\r\n").substr(0, 3), "13 ");
+    EXPECT_EQ(fault(oneLeg + ",06:00:00,07:00:00,1,F,1\r\n").substr(0, 3), "13 ");
+}
+
+TEST_F(FlightplansTest, WritesTheFormThatItReads) {
+    load("ac#1,n1, 50% ,WEEK,IFR,1/06:00:00,@tng3/07:30:00,350,F,101,AAAA,1/09:00:00,1/10:00:00,-5,r,,CCCC\r\n"
+         "AC#2,N2,100%,6H,VFR,12:00:00,TNG00:00:00,80,F,123,AAAA,12:30:00,@00:00:00,80,R,124,BBBB // c\r\n");
+    const std::string expected =
+        "AC#1,N1,50%,WEEK,IFR,1/06:00:00,@TNG3/07:30:00, 350 ,F,101,AAAA,1/09:00:00,2/10:00:00,-5 ,R,,CCCC\r\n"
+        "AC#2,N2,100%,6H,VFR,12:00:00,TNG00:00:00, 80 ,F,123,AAAA,12:30:00,@00:00:00, 80 ,R,124,BBBB\r\n";
+    EXPECT_EQ(saved(), expected);
+    load(expected);
+    EXPECT_EQ(saved(), expected);
+}
+
+TEST_F(FlightplansTest, DeletedLegsAndTheirCommas) {
+    load("AC#1,N1,1%,6H,IFR,01:00:00,02:00:00,1,F,1,AAAA,03:00:00,04:00:00,2,F,2,BBBB,05:00:00,06:00:00,3,F,3,CCCC\r\n"
+         "AC#2,N2,1%,6H,IFR,01:00:00,02:00:00,1,F,1,AAAA\r\n");
+    const auto erase = [](std::int32_t recnum, std::int32_t leg, bool deleted) {
+        ScheduleRec record = schedules.HashGetSlot(recnum);
+        record.legs[leg].deleted = deleted;
+        schedules.HashPutSlot(recnum, record);
+    };
+    const std::string head = "AC#1,N1,1%,6H,IFR,";
+    const std::string leg1 = "01:00:00,02:00:00, 1 ,F,1,AAAA,";
+    const std::string leg2 = "03:00:00,04:00:00, 2 ,F,2,BBBB,";
+    const std::string second = "AC#2,N2,1%,6H,IFR,01:00:00,02:00:00, 1 ,F,1,AAAA\r\n";
+    // The comma goes by the count of all legs, so one stands behind the last leg written as well.
+    erase(1, 2, true);
+    EXPECT_EQ(saved(), head + leg1 + "05:00:00,06:00:00, 3 ,F,3,CCCC,\r\n" + second);
+    erase(1, 2, false);
+    erase(1, 3, true);
+    EXPECT_EQ(saved(), head + leg1 + leg2 + "\r\n" + second);
+    erase(1, 1, true);
+    erase(1, 2, true);
+    EXPECT_EQ(saved(), head + "\r\n" + second);
+    load(saved());
+    EXPECT_EQ(schedulecount, 2); // the bare header is counted and dropped
+    EXPECT_EQ(schedules.HashGetSlot(1).tailnumber.text(), "N2");
+
+    ScheduleRec record = schedules.HashGetSlot(1);
+    record.deleted = true;
+    schedules.HashPutSlot(1, record);
+    EXPECT_EQ(saved(), "");
+}
+
+TEST_F(FlightplansTest, AFailedSaveKeepsTheOldFileAndTheTables) {
+    load("AC#2,N2,1%,6H,IFR,01:00:00,02:00:00,1,F,1,AAAA\r\n");
+    const std::string before = readFile("Flightplans.txt");
+    std::filesystem::permissions(folder() / "Flightplans.txt", std::filesystem::perms::owner_read);
+    savesc(path("Flightplans.txt"));
+    EXPECT_EQ(readFile("Flightplans.txt"), before);
+    EXPECT_EQ(newestAction(), "Path/File access error(75) in sub savesc of module modSchedSave");
+    savesc(path("absent\\Flightplans.txt"));
+    EXPECT_EQ(newestAction(), "Path not found(76) in sub savesc of module modSchedSave");
+    EXPECT_EQ(schedules.HashGetSlot(1).legcount, 1);
+}
+
+} // namespace
+} // namespace vantor

@@ -1,0 +1,141 @@
+// What the program asks of the disk: existence, attributes, dates, whole files, folders.
+#include "foundation/files.h"
+#include "foundation/log.h"
+#include "support/expect_error.h"
+#include "support/fixture.h"
+
+#include <chrono>
+
+namespace vantor {
+namespace {
+
+using test::errorOf;
+using Names = std::vector<std::string>;
+
+class Disk : public test::Fixture {
+  protected:
+    void chmod(std::string_view name, unsigned mode) const {
+        std::filesystem::permissions(folder() / name, std::filesystem::perms(mode));
+    }
+};
+
+// Read-only, and no one can change that: not even an administrator.
+constexpr std::string_view stubborn = "\\proc\\self\\environ";
+
+TEST_F(Disk, FilesAndFolders) {
+    writeFile("dir\\file.txt", "x");
+    EXPECT_TRUE(FileExists(path("DIR\\File.TXT")));
+    EXPECT_FALSE(FileExists(path("dir")));
+    EXPECT_FALSE(FileExists(path("dir\\file.txt\\")));
+    EXPECT_FALSE(FileExists(path("none")));
+    EXPECT_FALSE(FileExists(""));
+    EXPECT_TRUE(FolderExists(path("dir")));
+    EXPECT_TRUE(FolderExists(path("dir\\")));
+    EXPECT_FALSE(FolderExists(path("none")));
+    EXPECT_FALSE(FolderExists(path("dir\\file.txt")));
+    EXPECT_FALSE(FolderExists(""));
+    EXPECT_FALSE(FolderExists("\\\\server\\share"));
+    EXPECT_FALSE(FileExists(std::string_view("\0", 1)));
+}
+
+TEST_F(Disk, WildcardsAskForTheFirstMatch) {
+    writeFile("dir\\Beta.txt", "x");
+    writeFile("dir\\noext", "x");
+    std::filesystem::create_directory(folder() / "dir/alpha.txt");
+    EXPECT_TRUE(FileExists(path("dir\\b*.TXT")));
+    EXPECT_TRUE(FileExists(path("dir\\?eta.*")));
+    EXPECT_TRUE(FileExists(path("dir\\noe*.*"))); // ".*" fits a name without a dot as well
+    EXPECT_FALSE(FileExists(path("dir\\*.txt"))); // the folder comes first
+    EXPECT_TRUE(FolderExists(path("dir\\*.txt")));
+    EXPECT_FALSE(FileExists(path("dir\\*.*"))); // "." comes first
+    EXPECT_FALSE(FileExists(path("dir\\x*")));
+    EXPECT_FALSE(FileExists(path("none\\*")));
+    EXPECT_TRUE(FileExists(path("dir\\b*t*x*t")));
+    EXPECT_FALSE(FileExists(path("dir\\b*t*y*t")));
+}
+
+TEST_F(Disk, ReadOnlyFiles) {
+    writeFile("file", "x");
+    EXPECT_FALSE(isReadOnly(path("file")));
+    chmod("file", 0444);
+    EXPECT_TRUE(isReadOnly(path("file")));
+    EXPECT_TRUE(MakeReadWrite(path("file")));
+    EXPECT_FALSE(isReadOnly(path("file")));
+    EXPECT_FALSE(isReadOnly(path("none")));
+    EXPECT_FALSE(MakeReadWrite(path("none")));
+    EXPECT_TRUE(isReadOnly(stubborn));
+    EXPECT_FALSE(MakeReadWrite(stubborn));
+
+    chmod("file", 0444);
+    createoutputfile(path("file"))->commit();
+    EXPECT_EQ(readFile("file"), "");
+    EXPECT_TRUE(logLines().empty());
+    chmod("file", 0444);
+    EraseFile(path("file"));
+    EXPECT_FALSE(exists("file"));
+    EraseFile(path("file"));
+    EXPECT_EQ(newestAction(), "");
+}
+
+TEST_F(Disk, AFileThatCantBeMadeWritableIsLogged) {
+    EXPECT_EQ(createoutputfile(stubborn), nullptr);
+    const Names line{std::string(stubborn) + " is read only, can't change it to read write, can't update it"};
+    EXPECT_EQ(logTexts(), line);
+    WriteTextFile(stubborn, "x");
+    EXPECT_EQ(logTexts().size(), 2U);
+    EXPECT_EQ(newestAction(), "");
+}
+
+TEST_F(Disk, WholeFiles) {
+    std::string bytes("a\r\nb\0\xFF", 6);
+    WriteTextFile(path("text"), bytes);
+    EXPECT_EQ(readFile("text"), bytes);
+    std::string text = "before";
+    ReadWholeFile(path("text"), text);
+    EXPECT_EQ(text, bytes);
+    EXPECT_EQ(FileLength(path("text")), 6U);
+    LoadTextFile(path("none"), text);
+    EXPECT_EQ(text, "");
+    EXPECT_EQ(errorOf([&] { (void)FileLength(path("none")); }), 53);
+    LoadTextFile("\\proc\\self\\status", text); // tells a length of 0
+    EXPECT_NE(text.find("VmPeak"), std::string::npos);
+
+    WriteTextFile(path("none\\text"), "x");
+    EXPECT_EQ(newestAction(), "Path not found(76) in sub writetextfile of module mSHAREDFileSubs");
+}
+
+TEST_F(Disk, DatesAreLocalTime) {
+    EXPECT_EQ(FileDate(path("none")), 0);
+    writeFile("file", "x");
+    useClock(nullptr);
+    EXPECT_NEAR(FileDate(path("file")), now(), 1.0 / 24);
+    const std::chrono::sys_seconds then =
+        std::chrono::sys_days(std::chrono::year(2003) / 5 / 28) + std::chrono::hours(12);
+    std::filesystem::last_write_time(folder() / "file", std::chrono::file_clock::from_sys(then));
+    EXPECT_EQ(FileDate(path("file")), localDateTime(then));
+}
+
+TEST_F(Disk, SubfoldersAscendWithoutRegardToCase) {
+    for (const char* const name : {"b", "C", "a", "\xFCser"}) {
+        writeFile(std::string("root\\") + name + "\\x", "");
+    }
+    writeFile("root\\file", "");
+    std::filesystem::create_directory_symlink("a", folder() / "root/d");
+    Names list{"before"};
+    listsubfolders(path("root"), list);
+    EXPECT_EQ(list, (Names{"before", "a\\", "b\\", "C\\", "d\\", "\xFCser\\"}));
+    EXPECT_EQ(recorder.paintPumps, 1);
+
+    const std::string root = path("root\\");
+    fillfolders(root, list, true);
+    EXPECT_EQ(list.front(), root + "a\\aircraft.cfg");
+    EXPECT_EQ(list.size(), 5U);
+    fillfolders(root, list, false);
+    EXPECT_EQ(list.back(), root + "\xFCser\\");
+    fillfolders(path("none\\"), list, true);
+    EXPECT_TRUE(list.empty());
+    EXPECT_EQ(newestAction(), "");
+}
+
+} // namespace
+} // namespace vantor

@@ -1,0 +1,121 @@
+// The progress bar, the throttled pumps and the delays, by a clock that the test sets.
+#include "foundation/error.h"
+#include "foundation/log.h"
+#include "foundation/progress.h"
+#include "support/fixture.h"
+
+#include <limits>
+
+namespace vantor {
+namespace {
+
+using namespace test;
+using Calls = std::vector<CanvasCall>;
+
+class Progress : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        clock.setTimer(1000);
+    }
+    RecordingCanvas box; // 3000 by 600
+};
+
+TEST_F(Progress, ABarWithItsText) {
+    showprogressstring(&box, 25, 100, "Loading");
+    EXPECT_EQ(box.calls,
+              (Calls{SystemColours{}, FilledBox{0, 0, 750, 600, 0x80FF80}, DrawnText{1185, 200, "Loading"}}));
+    EXPECT_EQ(recorder.paintPumps, 1);
+}
+
+TEST_F(Progress, AnEmptyTextShowsThePercentage) {
+    showprogressstring(&box, 1, 3, "");
+    EXPECT_EQ(box.all<DrawnText>(), (std::vector{DrawnText{1365, 200, "33%"}}));
+    clock.advance(1);
+    showprogressstring(&box, 3, 0, ""); // a total of 0 counts as 1, and nothing stops at the edge
+    EXPECT_EQ(box.all<FilledBox>().back(), (FilledBox{0, 0, 9000, 600, 0x80FF80}));
+    EXPECT_EQ(box.all<DrawnText>().back().text, "300%");
+}
+
+TEST_F(Progress, NothingDoneClearsTheBox) {
+    showprogressstring(&box, 0, 100, "Start", 0xFF, 0xAA);
+    EXPECT_EQ(box.calls,
+              (Calls{SystemColours{}, Cleared{}, BackColour{0xAA}, TextColour{0xFF}, DrawnText{1275, 200, "Start"}}));
+    box.calls.clear();
+    clock.advance(1);
+    showprogressstring(&box, -5, 100, "Start");
+    EXPECT_EQ(box.calls.at(1), CanvasCall{Cleared{}});
+}
+
+TEST_F(Progress, WithoutTextTheGivenColourHolds) {
+    showprogress(&box, 1, 2, "", false, false, 0);
+    EXPECT_EQ(box.calls, (Calls{SystemColours{}, FilledBox{0, 0, 1500, 600, 0}}));
+}
+
+TEST_F(Progress, RedrawnAtMostEveryFifteenHundredths) {
+    showprogressstring(&box, 1, 100, "x");
+    clock.setTimer(1000.1);
+    showprogressstring(&box, 2, 100, "x");
+    EXPECT_EQ(box.all<DrawnText>().size(), 1U);
+    showprogressstring(&box, 100, 100, "x"); // the final state always
+    EXPECT_EQ(box.all<DrawnText>().size(), 2U);
+    showprogress(&box, 2, 100, "x", false, true);
+    EXPECT_EQ(box.all<DrawnText>().size(), 3U);
+    clock.setTimer(1000.3);
+    showprogressstring(&box, 3, 100, "x");
+    EXPECT_EQ(box.all<DrawnText>().size(), 4U);
+    clock.setTimer(10); // past midnight: silent until the clock catches up
+    showprogressstring(&box, 4, 100, "x");
+    timedevents();
+    EXPECT_EQ(box.all<DrawnText>().size(), 4U);
+    EXPECT_EQ(recorder.paintPumps, 2);
+}
+
+TEST_F(Progress, AMissingBoxIsOneEntryInTheRing) {
+    showprogressstring(nullptr, 50, 100, "x");
+    EXPECT_EQ(actionText(1),
+              "Object variable or With block variable not set(91) in sub showprogress of module modProgressIndicator");
+    EXPECT_EQ(actionText(2), "");
+    PrintCentered(nullptr, "x", true, 0, 0);
+    EXPECT_NE(actionText(2), "");
+}
+
+TEST_F(Progress, CentredTextInAClearedBox) {
+    PrintCentered(&box, "No data", true, 0, 0);
+    EXPECT_EQ(box.calls, (Calls{Cleared{}, DrawnText{1185, 200, "No data"}}));
+}
+
+TEST_F(Progress, PumpsAreThrottled) {
+    timedevents();
+    clock.setTimer(1000.2);
+    timedevents();
+    EXPECT_EQ(recorder.paintPumps, 1);
+    clock.setTimer(1000.3);
+    timedevents();
+    EXPECT_EQ(recorder.paintPumps, 2);
+    checkevents();
+    EXPECT_EQ(recorder.fullPumps, 0);
+    recorder.pendingInput = true;
+    checkevents();
+    EXPECT_EQ(recorder.fullPumps, 1);
+}
+
+TEST_F(Progress, Delays) {
+    recorder.pendingInput = true;
+    delay(1); // in one piece
+    delay(0.25F);
+    delayms(1000);
+    delay(-1);
+    EXPECT_EQ(recorder.sleeps, (std::vector{1000, 250, 1000, 0}));
+    EXPECT_EQ(recorder.fullPumps, 0);
+    recorder.sleeps.clear();
+    delay(2.25F);
+    EXPECT_EQ(recorder.sleeps, (std::vector{500, 500, 500, 500, 250}));
+    EXPECT_EQ(recorder.fullPumps, 4);
+    recorder.sleeps.clear();
+    delayms(2000);
+    EXPECT_EQ(recorder.sleeps, (std::vector{500, 500, 500, 500}));
+}
+
+} // namespace
+} // namespace vantor

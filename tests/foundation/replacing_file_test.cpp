@@ -1,0 +1,133 @@
+// Files that take an old one's place only when they are whole.
+#include "foundation/files.h"
+#include "support/expect_error.h"
+#include "support/fixture.h"
+#include "support/full_disk.h"
+
+namespace vantor {
+namespace {
+
+using test::errorOf;
+
+class Replacing : public test::Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        writeFile("plans.txt", "old");
+    }
+    // The old file stands byte for byte, and nothing lies beside it.
+    void expectUntouched() const {
+        EXPECT_EQ(readFile("plans.txt"), "old");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder()), {}), 1);
+    }
+};
+
+TEST_F(Replacing, TakesTheOldFilesPlaceOnCommitAlone) {
+    {
+        ReplacingFile file(path("plans.txt"));
+        file.write("new");
+        EXPECT_EQ(readFile("plans.txt"), "old");
+        file.commit();
+        EXPECT_EQ(readFile("plans.txt"), "new");
+        EXPECT_FALSE(file.isOpen());
+        file.commit(); // a second time does nothing
+        EXPECT_EQ(errorOf([&] { file.write("more"); }), 52);
+    }
+    EXPECT_EQ(readFile("plans.txt"), "new");
+    EXPECT_FALSE(exists("plans.txt.~new"));
+    ReplacingFile fresh(path("PLANS2.txt"));
+    fresh.commit();
+    EXPECT_EQ(readFile("PLANS2.txt"), "");
+}
+
+TEST_F(Replacing, WithoutCommitNothingHappened) {
+    { ReplacingFile(path("plans.txt")).write("half"); }
+    expectUntouched();
+    {
+        ReplacingFile file(path("plans.txt"));
+        file.write("half");
+        const ReplacingFile moved(std::move(file));
+        EXPECT_TRUE(moved.isOpen());
+    }
+    expectUntouched();
+}
+
+TEST_F(Replacing, AMovedFileIsCommittedByItsNewHolder) {
+    ReplacingFile file(path("plans.txt"));
+    file.write("ne");
+    {
+        ReplacingFile moved(std::move(file));
+        moved.write("w");
+        moved.commit();
+    }
+    EXPECT_EQ(readFile("plans.txt"), "new");
+}
+
+TEST_F(Replacing, TheCaseOfTheOldNameStays) {
+    ReplacingFile file(path("PLANS.TXT"));
+    file.write("new");
+    file.commit();
+    EXPECT_EQ(readFile("plans.txt"), "new");
+    EXPECT_FALSE(exists("PLANS.TXT"));
+}
+
+TEST_F(Replacing, AFullDiskIsToldOnceAndTheOldFileStays) {
+    const test::FullDisk full(100000);
+    ReplacingFile file(path("plans.txt"));
+    EXPECT_EQ(errorOf([&] {
+                  for (int i = 0; i < 1000; ++i) {
+                      file.write(std::string(1000, 'x'));
+                  }
+              }),
+              61);
+    EXPECT_TRUE(file.failed());
+    EXPECT_EQ(errorOf([&] { file.write("later"); }), 0);
+    EXPECT_EQ(errorOf([&] { file.commit(); }), 0);
+    expectUntouched();
+}
+
+TEST_F(Replacing, ADiskFullAtTheLastFlushIsTold) {
+    const test::FullDisk full(10);
+    ReplacingFile file(path("plans.txt"));
+    file.write("eleven bytes"); // waits in the buffer
+    EXPECT_EQ(errorOf([&] { file.commit(); }), 61);
+    EXPECT_TRUE(file.failed());
+    expectUntouched();
+}
+
+TEST_F(Replacing, WhatCantBeReplaced) {
+    std::filesystem::create_directory(folder() / "dir");
+    EXPECT_EQ(errorOf([&] { ReplacingFile file(path("dir")); }), 75);
+    EXPECT_EQ(errorOf([&] { ReplacingFile file(path("none\\plans.txt")); }), 76);
+    EXPECT_EQ(errorOf([&] { ReplacingFile file("\\dev\\full"); }), 75);
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+    std::filesystem::remove(folder() / "dir");
+    std::filesystem::permissions(folder() / "plans.txt", std::filesystem::perms(0444));
+    EXPECT_EQ(errorOf([&] { ReplacingFile file(path("plans.txt")); }), 75);
+    expectUntouched();
+}
+
+TEST_F(Replacing, ModeAndLinksAreKept) {
+    std::filesystem::permissions(folder() / "plans.txt", std::filesystem::perms(0640));
+    std::filesystem::create_symlink("plans.txt", folder() / "link.txt");
+    std::filesystem::create_symlink(folder() / "link.txt", folder() / "second.txt");
+    ReplacingFile file(path("second.txt"));
+    file.write("new");
+    file.commit();
+    EXPECT_EQ(readFile("plans.txt"), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder() / "link.txt"));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder() / "second.txt"));
+    EXPECT_EQ(std::filesystem::status(folder() / "plans.txt").permissions(), std::filesystem::perms(0640));
+}
+
+TEST_F(Replacing, WhatABrokenRunLeftIsTakenAway) {
+    writeFile("plans.txt.~new", "longer rest of a run that broke off");
+    ReplacingFile file(path("plans.txt"));
+    file.write("new");
+    file.commit();
+    EXPECT_EQ(readFile("plans.txt"), "new");
+    EXPECT_FALSE(exists("plans.txt.~new"));
+}
+
+} // namespace
+} // namespace vantor
