@@ -7,6 +7,9 @@
 #include "views/leg_walk.h"
 #include "views/repetitions.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace vantor {
 
 namespace {
@@ -42,6 +45,22 @@ void addLeg(ListRows& rows, const ScheduleRec& schedule, const LegRec& leg, bool
     }
 }
 
+// The order of a sorted list box. Capitals are made once a row and not once a comparison, which a busy airport feels.
+void sortByTime(ListRows& rows) {
+    std::vector<std::pair<std::string, std::size_t>> keys;
+    keys.reserve(rows.size());
+    for (const ListRow& row : rows) {
+        keys.emplace_back(upper(row.text), keys.size()); // the number behind keeps equal rows in order of arrival
+    }
+    std::ranges::sort(keys);
+    ListRows sorted;
+    sorted.reserve(rows.size() + 1);
+    for (const auto& key : keys) {
+        sorted.push_back(std::move(rows[key.second]));
+    }
+    rows = std::move(sorted);
+}
+
 } // namespace
 
 ListRows timetableRows(std::string_view code) {
@@ -57,7 +76,7 @@ ListRows timetableRows(std::string_view code) {
             trap([&] { addLeg(rows, schedule, leg, departure); });
         }
     });
-    trap([&] { sortRows(rows); });
+    trap([&] { sortByTime(rows); });
     rows.emplace_back(); // the closing row
     return rows;
 }

@@ -11,7 +11,7 @@
 namespace vantor {
 
 /// Most rows that a timetable takes. Only periods of a tiny fraction of an hour come near it.
-inline constexpr std::size_t timetableLimit = 2'000'000;
+inline constexpr std::size_t timetableLimit = 500'000;
 
 /// One row per departure and arrival at the airport `code` (bare, in capitals) in 24 hours, each repetition told
 /// separately, in the order of the displayed time; one empty closing row at the end. Weekly schedules have none. A leg
