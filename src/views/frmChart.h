@@ -9,11 +9,11 @@
 #include <string>
 #include <string_view>
 
+namespace vantor {
+
 namespace Ui {
 class frmChart;
 }
-
-namespace vantor {
 
 class frmChart : public QDialog {
     Q_OBJECT

@@ -12,11 +12,11 @@
 
 class QMouseEvent;
 
+namespace vantor {
+
 namespace Ui {
 class frmMap;
 }
-
-namespace vantor {
 
 class frmMap : public QDialog {
     Q_OBJECT
