@@ -18,6 +18,7 @@ namespace vantor {
 namespace Ui {
 class frmMain;
 }
+class frmSchedEdit;
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -78,6 +79,8 @@ class frmMain : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void connectCommands();
@@ -86,6 +89,7 @@ class frmMain : public QMainWindow {
     void connectViewCommands();
     void connectShortcuts();
     void disablePlannedCommands();
+    void fitPanel();
 
     // Life
     void cmdExit_Click() noexcept;
