@@ -47,6 +47,7 @@ int main(int argc, char* argv[]) {
     int result = 0;
     {
         vantor::frmMain window;
+        host.setMainWindow(&window);
         window.formLoad();
         if (!window.ended()) {
             window.show();

@@ -33,6 +33,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     ui->panel->setMinimumWidth(ui->panelContent->minimumSizeHint().width());
     connectCommands();
     connectListCommands();
+    connectScheduleCommands();
     connectShortcuts();
     disablePlannedCommands();
 }

@@ -77,6 +77,7 @@ class frmMain : public QMainWindow {
   private:
     void connectCommands();
     void connectListCommands();
+    void connectScheduleCommands();
     void connectShortcuts();
     void disablePlannedCommands();
 
@@ -101,6 +102,16 @@ class frmMain : public QMainWindow {
     void List2_Click() noexcept;
     void List3_Click() noexcept;
     void showLegs(LegListing listing, bool clearfirst);
+
+    // Schedules, legs and Find
+    void prepareschedform(frmSchedEdit& editor) noexcept;
+    void cmdAddSchedule_Click() noexcept;
+    void cmdCopy_Click() noexcept;
+    void cmdEditSchedule_Click() noexcept;
+    void cmdDeleteSchedule_Click() noexcept;
+    void cmdEditLeg_Click() noexcept;
+    void cmdDeleteLeg_Click() noexcept;
+    void cmdFind_Click(int index) noexcept;
 
     // Loading and saving
     class Running;

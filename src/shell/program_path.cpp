@@ -4,13 +4,13 @@
 
 namespace vantor {
 
-std::filesystem::path startedProgram(const std::filesystem::path& started,
-                                     const std::filesystem::path& executable) noexcept {
+std::filesystem::path startedProgram(const std::filesystem::path& started, const std::filesystem::path& executable) {
     std::error_code failure;
     if (!started.empty() && std::filesystem::equivalent(started, executable, failure)) {
-        std::filesystem::path whole = std::filesystem::absolute(started, failure);
+        const std::filesystem::path folder =
+            std::filesystem::canonical(std::filesystem::absolute(started, failure).parent_path(), failure);
         if (!failure) {
-            return whole.lexically_normal();
+            return folder / started.filename();
         }
     }
     return executable;

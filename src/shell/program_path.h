@@ -6,9 +6,9 @@
 
 namespace vantor {
 
-/// The path that the program was started by, made absolute, if it leads to the running executable (through links
-/// or not); the executable's own path otherwise. The last component is not followed when it is a link.
+/// The path that the program was started by, with its folder made canonical, if it leads to the running executable;
+/// the executable's own path otherwise. A started path that is itself a link is not followed.
 [[nodiscard]] std::filesystem::path startedProgram(const std::filesystem::path& started,
-                                                   const std::filesystem::path& executable) noexcept;
+                                                   const std::filesystem::path& executable);
 
 } // namespace vantor

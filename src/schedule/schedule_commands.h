@@ -1,0 +1,30 @@
+// Schedule: looking at schedules and changing them one at a time.
+// What the schedule and leg buttons of the main window do to the tables. Nothing is ever removed: deleting is a mark.
+#pragma once
+
+#include "core/records.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace vantor {
+
+/// The schedule that a new one starts as, for the aircraft of a row or code. Its number is one above schedulecount; its
+/// two legs carry the number of the schedule before it and repeat one route. Both are meant.
+[[nodiscard]] ScheduleRec defaultschedule(std::string_view acrow);
+
+/// Adds a schedule to the table and counts it. Faults go to the ring under `procedure`.
+void addschedule(const ScheduleRec& schedule, std::string_view procedure) noexcept;
+/// Adds a copy of schedule `recnum` under the next number. Its legs keep the hashindex of the source (that is meant).
+void copyschedule(std::int32_t recnum) noexcept;
+
+/// Deletes or undeletes a schedule.
+void deleteschedbyrecnum(std::int32_t recnum) noexcept;
+/// Marks all schedules of an aircraft (a row or code) as deleted; it sets and does not toggle.
+void deleteschedbyac(std::string_view acnum) noexcept;
+
+/// Deletes or undeletes one leg. `touched` becomes the schedule it belongs to. A leg that does not exist is a fault in
+/// the ring.
+void toggleleg(std::int32_t recnum, std::int32_t leg, ScheduleRec& touched) noexcept;
+
+} // namespace vantor

@@ -1,0 +1,221 @@
+// frmMain: the buttons under the lists of schedules and legs, and Find in the two combo boxes.
+#include "core/codes.h"
+#include "core/tables.h"
+#include "foundation/host.h"
+#include "foundation/text.h"
+#include "foundation/trap.h"
+#include "platform/combo_box.h"
+#include "platform/list_box.h"
+#include "schedule/frmFind.h"
+#include "schedule/frmSchedEdit.h"
+#include "schedule/list_rows.h"
+#include "schedule/schedule_commands.h"
+#include "shell/frmMain.h"
+#include "ui_frmMain.h"
+
+#include <string>
+#include <utility>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "frmMain";
+
+// Hands a schedule to the editor, and keeps its list from storing while it does.
+void loadEditor(frmSchedEdit& editor, const ScheduleRec& schedule) {
+    editor.locked = true;
+    editor.transfersched(schedule);
+    editor.locked = false;
+}
+
+} // namespace
+
+void frmMain::connectScheduleCommands() {
+    connect(ui->cmdAddSchedule, &QPushButton::clicked, this, &frmMain::cmdAddSchedule_Click);
+    connect(ui->cmdCopy, &QPushButton::clicked, this, &frmMain::cmdCopy_Click);
+    connect(ui->cmdEditSchedule, &QPushButton::clicked, this, &frmMain::cmdEditSchedule_Click);
+    connect(ui->cmdDeleteSchedule, &QPushButton::clicked, this, &frmMain::cmdDeleteSchedule_Click);
+    connect(ui->cmdEditLeg, &QPushButton::clicked, this, &frmMain::cmdEditLeg_Click);
+    connect(ui->cmdDeleteLeg, &QPushButton::clicked, this, &frmMain::cmdDeleteLeg_Click);
+    connect(ui->cmdFind0, &QPushButton::clicked, this, [this] { cmdFind_Click(0); });
+    connect(ui->cmdFind1, &QPushButton::clicked, this, [this] { cmdFind_Click(1); });
+}
+
+void frmMain::prepareschedform(frmSchedEdit& editor) noexcept {
+    const StandardTrap trap{"sub prepareschedform", module};
+    editor.locked = true;
+    trap([&] {
+        ComboBox& box = editor.cmbAircraft();
+        box.setRows(aircraftRows(true)); // missing aircraft too, so that their schedules keep them
+        box.setCurrentRow(0);
+    });
+    trap([&] { editor.cmbAirport(0).setRows(ui->cmbICAO->rows()); });
+    trap([&] { editor.cmbAirport(1).setRows(ui->cmbICAO->rows()); });
+    editor.locked = false;
+}
+
+void frmMain::cmdAddSchedule_Click() noexcept {
+    const StandardTrap trap{"sub cmdaddschedule_click", module};
+    trap([&] {
+        frmSchedEdit editor(this);
+        trap([&] { busymouse(); });
+        prepareschedform(editor);
+        ScheduleRec schedule;
+        trap([&] { schedule = defaultschedule(ui->cmbAC->text()); });
+        trap([&] { normalmouse(); });
+        loadEditor(editor, schedule);
+        trap([&] { editor.exec(); });
+        if (editor.cancelled) {
+            return;
+        }
+        unsavedchanges = true;
+        addschedule(editor.editedsched(), "sub cmdaddschedule_click");
+        trap([&] { displaylist(currenticao, currentac, "", currentunique, ui->List1->currentRow()); });
+        trap([&] { displaylegs(true, schedulecount, ""); });
+    });
+}
+
+void frmMain::cmdCopy_Click() noexcept {
+    const StandardTrap trap{"sub cmdcopy_click", module};
+    const std::int32_t id = ui->List1->currentItemData();
+    if (id == 0) {
+        // The guard is that of cmdEditSchedule, and so it is that button which is disabled. It is meant.
+        ui->cmdEditSchedule->setEnabled(false);
+        return;
+    }
+    trap([&] { busymouse(); });
+    copyschedule(id);
+    unsavedchanges = true;
+    trap([&] { displaylist(currenticao, currentac, "", currentunique, ui->List1->currentRow()); });
+    trap([&] { displaylegs(true, id, ""); });
+    trap([&] { normalmouse(); });
+}
+
+void frmMain::cmdEditSchedule_Click() noexcept {
+    const StandardTrap trap{"sub cmdeditschedule_click", module};
+    const std::int32_t id = ui->List1->currentItemData();
+    if (id == 0) {
+        ui->cmdEditSchedule->setEnabled(false);
+        return;
+    }
+    trap([&] { busymouse(); });
+    const int saved = ui->List1->currentRow();
+    trap([&] {
+        frmSchedEdit editor(this);
+        prepareschedform(editor);
+        ScheduleRec schedule;
+        // A schedule that can't be read must not be overwritten by a blank one.
+        if (!trap([&] { schedule = schedules.HashGetSlot(id); })) {
+            return;
+        }
+        loadEditor(editor, schedule);
+        trap([&] { normalmouse(); });
+        trap([&] { editor.exec(); });
+        trap([&] { busymouse(); });
+        if (!editor.cancelled) {
+            unsavedchanges = true;
+            trap([&] { schedules.HashPutSlot(id, editor.editedsched()); });
+        }
+    });
+    // After a Cancel too. On a filtered list the saved row may be another schedule by now.
+    trap([&] { displaylist(currenticao, currentac, "", currentunique, saved); });
+    trap([&] { displaylegs(true, ui->List1->currentItemData(), ""); });
+    trap([&] { normalmouse(); });
+}
+
+void frmMain::cmdEditLeg_Click() noexcept {
+    const StandardTrap trap{"sub cmdeditleg_click", module};
+    std::int32_t rec = 0;
+    std::int32_t leg = 0;
+    trap([&] { extractindexes(ui->List2->currentItemData(), rec, leg); });
+    if (rec == 0 || leg == 0) {
+        return;
+    }
+    unsavedchanges = true; // before the user has done anything: a Cancel leaves it set, which is meant
+    trap([&] { busymouse(); });
+    trap([&] {
+        frmSchedEdit editor(this);
+        prepareschedform(editor);
+        ScheduleRec schedule;
+        if (!trap([&] { schedule = schedules.HashGetSlot(rec); })) {
+            return;
+        }
+        loadEditor(editor, schedule);
+        trap([&] {
+            // The row counts and not the leg: on a filtered list the editor may open on another leg. It is meant.
+            if (ui->List2->rowCount() <= editor.List1().rowCount()) {
+                editor.List1().setCurrentRow(ui->List2->currentRow());
+            }
+        });
+        trap([&] { normalmouse(); });
+        trap([&] { editor.exec(); });
+        if (!editor.cancelled) {
+            trap([&] { busymouse(); });
+            unsavedchanges = true;
+            trap([&] { schedules.HashPutSlot(rec, editor.editedsched()); });
+        }
+    });
+    trap([&] { displayselected(); }); // List1 is not refilled: its row keeps the old text
+    trap([&] { normalmouse(); });
+}
+
+void frmMain::cmdDeleteSchedule_Click() noexcept {
+    const StandardTrap trap{"sub cmddeleteschedule_click", module};
+    const int saved = ui->List1->currentRow();
+    for (int row = 0; row < ui->List1->rowCount(); ++row) {
+        if (ui->List1->isRowSelected(row) && ui->List1->itemData(row) != 0) {
+            deleteschedbyrecnum(ui->List1->itemData(row));
+        }
+    }
+    unsavedchanges = true; // even when no row counted
+    trap([&] { displaylist(currenticao, currentac, "", currentunique, ui->List1->currentRow()); });
+    trap([&] { ui->List2->clear(); });
+    trap([&] {
+        if (saved >= 0) {
+            ui->List1->selectRow(saved);
+        }
+    });
+}
+
+void frmMain::cmdDeleteLeg_Click() noexcept {
+    const StandardTrap trap{"sub cmddeleteleg_click", module};
+    ScheduleRec touched;
+    std::int32_t rec = 0;
+    std::int32_t leg = 0;
+    for (int row = 0; row < ui->List2->rowCount(); ++row) {
+        if (!ui->List2->isRowSelected(row)) {
+            continue;
+        }
+        trap([&] { ui->List2->setCurrentRow(row); });
+        // A row without a leg's number keeps the one of the row before, whose leg is toggled back. It is meant.
+        trap([&] { extractindexes(ui->List2->currentItemData(), rec, leg); });
+        if (rec != 0 && leg != 0) {
+            unsavedchanges = true;
+            toggleleg(rec, leg, touched);
+        }
+    }
+    trap([&] {
+        const std::int32_t id = ui->List1->currentItemData();
+        if (id == 0) {
+            fillsecondlist(touched.acnum.text(), ui->cmbICAO->text());
+        } else {
+            displaylegs(true, id, "");
+        }
+    });
+    if (ui->List2->rowCount() > 0) {
+        enablelegbuttons();
+    }
+}
+
+void frmMain::cmdFind_Click(int index) noexcept {
+    const StandardTrap trap{"sub cmdfind_click", module};
+    trap([&] {
+        ComboBox& box = index == 0 ? *ui->cmbAC : *ui->cmbICAO;
+        if (box.rowCount() > 0) {
+            findstring(box, this);
+        }
+    });
+}
+
+} // namespace vantor

@@ -1,0 +1,220 @@
+// Tests of the Qt side of the program.
+// The combo box: picking is a click, typing and completing are not, with and without typing.
+#include "platform/combo_box.h"
+#include "support/form_driver.h"
+
+#include <QCompleter>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+namespace vantor {
+namespace {
+
+using test::pickRow;
+using test::pressKey;
+using test::typeOver;
+
+class ComboBoxTest : public testing::TestWithParam<bool> {
+  protected:
+    ComboBoxTest() {
+        auto* layout = new QVBoxLayout(&form);
+        layout->addWidget(&combo);
+        layout->addWidget(&other);
+        fill();
+        combo.setEditable(GetParam());
+        combo.setCurrentRow(-1);
+        form.show();
+        form.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+        other.setFocus();
+        QObject::connect(&combo, &ComboBox::rowClicked, &combo, [this] { ++clicks; });
+    }
+    ~ComboBoxTest() override {
+        combo.setParent(nullptr);
+        other.setParent(nullptr);
+    }
+
+    void fill() { combo.setRows({{"EDDF - Frankfurt", 1}, {"EGLL - London", 2}, {"YPPH - Perth", 3}}); }
+
+    void wheelDown() {
+        const QPointF at = combo.rect().center();
+        QWheelEvent wheel(at, combo.mapToGlobal(at), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&combo, &wheel);
+    }
+
+    QWidget form;
+    ComboBox combo;
+    QPushButton other;
+    int clicks = 0;
+};
+
+INSTANTIATE_TEST_SUITE_P(Typing, ComboBoxTest, testing::Bool(),
+                         [](const auto& typing) { return typing.param ? "Editable" : "ListOnly"; });
+
+TEST_P(ComboBoxTest, FillingNeverPicksARow) {
+    ComboBox fresh;
+    fresh.setEditable(GetParam());
+    QObject::connect(&fresh, &ComboBox::rowClicked, &fresh, [this] { ++clicks; });
+    fresh.addRow("first", 1);
+    fresh.addRow("second", 2);
+    EXPECT_EQ(fresh.currentRow(), -1);
+    EXPECT_EQ(fresh.text(), "");
+    EXPECT_EQ(fresh.rowText(2), "");
+    EXPECT_EQ(fresh.itemData(1), 2);
+    fresh.setCurrentRow(1);
+    EXPECT_EQ(clicks, 1);
+    fresh.setRows({{"new", 9}});
+    EXPECT_EQ(fresh.currentRow(), -1);
+    EXPECT_EQ(fresh.text(), "");
+    fresh.clear();
+    EXPECT_EQ(fresh.rowCount(), 0);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_P(ComboBoxTest, CodeClicksOnlyWhenTheCurrentRowChanges) {
+    combo.setCurrentRow(1);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(combo.text(), "EGLL - London");
+    EXPECT_EQ(combo.currentItemData(), 2);
+    combo.setCurrentRow(1);
+    combo.setCurrentRow(3);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(combo.currentRow(), 1);
+    combo.setCurrentRow(-1);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(combo.text(), "");
+}
+
+TEST_P(ComboBoxTest, SettingTheTextIsNoClick) {
+    combo.setText("YPPH - Perth");
+    EXPECT_EQ(combo.currentRow(), 2);
+    combo.setText("nowhere");
+    EXPECT_EQ(combo.currentRow(), GetParam() ? -1 : 2);
+    EXPECT_EQ(combo.text(), GetParam() ? "nowhere" : "YPPH - Perth");
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_P(ComboBoxTest, ChangedAndRemovedRowsTakeTheTextAlong) {
+    combo.setCurrentRow(1);
+    combo.setRowText(1, "EGKK - Gatwick");
+    EXPECT_EQ(combo.text(), "EGKK - Gatwick");
+    combo.setRowText(0, "EDDM - Munich");
+    combo.removeRow(0);
+    EXPECT_EQ(combo.currentRow(), 0);
+    EXPECT_EQ(combo.text(), "EGKK - Gatwick");
+    combo.removeRow(0);
+    EXPECT_EQ(combo.currentRow(), -1);
+    EXPECT_EQ(combo.text(), "");
+    combo.removeRow(5);
+    EXPECT_EQ(combo.rows(), (ListRows{{"YPPH - Perth", 3}}));
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_P(ComboBoxTest, APickFromTheListIsAClickAlsoOnTheCurrentRow) {
+    pickRow(combo, 2);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(combo.text(), "YPPH - Perth");
+    pickRow(combo, 2);
+    EXPECT_EQ(clicks, 2);
+    combo.showPopup();
+    pressKey(*combo.view(), Qt::Key_Escape);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_P(ComboBoxTest, ArrowKeysAndTheWheelPickOnlyWithTheFocus) {
+    combo.setCurrentRow(0);
+    clicks = 0;
+    wheelDown();
+    EXPECT_EQ(combo.currentRow(), 0);
+    combo.setFocus();
+    pressKey(combo, Qt::Key_Down);
+    EXPECT_EQ(combo.currentRow(), 1);
+    EXPECT_EQ(clicks, 1);
+    wheelDown();
+    EXPECT_EQ(combo.currentRow(), 2);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_P(ComboBoxTest, SwitchingTypingOnAndOffKeepsTheRow) {
+    combo.setCurrentRow(1);
+    combo.setProperty("editable", !GetParam());
+    EXPECT_EQ(combo.isEditable(), !GetParam());
+    combo.setProperty("editable", GetParam());
+    EXPECT_EQ(combo.currentRow(), 1);
+    pickRow(combo, 0);
+    EXPECT_EQ(clicks, 2);
+}
+
+class EditableComboTest : public ComboBoxTest {};
+INSTANTIATE_TEST_SUITE_P(Typing, EditableComboTest, testing::Values(true));
+
+TEST_P(EditableComboTest, TypingEnterAndLeavingAreNoClicks) {
+    combo.setCurrentRow(0);
+    clicks = 0;
+    typeOver(combo, "YPPH - Perth");
+    EXPECT_EQ(combo.text(), "YPPH - Perth");
+    EXPECT_EQ(combo.currentRow(), -1);
+    pressKey(combo, Qt::Key_Return);
+    other.setFocus();
+    EXPECT_EQ(combo.text(), "YPPH - Perth");
+    EXPECT_EQ(combo.currentRow(), -1);
+    EXPECT_EQ(combo.rowCount(), 3);
+    EXPECT_EQ(clicks, 0);
+    combo.setCurrentRow(0); // typed over, so this is a change
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(combo.text(), "EDDF - Frankfurt");
+}
+
+TEST_P(EditableComboTest, CompletingIsTyping) {
+    typeOver(combo, "per"); // in the title, small letters
+    QAbstractItemView* popup = combo.lineEdit()->completer()->popup();
+    ASSERT_TRUE(popup->isVisible());
+    ASSERT_EQ(popup->model()->rowCount(), 1);
+    pressKey(*popup, Qt::Key_Down);
+    pressKey(*popup, Qt::Key_Return);
+    EXPECT_FALSE(popup->isVisible());
+    EXPECT_EQ(combo.text(), "YPPH - Perth");
+    typeOver(combo, "egl");
+    ASSERT_TRUE(popup->isVisible());
+    QTest::mouseClick(popup->viewport(), Qt::LeftButton, {}, popup->visualRect(popup->model()->index(0, 0)).center());
+    EXPECT_EQ(combo.text(), "EGLL - London");
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_P(EditableComboTest, TypedTextSurvivesChangesOfTheRows) {
+    combo.setCurrentRow(1);
+    typeOver(combo, "kse");
+    pressKey(*combo.lineEdit()->completer()->popup(), Qt::Key_Escape);
+    combo.addRow("KSEA - Seattle", 4);
+    combo.setRowText(1, "EGLC - London City");
+    combo.setItemData(1, 77);
+    combo.removeRow(1);
+    EXPECT_EQ(combo.text(), "kse");
+    EXPECT_EQ(combo.currentRow(), -1);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_P(EditableComboTest, NineThousandRowsCompleteAndOpen) {
+    ListRows rows;
+    for (int i = 0; i < 9000; ++i) {
+        rows.push_back({"A" + std::to_string(i) + " - Airport number " + std::to_string(i), i});
+    }
+    combo.setRows(std::move(rows));
+    typeOver(combo, "airport number 899");
+    QAbstractItemView* popup = combo.lineEdit()->completer()->popup();
+    ASSERT_TRUE(popup->isVisible());
+    EXPECT_EQ(popup->model()->rowCount(), 11); // 899 and 8990 to 8999
+    pressKey(*popup, Qt::Key_Escape);
+    pickRow(combo, 8999);
+    EXPECT_EQ(combo.currentItemData(), 8999);
+    EXPECT_EQ(clicks, 1);
+}
+
+} // namespace
+} // namespace vantor

@@ -1,0 +1,291 @@
+// Tests of the Qt side of the program.
+// The list box: what counts as a click, by mouse, by key and by code, and what is selected when it is told.
+#include "platform/list_box.h"
+#include "support/form_driver.h"
+
+#include <QDialog>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <vector>
+
+namespace vantor {
+namespace {
+
+using test::clickRow;
+using test::doubleClickRow;
+using test::pressKey;
+
+ListRows numberedRows(int count) {
+    ListRows rows;
+    for (int i = 0; i < count; ++i) {
+        rows.push_back({"row " + std::to_string(i), 100 + i});
+    }
+    return rows;
+}
+
+class ListBoxTest : public testing::Test {
+  protected:
+    ListBoxTest() {
+        list.resize(220, 300);
+        list.setRows(numberedRows(8));
+        list.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&list));
+        QObject::connect(&list, &ListBox::rowClicked, &list, [this] {
+            ++clicks;
+            selectedAtClick = list.selectedRowCount();
+            currentAtClick = list.currentRow();
+        });
+        QObject::connect(&list, &ListBox::rowActivated, &list, [this] { ++activations; });
+    }
+
+    [[nodiscard]] std::vector<int> selected() const {
+        std::vector<int> rows;
+        for (int row = 0; row < list.rowCount(); ++row) {
+            if (list.isRowSelected(row)) {
+                rows.push_back(row);
+            }
+        }
+        return rows;
+    }
+
+    ListBox list;
+    int clicks = 0;
+    int activations = 0;
+    int selectedAtClick = -1;
+    int currentAtClick = -2;
+};
+
+TEST_F(ListBoxTest, RowsAndWhatLiesOutsideThem) {
+    EXPECT_EQ(list.currentRow(), -1);
+    EXPECT_EQ(list.currentItemData(), 0);
+    EXPECT_EQ(list.currentText(), "");
+    list.addRow("Z\xFCrich", 7);
+    EXPECT_EQ(list.rowCount(), 9);
+    EXPECT_EQ(list.rowText(8), "Z\xFCrich");
+    EXPECT_EQ(list.rowText(9), "");
+    EXPECT_EQ(list.itemData(9), 0);
+    EXPECT_EQ(list.rowText(-1), "");
+    list.setItemData(8, -5);
+    EXPECT_EQ(list.itemData(8), -5);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(ListBoxTest, CodeClicksOnlyWhenTheCurrentRowChanges) {
+    list.setCurrentRow(2);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(currentAtClick, 2);
+    EXPECT_EQ(selectedAtClick, 1);
+    EXPECT_EQ(list.currentItemData(), 102);
+    list.setCurrentRow(2);
+    EXPECT_EQ(clicks, 1);
+    list.setCurrentRow(4);
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(selected(), (std::vector{2, 4})); // the row joins those selected before
+    list.setCurrentRow(8);
+    list.setCurrentRow(-2);
+    EXPECT_EQ(list.currentRow(), 4);
+    list.setCurrentRow(-1);
+    EXPECT_EQ(list.currentRow(), -1);
+    EXPECT_EQ(clicks, 2);
+    list.selectRow(4);
+    list.selectRow(4);
+    EXPECT_EQ(clicks, 4);
+    EXPECT_EQ(selected(), std::vector{4});
+}
+
+TEST_F(ListBoxTest, SingleSelectionKeepsOneRow) {
+    list.setSelectionMode(QAbstractItemView::SingleSelection);
+    list.setCurrentRow(1);
+    list.setCurrentRow(3);
+    EXPECT_EQ(selected(), std::vector{3});
+    list.setCurrentRow(-1);
+    EXPECT_TRUE(selected().empty());
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ListBoxTest, RefillsDropCurrentRowSelectionAndScrollingSilently) {
+    list.setRows(numberedRows(500));
+    list.setCurrentRow(400);
+    EXPECT_GT(list.verticalScrollBar()->value(), 0);
+    ASSERT_EQ(clicks, 1);
+    list.setRows(numberedRows(300));
+    EXPECT_EQ(list.currentRow(), -1);
+    EXPECT_EQ(list.selectedRowCount(), 0);
+    EXPECT_EQ(list.verticalScrollBar()->value(), 0);
+    list.setCurrentRow(0);
+    EXPECT_EQ(clicks, 2); // row 0 of the new rows is another row
+    list.clear();
+    EXPECT_EQ(list.rowCount(), 0);
+    EXPECT_EQ(list.currentRow(), -1);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ListBoxTest, RemovingTheCurrentRowLeavesNone) {
+    list.setCurrentRow(3);
+    list.removeRow(1);
+    EXPECT_EQ(list.currentRow(), 2);
+    EXPECT_EQ(list.currentItemData(), 103);
+    list.removeRow(2);
+    EXPECT_EQ(list.currentRow(), -1);
+    EXPECT_EQ(list.selectedRowCount(), 0);
+    list.setSelectionMode(QAbstractItemView::SingleSelection);
+    list.setCurrentRow(0);
+    list.removeRow(0);
+    EXPECT_EQ(list.currentRow(), -1);
+    EXPECT_EQ(list.selectedRowCount(), 0);
+    list.removeRow(99);
+    EXPECT_EQ(list.rowCount(), 5);
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ListBoxTest, MouseClicksCountOnceAlsoOnTheCurrentRow) {
+    clickRow(list, 2);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(currentAtClick, 2);
+    EXPECT_EQ(selectedAtClick, 1);
+    clickRow(list, 2);
+    EXPECT_EQ(clicks, 2);
+    clickRow(list, 4, Qt::ShiftModifier);
+    EXPECT_EQ(clicks, 3);
+    EXPECT_EQ(selectedAtClick, 3);
+    clickRow(list, 3, Qt::ControlModifier);
+    EXPECT_EQ(clicks, 4);
+    EXPECT_EQ(selected(), (std::vector{2, 4}));
+    EXPECT_EQ(list.currentRow(), 3);
+    clickRow(list, 4); // one of several selected rows: alone at once, and told once
+    EXPECT_EQ(clicks, 5);
+    EXPECT_EQ(selectedAtClick, 1);
+    EXPECT_EQ(selected(), std::vector{4});
+}
+
+TEST_F(ListBoxTest, AClickBelowTheRowsChangesNothing) {
+    clickRow(list, 2);
+    const QPoint below(20, list.visualRect(list.model()->index(7, 0)).bottom() + 20);
+    ASSERT_TRUE(list.viewport()->rect().contains(below));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, below);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(list.currentRow(), 2);
+    EXPECT_EQ(selected(), std::vector{2});
+}
+
+TEST_F(ListBoxTest, DraggingOverRowsIsToldAtItsEnd) {
+    const auto centre = [&](int row) { return list.visualRect(list.model()->index(row, 0)).center(); };
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, centre(1));
+    EXPECT_EQ(clicks, 1);
+    // QTest's own move carries no pressed button on this platform.
+    for (const int row : {2, 3}) {
+        QMouseEvent move(QEvent::MouseMove, centre(row), list.viewport()->mapToGlobal(centre(row)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(list.viewport(), &move);
+    }
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, centre(3));
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(selectedAtClick, 3);
+}
+
+TEST_F(ListBoxTest, KeysCountWhenTheyMoveOrSelect) {
+    list.setFocus();
+    pressKey(list, Qt::Key_Down);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(currentAtClick, 0); // the first key picks the first row: the focus alone picks none
+    pressKey(list, Qt::Key_Up);
+    EXPECT_EQ(clicks, 1); // already at the top
+    pressKey(list, Qt::Key_End);
+    EXPECT_EQ(currentAtClick, 7);
+    pressKey(list, Qt::Key_Home, Qt::ShiftModifier);
+    EXPECT_EQ(clicks, 3);
+    EXPECT_EQ(selectedAtClick, 8);
+    pressKey(list, Qt::Key_PageDown);
+    EXPECT_EQ(clicks, 4);
+    EXPECT_EQ(selectedAtClick, 1);
+    pressKey(list, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(clicks, 5);
+    EXPECT_EQ(selectedAtClick, 8);
+    pressKey(list, Qt::Key_Shift);
+    EXPECT_EQ(clicks, 5);
+}
+
+TEST_F(ListBoxTest, WhatAHandlerChangesByCodeIsNoUsersClick) {
+    QObject::connect(&list, &ListBox::rowClicked, &list, [this] {
+        if (list.currentRow() == 2) {
+            list.setRows(numberedRows(3)); // as a command that refills the list it was called from
+        }
+    });
+    clickRow(list, 2);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(list.currentRow(), -1);
+}
+
+TEST_F(ListBoxTest, DoubleClickAndEnterActivate) {
+    doubleClickRow(list, 3);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(activations, 1);
+    pressKey(list, Qt::Key_Return);
+    pressKey(list, Qt::Key_Enter);
+    EXPECT_EQ(activations, 3);
+    list.setCurrentRow(-1);
+    pressKey(list, Qt::Key_Return);
+    EXPECT_EQ(activations, 3);
+}
+
+TEST(ListBoxInDialogTest, EnterPressesTheDefaultButtonOnlyWhereTheListDoesNotTakeIt) {
+    QDialog dialog;
+    auto* layout = new QVBoxLayout(&dialog);
+    auto* list = new ListBox(&dialog);
+    auto* button = new QPushButton(&dialog);
+    layout->addWidget(list);
+    layout->addWidget(button);
+    button->setDefault(true);
+    int presses = 0;
+    QObject::connect(button, &QPushButton::clicked, button, [&] { ++presses; });
+    list->setRows(numberedRows(2));
+    list->setCurrentRow(0);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    pressKey(*list, Qt::Key_Return);
+    EXPECT_EQ(presses, 1);
+    QObject::connect(list, &ListBox::rowActivated, list, [] {});
+    pressKey(*list, Qt::Key_Return);
+    EXPECT_EQ(presses, 1);
+}
+
+TEST(ListBoxInDialogTest, TheFocusAloneMakesNoRowCurrent) {
+    QDialog dialog;
+    auto* layout = new QVBoxLayout(&dialog);
+    auto* button = new QPushButton(&dialog);
+    auto* list = new ListBox(&dialog);
+    layout->addWidget(button);
+    layout->addWidget(list);
+    list->setRows(numberedRows(2));
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    button->setFocus();
+    pressKey(*button, Qt::Key_Tab);
+    ASSERT_TRUE(list->hasFocus());
+    EXPECT_EQ(list->currentRow(), -1);
+}
+
+TEST_F(ListBoxTest, ADisabledListStillShowsItsCurrentRow) {
+    list.setEnabled(false);
+    list.setCurrentRow(0);
+    EXPECT_EQ(list.currentRow(), 0);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(list.isRowSelected(0));
+}
+
+TEST_F(ListBoxTest, ScrollsSidewaysToTheWidestRowOfMany) {
+    ListRows rows = numberedRows(32731);
+    rows[30000].text = std::string(200, 'W');
+    list.setRows(std::move(rows));
+    ASSERT_TRUE(test::waitFor([&] { return list.horizontalScrollBar()->maximum() > 0; }));
+    list.setCurrentRow(32730);
+    EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.currentIndex())));
+}
+
+} // namespace
+} // namespace vantor

@@ -1,0 +1,113 @@
+// Tests of the Qt side of the program.
+// The Qt host: boxes and their answers, the pointer's balance, event pumps, the locale's words.
+#include "platform/code_page.h"
+#include "platform/qt_host.h"
+#include "support/form_driver.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QLocale>
+#include <QPushButton>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace vantor {
+namespace {
+
+using test::answerBoxes;
+
+class QtHostTest : public testing::Test {
+  protected:
+    QtHost qtHost;
+    QObject looker;
+};
+
+TEST_F(QtHostTest, BoxesShowPlainTextAndGiveTheButton) {
+    const auto boxes = answerBoxes({{"<b>Z\xFCrich</b> & \"C:\\x\""},
+                                    {"Sure?", QMessageBox::Yes},
+                                    {"Sure?", QMessageBox::No},
+                                    {"Sure?", QMessageBox::NoButton}});
+    qtHost.message("<b>Z\xFCrich</b> & \"C:\\x\"");
+    EXPECT_TRUE(qtHost.askYesNo("Sure?"));
+    EXPECT_FALSE(qtHost.askYesNo("Sure?"));
+    EXPECT_FALSE(qtHost.askYesNo("Sure?")); // Escape
+}
+
+TEST_F(QtHostTest, BoxesAreModalPlainAndSafeByDefault) {
+    // The watch serves each box after this look at it.
+    const auto boxes = answerBoxes({{"One?", QMessageBox::No}});
+    bool looked = false;
+    QTimer::singleShot(0, &looker, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        looked = true;
+        EXPECT_EQ(box->objectName(), QStringLiteral("questionBox"));
+        EXPECT_EQ(box->windowTitle(), QStringLiteral("Vantor"));
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
+    });
+    EXPECT_FALSE(qtHost.askYesNo("One?"));
+    EXPECT_TRUE(looked);
+}
+
+TEST_F(QtHostTest, NormalAlwaysBringsTheArrowBack) {
+    ASSERT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    qtHost.setPointer(Pointer::Busy);
+    qtHost.setPointer(Pointer::Busy);
+    qtHost.setPointer(Pointer::SizeAll);
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::SizeAllCursor);
+    qtHost.setPointer(Pointer::Normal);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    qtHost.setPointer(Pointer::Normal);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QtHostTest, ABoxShowsTheArrowDuringABusyCommand) {
+    const auto boxes = answerBoxes({{"stop", QMessageBox::Ok}});
+    qtHost.setPointer(Pointer::Busy);
+    bool arrow = false;
+    QTimer::singleShot(0, &looker, [&] { arrow = QGuiApplication::overrideCursor() == nullptr; });
+    qtHost.message("stop");
+    EXPECT_TRUE(arrow);
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    qtHost.setPointer(Pointer::Normal);
+}
+
+TEST_F(QtHostTest, PumpsRunTimers) {
+    bool ran = false;
+    QTimer::singleShot(0, &looker, [&] { ran = true; });
+    qtHost.pumpEvents(Pump::PaintAndTimers);
+    EXPECT_TRUE(ran);
+    ran = false;
+    QTimer::singleShot(0, &looker, [&] { ran = true; });
+    qtHost.pumpEvents(Pump::Everything);
+    EXPECT_TRUE(ran);
+}
+
+TEST_F(QtHostTest, LocaleWordsComeFromTheSystem) {
+    const QLocale locale = QLocale::system();
+    EXPECT_EQ(qtHost.shortDate({2001, 12, 25}),
+              fromQString(locale.toString(QDate(2001, 12, 25), QLocale::ShortFormat)));
+    EXPECT_EQ(qtHost.weekdayName(1), fromQString(locale.standaloneDayName(Qt::Sunday)));
+    EXPECT_EQ(qtHost.weekdayName(2), fromQString(locale.standaloneDayName(Qt::Monday)));
+    EXPECT_EQ(qtHost.weekdayName(7), fromQString(locale.standaloneDayName(Qt::Saturday)));
+    EXPECT_EQ(qtHost.monthAbbreviation(12), fromQString(locale.standaloneMonthName(12, QLocale::ShortFormat)));
+    EXPECT_EQ(qtHost.booleanWord(true), "True");
+    EXPECT_EQ(qtHost.booleanWord(false), "False");
+}
+
+TEST_F(QtHostTest, GeneralFormLeavesOutAnEmptyDateOrTime) {
+    const double day = dayNumber({2003, 5, 28});
+    const std::string date = qtHost.shortDate({2003, 5, 28});
+    const std::string time = qtHost.generalDateTime(0.5);
+    EXPECT_NE(time.find("12"), std::string::npos);
+    EXPECT_EQ(qtHost.generalDateTime(day), date);
+    EXPECT_EQ(qtHost.generalDateTime(day + 0.5), date + " " + time);
+    EXPECT_FALSE(qtHost.generalDateTime(0.0).empty());
+}
+
+} // namespace
+} // namespace vantor

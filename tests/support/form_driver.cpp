@@ -1,0 +1,200 @@
+// Test support: what several rooms' tests share.
+// Drives forms as a user does: controls by object name, real clicks and keys, answers to the boxes that come up.
+#include "support/form_driver.h"
+
+#include "platform/code_page.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+#include <deque>
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace vantor::test {
+
+namespace {
+
+std::deque<BoxAnswer> expectedBoxes;
+
+struct ExpectedDialog {
+    std::string objectName;
+    std::function<void(QDialog&)> user;
+};
+std::deque<ExpectedDialog> expectedDialogs;
+
+void close(QDialog& dialog) {
+    dialog.reject();
+    if (dialog.isVisible()) {
+        dialog.done(QDialog::Rejected);
+    }
+}
+
+void serveBox(QMessageBox& box) {
+    const std::string text = fromQString(box.text());
+    if (expectedBoxes.empty()) {
+        ADD_FAILURE() << "unexpected message box: " << text;
+        close(box);
+        return;
+    }
+    const BoxAnswer answer = std::move(expectedBoxes.front());
+    expectedBoxes.pop_front();
+    EXPECT_EQ(text, answer.text);
+    if (answer.button == QMessageBox::NoButton) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+    } else if (QAbstractButton* button = box.button(answer.button)) {
+        QTest::mouseClick(button, Qt::LeftButton);
+    } else {
+        ADD_FAILURE() << "the message box lacks the expected button: " << text;
+    }
+    if (box.isVisible()) {
+        ADD_FAILURE() << "the message box stayed open: " << text;
+        close(box);
+    }
+}
+
+void serveDialog(QDialog& dialog) {
+    const std::string name = fromQString(dialog.objectName());
+    if (expectedDialogs.empty() || expectedDialogs.front().objectName != name) {
+        ADD_FAILURE() << "unexpected dialog: " << name << " \"" << fromQString(dialog.windowTitle()) << '"';
+        close(dialog);
+        return;
+    }
+    const ExpectedDialog expected = std::move(expectedDialogs.front());
+    expectedDialogs.pop_front();
+    const QPointer<QDialog> guard(&dialog);
+    // Nothing may leave through the event loop.
+    EXPECT_NO_THROW(expected.user(dialog));
+    if (guard && guard->isVisible()) {
+        ADD_FAILURE() << "the dialog stayed open: " << name;
+        close(dialog);
+    }
+}
+
+void serve(QDialog& dialog) {
+    if (auto* box = qobject_cast<QMessageBox*>(&dialog)) {
+        serveBox(*box);
+    } else {
+        serveDialog(dialog);
+    }
+}
+
+QPoint clickPoint(const QWidget& widget) {
+    const bool hasIndicator =
+        qobject_cast<const QCheckBox*>(&widget) != nullptr || qobject_cast<const QRadioButton*>(&widget) != nullptr;
+    return hasIndicator ? QPoint(8, widget.height() / 2) : widget.rect().center();
+}
+
+QPoint rowPoint(ListBox& list, int row) {
+    const QModelIndex index = list.model()->index(row, 0);
+    if (!index.isValid()) {
+        throw std::runtime_error("no such row: " + std::to_string(row));
+    }
+    list.scrollTo(index);
+    const QRect place = list.visualRect(index).intersected(list.viewport()->rect());
+    if (place.isEmpty()) {
+        throw std::runtime_error("the row can't be seen: " + std::to_string(row));
+    }
+    return place.center();
+}
+
+void expectUsable(const QWidget& widget) {
+    EXPECT_TRUE(widget.isVisible()) << fromQString(widget.objectName()) << " is hidden";
+    EXPECT_TRUE(widget.isEnabled()) << fromQString(widget.objectName()) << " is disabled";
+}
+
+} // namespace
+
+void click(QWidget& control) {
+    expectUsable(control);
+    QTest::mouseClick(&control, Qt::LeftButton, Qt::NoModifier, clickPoint(control));
+}
+
+void click(QWidget& form, std::string_view name) {
+    click(control<QWidget>(form, name));
+}
+
+void clickRow(ListBox& list, int row, Qt::KeyboardModifiers modifiers) {
+    expectUsable(list);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers, rowPoint(list, row));
+}
+
+void doubleClickRow(ListBox& list, int row) {
+    clickRow(list, row);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, rowPoint(list, row));
+}
+
+void pickRow(ComboBox& combo, int row) {
+    expectUsable(combo);
+    combo.setFocus();
+    combo.showPopup();
+    QAbstractItemView* view = combo.view();
+    const QModelIndex index = combo.model()->index(row, 0);
+    view->scrollTo(index);
+    const QPoint point = view->visualRect(index).center();
+    QTest::mouseMove(view->viewport(), point);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, point);
+    EXPECT_FALSE(view->isVisible()) << "the pick did not close the list";
+}
+
+void typeOver(QWidget& field, std::string_view text) {
+    expectUsable(field);
+    field.setFocus();
+    QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&field, Qt::Key_Delete);
+    QTest::keyClicks(&field, toQString(text));
+}
+
+void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(&widget, key, modifiers);
+}
+
+bool waitFor(const std::function<bool()>& condition) {
+    return QTest::qWaitFor(condition, 5000);
+}
+
+Expectation answerBoxes(std::vector<BoxAnswer> answers) {
+    for (BoxAnswer& answer : answers) {
+        expectedBoxes.push_back(std::move(answer));
+    }
+    return Expectation([] {
+        for (const BoxAnswer& answer : std::exchange(expectedBoxes, {})) {
+            ADD_FAILURE() << "a message box never came up: " << answer.text;
+        }
+    });
+}
+
+Expectation expectDialog(std::string_view objectName, std::function<void(QDialog&)> user) {
+    expectedDialogs.push_back({std::string(objectName), std::move(user)});
+    return Expectation([] {
+        for (const ExpectedDialog& dialog : std::exchange(expectedDialogs, {})) {
+            ADD_FAILURE() << "a dialog never came up: " << dialog.objectName;
+        }
+    });
+}
+
+DialogWatch::DialogWatch() {
+    qApp->installEventFilter(this);
+}
+
+bool DialogWatch::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show) {
+        auto* dialog = qobject_cast<QDialog*>(watched);
+        if (dialog != nullptr && dialog->isModal()) {
+            // Served from the dialog's own event loop, when it stands as the user would see it.
+            QTimer::singleShot(0, dialog, [dialog] {
+                if (dialog->isVisible()) {
+                    serve(*dialog);
+                }
+            });
+        }
+    }
+    return false;
+}
+
+} // namespace vantor::test

@@ -1,0 +1,85 @@
+// Test support: what several rooms' tests share.
+// Drives forms as a user does: controls by object name, real clicks and keys, answers to the boxes that come up.
+#pragma once
+
+#include "platform/combo_box.h"
+#include "platform/list_box.h"
+
+#include <QDialog>
+#include <QMessageBox>
+#include <QObject>
+#include <QString>
+#include <QTest>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantor::test {
+
+/// The control of a form by its object name. A missing one, or one of another kind, fails the test.
+template <class Widget>
+[[nodiscard]] Widget& control(const QObject& form, std::string_view name) {
+    const QString objectName = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+    auto* found = form.findChild<Widget*>(objectName);
+    if (found == nullptr) {
+        throw std::runtime_error("no such control: " + std::string(name));
+    }
+    return *found;
+}
+
+/// Clicks a control with the mouse. One that is hidden or disabled fails the test, as no user could press it.
+void click(QWidget& control);
+void click(QWidget& form, std::string_view name);
+
+/// Clicks a row of a list with the mouse.
+void clickRow(ListBox& list, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// A press, and then a double press, as a user's double click arrives.
+void doubleClickRow(ListBox& list, int row);
+/// Opens a combo box's list and clicks a row.
+void pickRow(ComboBox& combo, int row);
+/// Takes what stands in a text field or combo box away and types a text.
+void typeOver(QWidget& field, std::string_view text);
+/// Presses one key.
+void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+/// Lets events run until the condition holds; false when it does not hold within five seconds.
+[[nodiscard]] bool waitFor(const std::function<bool()>& condition);
+
+/// A message box that a test expects: its exact text (bytes of the code page) and the button to press. NoButton
+/// presses Escape.
+struct BoxAnswer {
+    std::string text;
+    QMessageBox::StandardButton button = QMessageBox::Ok;
+};
+
+/// Keeps what is expected while it lives. At its end every expectation must have been served.
+class Expectation {
+  public:
+    explicit Expectation(std::function<void()> finish) : m_finish(std::move(finish)) {}
+    Expectation(const Expectation&) = delete;
+    Expectation& operator=(const Expectation&) = delete;
+    ~Expectation() { m_finish(); }
+
+  private:
+    std::function<void()> m_finish;
+};
+
+/// Answers the message boxes that come up next, in this order, while the result lives.
+[[nodiscard]] Expectation answerBoxes(std::vector<BoxAnswer> answers);
+/// Hands the next modal dialog with this object name to `user`, who must close it, while the result lives.
+[[nodiscard]] Expectation expectDialog(std::string_view objectName, std::function<void(QDialog&)> user);
+
+/// Watches for modal dialogs during the whole run: one that no test expects fails that test and is closed, so that
+/// nothing hangs. Made once by the main function.
+class DialogWatch : public QObject {
+  public:
+    DialogWatch();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+} // namespace vantor::test
