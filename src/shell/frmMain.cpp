@@ -34,6 +34,8 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     connectCommands();
     connectListCommands();
     connectScheduleCommands();
+    connectUtilityCommands();
+    connectAircraftCommands();
     connectShortcuts();
     disablePlannedCommands();
 }

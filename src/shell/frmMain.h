@@ -19,6 +19,9 @@ namespace Ui {
 class frmMain;
 }
 
+class frmAircraftSub;
+struct BulkOutcome;
+
 class frmMain : public QMainWindow {
     Q_OBJECT
   public:
@@ -78,6 +81,8 @@ class frmMain : public QMainWindow {
     void connectCommands();
     void connectListCommands();
     void connectScheduleCommands();
+    void connectUtilityCommands();
+    void connectAircraftCommands();
     void connectShortcuts();
     void disablePlannedCommands();
 
@@ -112,6 +117,25 @@ class frmMain : public QMainWindow {
     void cmdEditLeg_Click() noexcept;
     void cmdDeleteLeg_Click() noexcept;
     void cmdFind_Click(int index) noexcept;
+
+    // Utilities panel
+    void hideframes() noexcept;
+    void showUtilityFrame(QWidget& frame) noexcept;
+    void finishBulkChange(const BulkOutcome& outcome);
+    void cmdChangeFL_Click() noexcept;
+    void cmdUpdateATCPercent_Click() noexcept;
+    void cmdDeleteByICAO_Click() noexcept;
+    void cmbPC1_Click() noexcept;
+    void cmdDoSplit_Click() noexcept;
+    void cmdSplitAC_Click() noexcept;
+
+    // Aircraft
+    void offerAircraft(frmAircraftSub& dialog) noexcept;
+    void takeSubstitute(const std::string& substitutetext);
+    void cmdSubAC_Click() noexcept;
+    void cmdAddFS_Click() noexcept;
+    void cmdDeleteAC_Click() noexcept;
+    void cmdSwapAC_Click() noexcept;
 
     // Loading and saving
     class Running;

@@ -39,10 +39,10 @@ TEST_F(DeleteByAirportTest, AsksWithTheTextInCapitals) {
     EXPECT_EQ(box, "");
 }
 
-TEST_F(DeleteByAirportTest, MarksWholeSchedulesAndRepairsNeighbours) {
-    addLoop({"KSFO", "KLAX"});                 // every leg touches it
-    addLoop({"KLAX", "KSFO", "KSEA"});         // by its first leg: the last leg now ends where the first began
-    addLoop({"KSEA", "KPDX", "KLAX", "KSFO"}); // by its third: the second leg flies on to where it came from
+TEST_F(DeleteByAirportTest, MarksLegsAndWholeSchedules) {
+    addLoop({"KSFO", "KLAX"});         // every leg touches it
+    addLoop({"KLAX", "KSFO", "KSEA"}); // by destination and by origin
+    addLoop({"KSEA", "KPDX", "KLAX", "KSFO"});
     addLoop({"KSEA", "KPDX"});
     addLoop({"KLAX", "KSFO", "KSEA", "KLAX", "KSFO"});
     deleteByAirport("KLAX");
@@ -50,7 +50,6 @@ TEST_F(DeleteByAirportTest, MarksWholeSchedulesAndRepairsNeighbours) {
     EXPECT_EQ(stateOf(2), "xKSEA-KLAX xKLAX-KSFO KSFO-KSEA");
     EXPECT_EQ(stateOf(3), "KSFO-KSEA KSEA-KPDX xKPDX-KLAX xKLAX-KSFO");
     EXPECT_EQ(stateOf(4), "KPDX-KSEA KSEA-KPDX");
-    // The repair of leg 1 turns the last leg, which touched the airport only at its origin, into one that stands still.
     EXPECT_EQ(stateOf(5), "xKSFO-KLAX xKLAX-KSFO KSFO-KSEA xKSEA-KLAX xKLAX-KSFO");
 }
 
@@ -63,13 +62,21 @@ TEST_F(DeleteByAirportTest, RepairCountsBeforeTheLegIsLookedAt) {
     EXPECT_EQ(stateOf(r), "xKSEA-KLAX KSFO-KPDX xKSEA-KSEA");
 }
 
+// In a chain that an earlier change has broken, the leg before a deleted one flies on to where that one began.
+TEST_F(DeleteByAirportTest, RepairsTheLegBefore) {
+    const std::int32_t r = addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("KPDX", "KSEA"), makeLeg("KSFO", "KLAX"),
+                                                                 makeLeg("LFPG", "EGLL"), makeLeg("EGKK", "KSFO")});
+    deleteByAirport("KLAX");
+    EXPECT_EQ(stateOf(r), "KPDX-KSFO xKSFO-KLAX LFPG-EGLL EGKK-KSFO");
+}
+
 TEST_F(DeleteByAirportTest, LegsThatStandStillGoOnlyBesideAMatch) {
     const std::vector<LegRec> legs{makeLeg("EGLL", "EGLL"), makeLeg("EGLL", "LFPG"), makeLeg("LFPG", "EGLL")};
     const std::int32_t first = addSchedule("AC#1,N1,100%,24HR,IFR", legs);
     deleteByAirport("KLAX");
     EXPECT_EQ(stateOf(first), "EGLL-EGLL EGLL-LFPG LFPG-EGLL");
     deleteByAirport("LFPG");
-    EXPECT_EQ(stateOf(first), "xEGLL-EGLL xEGLL-EGLL xLFPG-EGLL");
+    EXPECT_EQ(stateOf(first), "xEGLL-EGLL xEGLL-LFPG xLFPG-EGLL");
 }
 
 TEST_F(DeleteByAirportTest, TwoLegsGetNoRepair) {
@@ -85,7 +92,7 @@ TEST_F(DeleteByAirportTest, PatternsMatchTheFirstCharacters) {
     deleteByAirport("E*L");    // a star elsewhere is a plain character
     EXPECT_EQ(stateOf(1), "LFPG-EGLL EGLL-EGKK EGKK-LFPG");
     deleteByAirport("EG"); // no star is needed
-    EXPECT_EQ(stateOf(1), "X xLFPG-LFPG xEGLL-EGKK xEGKK-EGKK");
+    EXPECT_EQ(stateOf(1), "X xLFPG-EGLL xEGLL-EGKK xEGKK-LFPG");
     deleteByAirport("EG*");
     EXPECT_EQ(stateOf(2), "LFPG-eglc eglc-LFPG");
     EXPECT_EQ(stateOf(3), "LFPG-XEGX XEGX-LFPG");
