@@ -68,6 +68,9 @@ void ComboBox::setEditable(bool editable) {
     setCompleter(nullptr);
     m_completer->setWidget(lineEdit());
     lineEdit()->setCompleter(m_completer);
+    // The list of completions is as wide as its rows, however narrow the box; this comes before the list shows.
+    connect(lineEdit(), &QLineEdit::textEdited, m_completer,
+            [this] { m_completer->popup()->setMinimumWidth(popupWidth()); });
 }
 
 void ComboBox::clear() {

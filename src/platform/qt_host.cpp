@@ -20,9 +20,8 @@
 
 #ifdef Q_OS_WIN
 #include <QDir>
-
-#include <windows.h>
-// Needs windows.h before it.
+#include <qt_windows.h>
+// Needs the system's header before it.
 #include <shellapi.h>
 #endif
 

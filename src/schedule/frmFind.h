@@ -7,11 +7,11 @@
 #include <cstdint>
 #include <memory>
 
+namespace vantor {
+
 namespace Ui {
 class frmFind;
 }
-
-namespace vantor {
 
 class ComboBox;
 

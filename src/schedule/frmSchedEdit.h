@@ -11,11 +11,11 @@
 #include <cstdint>
 #include <memory>
 
+namespace vantor {
+
 namespace Ui {
 class frmSchedEdit;
 }
-
-namespace vantor {
 
 class ComboBox;
 class ListBox;

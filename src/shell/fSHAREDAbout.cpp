@@ -40,7 +40,11 @@ fSHAREDAbout::~fSHAREDAbout() = default;
 void fSHAREDAbout::Form_Load() {
     const StandardTrap trap{"sub form_load", moduleName};
     trap([&] {
-        const int side = fontMetrics().height() * 6;
+        const int line = fontMetrics().height();
+        const int side = line * 6;
+        m_ui->layoutForm->setContentsMargins(line, line, line, line);
+        m_ui->layoutForm->setSpacing(line);
+        m_ui->layoutAbout->setSpacing(line);
         m_ui->picIcon->setPixmap(applicationIcon().pixmap(QSize(side, side), devicePixelRatioF()));
     });
     trap([&] {

@@ -17,7 +17,9 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QLayout>
 #include <QShortcut>
+#include <QStyle>
 
 #include <initializer_list>
 
@@ -29,8 +31,6 @@ constexpr std::string_view module = "frmMain";
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()) {
     ui->setupUi(this);
-    // The scroll area only ever scrolls down: it is as wide as what it holds.
-    ui->panel->setMinimumWidth(ui->panelContent->minimumSizeHint().width());
     connectCommands();
     connectListCommands();
     connectScheduleCommands();
@@ -112,6 +112,38 @@ void frmMain::formLoad() {
         const Error error = currentError();
         errorexit("Error " + std::to_string(error.number()) + " - " + error.description());
     }
+}
+
+void frmMain::showEvent(QShowEvent* event) {
+    fitPanel();
+    ui->picClunk->setPicture(clunkPicture(ui->picClunk->contentsRect().size(), devicePixelRatioF()));
+    QMainWindow::showEvent(event);
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    // Some window systems hand out sizes below the least one that they were told.
+    if (!isMinimized() && size() != size().expandedTo(minimumSize())) {
+        resize(size().expandedTo(minimumSize()));
+    }
+}
+
+void frmMain::fitPanel() {
+    // One size for the five frames of which one shows at a time, so that nothing moves when another is chosen.
+    const std::initializer_list<QWidget*> frames = {ui->frameMassUpdate, ui->frameSetATCPercent, ui->frameDelByIcao,
+                                                    ui->frameSplit, ui->frameSplitAC};
+    QSize size;
+    for (QWidget* const frame : frames) {
+        frame->ensurePolished();
+        size = size.expandedTo(frame->minimumSizeHint());
+    }
+    for (QWidget* const frame : frames) {
+        frame->setMinimumSize(size);
+    }
+    ui->panelContent->layout()->activate();
+    // The panel only ever scrolls up and down: it is as wide as what it holds.
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, ui->panel);
+    ui->panel->setFixedWidth(ui->panelContent->minimumSizeHint().width() + bar);
 }
 
 void frmMain::setupformwithcurrentmode() noexcept {

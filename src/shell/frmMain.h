@@ -18,6 +18,7 @@ namespace vantor {
 namespace Ui {
 class frmMain;
 }
+class frmSchedEdit;
 
 class frmAircraftSub;
 struct BulkOutcome;
@@ -76,6 +77,8 @@ class frmMain : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void connectCommands();
@@ -85,6 +88,7 @@ class frmMain : public QMainWindow {
     void connectAircraftCommands();
     void connectShortcuts();
     void disablePlannedCommands();
+    void fitPanel();
 
     // Life
     void cmdExit_Click() noexcept;

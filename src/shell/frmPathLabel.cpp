@@ -6,7 +6,7 @@
 namespace vantor {
 
 namespace {
-constexpr int usualCharacters = 56;
+constexpr int usualCharacters = 76;
 constexpr int fewestCharacters = 24;
 } // namespace
 

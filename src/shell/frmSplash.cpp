@@ -41,6 +41,13 @@ void frmSplash::Form_Load() {
         light.setColor(QPalette::WindowText, Qt::white);
         m_ui->lblTitle->setPalette(light);
     });
+    trap([&] {
+        // The bar's light green bears dark text only.
+        QPalette bar = m_ui->picProgress->palette();
+        bar.setColor(QPalette::Window, QColor(236, 241, 248));
+        bar.setColor(QPalette::ButtonText, Qt::black);
+        m_ui->picProgress->setPalette(bar);
+    });
     trap([&] { m_ui->lblTitle->setText(QStringLiteral("Vantor ") + toQString(appversion())); });
     trap([&] {
         const QSize size = splashSize(fontMetrics());

@@ -151,6 +151,18 @@ TEST_P(ComboBoxTest, SwitchingTypingOnAndOffKeepsTheRow) {
     EXPECT_EQ(clicks, 2);
 }
 
+TEST_P(ComboBoxTest, RowsOfALayoutFileAreRowsLikeOthers) {
+    ComboBox fresh;
+    QComboBox& base = fresh; // a layout file's code fills it through the base
+    base.addItem(QString());
+    base.addItem(QString());
+    base.setItemText(0, QStringLiteral("Daily"));
+    base.setItemText(1, QStringLiteral("Sun Only"));
+    EXPECT_EQ(fresh.rows(), (ListRows{{"Daily", 0}, {"Sun Only", 0}}));
+    base.clear();
+    EXPECT_EQ(fresh.rowCount(), 0);
+}
+
 class EditableComboTest : public ComboBoxTest {};
 INSTANTIATE_TEST_SUITE_P(Typing, EditableComboTest, testing::Values(true));
 
@@ -210,6 +222,8 @@ TEST_P(EditableComboTest, NineThousandRowsCompleteAndOpen) {
     QAbstractItemView* popup = combo.lineEdit()->completer()->popup();
     ASSERT_TRUE(popup->isVisible());
     EXPECT_EQ(popup->model()->rowCount(), 11); // 899 and 8990 to 8999
+    const QFontMetrics metrics = popup->fontMetrics();
+    EXPECT_GE(popup->width(), metrics.horizontalAdvance(QStringLiteral("A8990 - Airport number 8990")));
     pressKey(*popup, Qt::Key_Escape);
     pickRow(combo, 8999);
     EXPECT_EQ(combo.currentItemData(), 8999);

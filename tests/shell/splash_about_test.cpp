@@ -1,0 +1,78 @@
+// Tests of the splash, the about box and the pictures.
+#include "foundation/progress.h"
+#include "platform/code_page.h"
+#include "platform/picture_box.h"
+#include "shell/application_settings.h"
+#include "shell/fSHAREDAbout.h"
+#include "shell/frmArtwork.h"
+#include "shell/frmSplash.h"
+#include "support/fixture.h"
+#include "support/form_driver.h"
+
+#include <QLabel>
+
+namespace vantor {
+namespace {
+
+using test::control;
+
+class SplashAndAbout : public test::Fixture {};
+
+TEST_F(SplashAndAbout, TheSplashShowsTitleAndBarWithoutBlocking) {
+    frmSplash splash;
+    splash.show();
+    EXPECT_FALSE(splash.isModal());
+    EXPECT_TRUE(splash.windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_EQ(fromQString(control<QLabel>(splash, "lblTitle").text()), "Vantor " + appversion());
+    EXPECT_EQ(splash.size(), control<PictureBox>(splash, "Picture1").size());
+
+    auto& bar = control<PictureBox>(splash, "picProgress");
+    ASSERT_EQ(splash.progress(), static_cast<Canvas*>(&bar));
+    const QRect place(bar.mapTo(&splash, QPoint()), bar.size());
+    EXPECT_NEAR((splash.width() - bar.width()) * twipsPerPixel, 200, twipsPerPixel);
+    EXPECT_NEAR(place.center().x(), splash.rect().center().x(), 1);
+    EXPECT_GT(place.top(), splash.height() / 2);
+    EXPECT_GT(place.top(), control<QLabel>(splash, "lblTitle").geometry().bottom());
+
+    showprogressstring(splash.progress(), 100, 100, "Finished");
+    const QImage drawn = bar.surface().toImage();
+    EXPECT_EQ(drawn.pixelColor(2, drawn.height() / 2), QColor(0x80, 0xFF, 0x80));
+}
+
+TEST_F(SplashAndAbout, TheSplashPictureIsDrawnAtTheResolutionOfTheScreen) {
+    const QPixmap sharp = splashPicture({300, 170}, 2);
+    EXPECT_EQ(sharp.size(), QSize(600, 340));
+    EXPECT_EQ(sharp.deviceIndependentSize(), QSizeF(300, 170));
+    EXPECT_FALSE(clunkPicture({80, 40}, 1.5).isNull());
+    EXPECT_GE(applicationIcon().availableSizes().size(), 6);
+}
+
+TEST_F(SplashAndAbout, TheAboutBoxNamesProgramMakerAndYearAndOpensTheMakersPages) {
+    fSHAREDAbout about;
+    about.show();
+    EXPECT_EQ(control<QLabel>(about, "lblTitle").text(), QStringLiteral("Vantor"));
+    EXPECT_EQ(fromQString(control<QLabel>(about, "lblVersion").text()), appversion());
+    const QString maker = control<QLabel>(about, "lblMaker").text();
+    EXPECT_TRUE(maker.contains(QStringLiteral("Ostrevane Software")));
+    EXPECT_GE(maker.left(4).toInt(), 2026);
+
+    for (const char* name : {"lblHomePage", "lblProducts"}) {
+        auto& link = control<QLabel>(about, name);
+        link.setFocus();
+        test::pressKey(link, Qt::Key_Tab); // into the link
+        test::pressKey(link, Qt::Key_Return);
+    }
+    ASSERT_EQ(recorder.addresses.size(), 2U);
+    EXPECT_TRUE(recorder.addresses.at(0).starts_with("http"));
+    EXPECT_EQ(recorder.addresses.at(1), recorder.addresses.at(0) + "/products");
+    EXPECT_TRUE(about.isVisible());
+
+    test::pressKey(about, Qt::Key_Escape);
+    EXPECT_FALSE(about.isVisible());
+    about.show();
+    test::click(about, "cmdOK");
+    EXPECT_FALSE(about.isVisible());
+}
+
+} // namespace
+} // namespace vantor
