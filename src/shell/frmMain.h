@@ -18,9 +18,8 @@ namespace vantor {
 namespace Ui {
 class frmMain;
 }
-class frmSchedEdit;
-
 class frmAircraftSub;
+class frmSchedEdit;
 struct BulkOutcome;
 
 class frmMain : public QMainWindow {
