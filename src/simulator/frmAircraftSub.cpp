@@ -83,7 +83,7 @@ void frmAircraftSub::reject() {
 void frmAircraftSub::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     // From the filter both keys lead into the list; a second Enter accepts the row.
-    if (ui->txtFilter->hasFocus() && (enter || event->key() == Qt::Key_Down) && ui->List1->currentRow() < 0) {
+    if (focusWidget() == ui->txtFilter && (enter || event->key() == Qt::Key_Down) && ui->List1->currentRow() < 0) {
         ui->List1->setFocus();
         ui->List1->setCurrentRow(0);
         return;

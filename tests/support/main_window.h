@@ -45,8 +45,8 @@ class MainWindowFixture : public Fixture {
     /// A line of the flight plan file with two legs, as the program writes it.
     static std::string schedule(const std::string& front, const std::string& first, const std::string& second,
                                 const std::string& percent = "100%", const std::string& level = "200") {
-        return front + "," + percent + ",24Hr,IFR,06:00:00,07:00:00," + level + ",F,1," + first +
-               ",12:00:00,13:00:00,200,F,2," + second + "\r\n";
+        return front + "," + percent + ",24HR,IFR,06:00:00,07:00:00, " + level + " ,F,1," + first +
+               ",12:00:00,13:00:00, 200 ,F,2," + second + "\r\n";
     }
 
     [[nodiscard]] frmMain& form() const { return *m_form; }
