@@ -20,7 +20,9 @@ class frmSchedEdit;
 namespace Ui {
 class frmMain;
 }
+class frmAircraftSub;
 class frmSchedEdit;
+struct BulkOutcome;
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -58,6 +60,11 @@ class frmMain : public QMainWindow {
     [[nodiscard]] const std::string& timetableicao() const noexcept { return m_timetableicao; }
     void settimetableicao(std::string_view icao);
 
+    /// Fills List2 with the timetable of an airport (a row or code) and enables cmdPrint.
+    void displaytimetable(std::string_view icao) noexcept;
+    /// Fills List2 with the gate table of an airport (a row or code). The printing stays as it was.
+    void displaymaxgates(std::string_view icao) noexcept;
+
     /// Loads the default files of the mode; what a reader raises comes out of it.
     void loaddata();
 
@@ -83,6 +90,9 @@ class frmMain : public QMainWindow {
     void connectCommands();
     void connectListCommands();
     void connectScheduleCommands();
+    void connectViewCommands();
+    void connectUtilityCommands();
+    void connectAircraftCommands();
     void connectShortcuts();
     void disablePlannedCommands();
     void fitPanel();
@@ -118,6 +128,31 @@ class frmMain : public QMainWindow {
     void cmdEditLeg_Click() noexcept;
     void cmdDeleteLeg_Click() noexcept;
     void cmdFind_Click(int index) noexcept;
+
+    // Views of one airport
+    void cmdTimeTable_Click() noexcept;
+    void cmdPrint_Click() noexcept;
+    void cmdGates_Click() noexcept;
+    void cmdChart_Click() noexcept;
+    void cmdMap_Click() noexcept;
+    // Utilities panel
+    void hideframes() noexcept;
+    void showUtilityFrame(QWidget& frame) noexcept;
+    void finishBulkChange(const BulkOutcome& outcome);
+    void cmdChangeFL_Click() noexcept;
+    void cmdUpdateATCPercent_Click() noexcept;
+    void cmdDeleteByICAO_Click() noexcept;
+    void cmbPC1_Click() noexcept;
+    void cmdDoSplit_Click() noexcept;
+    void cmdSplitAC_Click() noexcept;
+
+    // Aircraft
+    void offerAircraft(frmAircraftSub& dialog) noexcept;
+    void takeSubstitute(const std::string& substitutetext);
+    void cmdSubAC_Click() noexcept;
+    void cmdAddFS_Click() noexcept;
+    void cmdDeleteAC_Click() noexcept;
+    void cmdSwapAC_Click() noexcept;
 
     // Loading and saving
     class Running;
