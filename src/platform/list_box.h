@@ -28,6 +28,7 @@ class ListBox : public QListView {
     void removeRow(int row);
 
     [[nodiscard]] int rowCount() const;
+    [[nodiscard]] const ListRows& rows() const noexcept { return m_rows->rows(); }
     /// The text of a row, empty outside the rows: reading one past the last row gives an empty text.
     [[nodiscard]] std::string rowText(int row) const;
     /// The item data of a row, 0 outside the rows.

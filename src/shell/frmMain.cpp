@@ -35,6 +35,8 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     connectListCommands();
     connectScheduleCommands();
     connectViewCommands();
+    connectUtilityCommands();
+    connectAircraftCommands();
     connectShortcuts();
     disablePlannedCommands();
 }

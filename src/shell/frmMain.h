@@ -15,10 +15,14 @@
 
 namespace vantor {
 
+class frmSchedEdit;
+
 namespace Ui {
 class frmMain;
 }
+class frmAircraftSub;
 class frmSchedEdit;
+struct BulkOutcome;
 
 class frmMain : public QMainWindow {
     Q_OBJECT
@@ -87,6 +91,8 @@ class frmMain : public QMainWindow {
     void connectListCommands();
     void connectScheduleCommands();
     void connectViewCommands();
+    void connectUtilityCommands();
+    void connectAircraftCommands();
     void connectShortcuts();
     void disablePlannedCommands();
     void fitPanel();
@@ -129,6 +135,24 @@ class frmMain : public QMainWindow {
     void cmdGates_Click() noexcept;
     void cmdChart_Click() noexcept;
     void cmdMap_Click() noexcept;
+    // Utilities panel
+    void hideframes() noexcept;
+    void showUtilityFrame(QWidget& frame) noexcept;
+    void finishBulkChange(const BulkOutcome& outcome);
+    void cmdChangeFL_Click() noexcept;
+    void cmdUpdateATCPercent_Click() noexcept;
+    void cmdDeleteByICAO_Click() noexcept;
+    void cmbPC1_Click() noexcept;
+    void cmdDoSplit_Click() noexcept;
+    void cmdSplitAC_Click() noexcept;
+
+    // Aircraft
+    void offerAircraft(frmAircraftSub& dialog) noexcept;
+    void takeSubstitute(const std::string& substitutetext);
+    void cmdSubAC_Click() noexcept;
+    void cmdAddFS_Click() noexcept;
+    void cmdDeleteAC_Click() noexcept;
+    void cmdSwapAC_Click() noexcept;
 
     // Loading and saving
     class Running;

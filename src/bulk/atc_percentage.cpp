@@ -1,0 +1,35 @@
+#include "bulk/atc_percentage.h"
+
+#include "foundation/numbers.h"
+#include "foundation/text.h"
+
+namespace vantor {
+
+BulkOutcome updateAtcPercentage(std::string_view percentText, std::string_view aircraftText) {
+    const StandardTrap trap{"sub cmdupdateatcpercent_click", "frmMain"};
+    std::int32_t percent = 0;
+    trap([&] { percent = toInt32(val(percentText)); });
+    if (percent < 1 || percent > 100) {
+        return {.message = "Please enter a percentage from 1 to 100"};
+    }
+    // The flag is set before the aircraft is looked at; it is meant.
+    BulkOutcome outcome{.message = {}, .setsUnsaved = true};
+    const std::string code{trim(upper(aircraftText))};
+    if (!contains(code, "AC#")) {
+        outcome.message = "Please specify the full aircraft code, including AC#.  E.g. AC#100";
+        return outcome;
+    }
+    const std::string stored = std::to_string(percent) + "%";
+    std::int32_t count = 0;
+    changeSchedules(
+        trap, schedulecount, [&](const ScheduleRec& schedule) { return schedule.acnum.text() == code; },
+        [&](ScheduleRec& schedule) {
+            schedule.percent = stored;
+            ++count;
+        });
+    outcome.message = count > 0 ? "Updated " + std::to_string(count) + " flights containing aircraft " + code
+                                : "Couldn't find any flights by aircraft " + code;
+    return outcome;
+}
+
+} // namespace vantor

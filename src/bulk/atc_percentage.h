@@ -1,0 +1,15 @@
+// Bulk: changes applied to many legs or schedules at once.
+// The ATC percentage of all schedules of an aircraft.
+#pragma once
+
+#include "bulk/schedule_walk.h"
+
+#include <string_view>
+
+namespace vantor {
+
+/// Sets the percentage (1 to 100, the number at the front of its text, rounded) of every schedule of an aircraft. The
+/// whole code is compared, in capitals against the record as it is stored.
+[[nodiscard]] BulkOutcome updateAtcPercentage(std::string_view percentText, std::string_view aircraftText);
+
+} // namespace vantor

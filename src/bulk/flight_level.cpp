@@ -1,0 +1,50 @@
+#include "bulk/flight_level.h"
+
+#include "foundation/numbers.h"
+#include "foundation/text.h"
+
+namespace vantor {
+
+namespace {
+
+// Compares without putting the field into capitals first: this runs for each of a million legs.
+bool flies(const LegRec& leg, std::string_view first, std::string_view second) {
+    return equalNoCase(leg.fromicao.text(), first) && equalNoCase(leg.toicao.text(), second);
+}
+
+} // namespace
+
+BulkOutcome changeFlightLevel(FlightLevelBoxes& boxes) {
+    const StandardTrap trap{"sub cmdchangefl_click", "frmMain"};
+    std::int32_t level = 0;
+    trap([&] { level = toInt32(val(boxes.newFL)); });
+    if (level == 0) {
+        return {.message = "Please enter a valid Flight Level first"};
+    }
+    boxes.icao1 = upper(trim(boxes.icao1));
+    boxes.icao2 = upper(trim(boxes.icao2));
+    const std::string_view first = boxes.icao1;
+    const std::string_view second = boxes.icao2;
+    const auto lowBits = static_cast<std::int16_t>(static_cast<std::uint16_t>(static_cast<std::uint32_t>(level)));
+    std::int32_t count = 0;
+    // Up to the capacity of the table and not schedulecount; the slots not in use have no legs.
+    changeSchedules(
+        trap, schedules.RecordCount(),
+        [&](const ScheduleRec& schedule) {
+            return anyLeg(schedule, [&](const LegRec& leg) { return flies(leg, first, second); });
+        },
+        [&](ScheduleRec& schedule) {
+            for (std::int32_t leg = 1; leg <= schedule.legcount; ++leg) {
+                if (flies(schedule.legs[leg], first, second)) {
+                    schedule.legs[leg].flightlevel = lowBits;
+                    ++count;
+                }
+            }
+        });
+    BulkOutcome outcome{.message = {}, .setsUnsaved = true};
+    outcome.message = count > 0 ? "Updated " + std::to_string(count) + " legs."
+                                : "Couldn't find any legs from " + boxes.icao1 + " to " + boxes.icao2;
+    return outcome;
+}
+
+} // namespace vantor

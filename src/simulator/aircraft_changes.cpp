@@ -1,0 +1,158 @@
+#include "simulator/aircraft_changes.h"
+
+#include "core/aircraft_table.h"
+#include "core/codes.h"
+#include "core/tables.h"
+#include "foundation/numbers.h"
+#include "foundation/text.h"
+#include "foundation/trap.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view additionModule = "modAddNewFSAircraft";
+
+// Marks in the code field of a simulator aircraft while new ones are sought.
+constexpr std::string_view knownMark = "0";
+constexpr std::string_view newMark = "-1";
+
+std::int32_t lastacnum = 0;
+
+using CodeSet = std::unordered_set<std::string>;
+
+CodeSet codesOf(const OneBased<AircraftRec>& table, std::int32_t count) {
+    CodeSet codes;
+    codes.reserve(static_cast<std::size_t>(std::max(count, 0)));
+    for (std::int32_t i = 1; i <= count; ++i) {
+        codes.emplace(table[i].acnum.text());
+    }
+    return codes;
+}
+
+// The next free code. The number is a 16-bit sum: past its end the search ends with error 6 in place of going round.
+std::string nextFreeCode(const CodeSet& codes) {
+    std::int32_t number = lastacnum;
+    std::string code;
+    do {
+        number = toInt16(static_cast<double>(number) + 1);
+        code = "AC#" + std::to_string(number);
+    } while (codes.contains(code));
+    lastacnum = number;
+    return code;
+}
+
+// Marks the simulator aircraft whose title the table lacks, and counts them.
+std::int32_t markNewAircraft() {
+    std::unordered_set<std::string_view> titles;
+    for (std::int32_t i = 1; i <= aircraftcount; ++i) {
+        titles.insert(aircraft[i].title.raw());
+    }
+    std::int32_t newcount = 0;
+    for (std::int32_t i = 1; i <= fsaircraftcount; ++i) {
+        const bool known = titles.contains(fsaircraft[i].title.raw());
+        fsaircraft[i].acnum = known ? knownMark : newMark;
+        newcount += known ? 0 : 1;
+    }
+    return newcount;
+}
+
+void appendNewAircraft(const StandardTrap& trap, std::int32_t newcount) {
+    OneBased<AircraftRec> table = aircraft;
+    table.resize(aircraftcount);
+    CodeSet codes = codesOf(table, aircraftcount);
+    for (std::int32_t i = 1; i <= fsaircraftcount; ++i) {
+        if (fsaircraft[i].acnum.text() != newMark) {
+            continue;
+        }
+        const bool numbered = trap([&] {
+            static_cast<void>(toInt16(aircraftcount + newcount)); // the search counts rows in 16 bits as well
+            AircraftRec added = fsaircraft[i];
+            std::string code = nextFreeCode(codes);
+            added.acnum = code;
+            codes.insert(std::move(code));
+            table.append(std::move(added));
+        });
+        if (!numbered) {
+            break; // none of those behind would find a code either
+        }
+    }
+    aircraft = std::move(table);
+    aircraftcount = aircraft.size();
+}
+
+} // namespace
+
+void deleteaircraft(std::string_view text) noexcept {
+    const StandardTrap trap{"sub deleteaircraft", "modAircraftDelete"};
+    trap([&] {
+        const std::int32_t row = aircraftrecord(extractcode(text));
+        if (row != -1) {
+            aircraft[row].deleted = true;
+        }
+    });
+}
+
+std::string nextacnum(const OneBased<AircraftRec>& table, std::int16_t count) noexcept {
+    const StandardTrap trap{"function nextacnum", additionModule};
+    std::string code;
+    trap([&] { code = nextFreeCode(codesOf(table, count)); });
+    return code;
+}
+
+void resetAircraftNumbers() noexcept {
+    lastacnum = 0;
+}
+
+std::string addnewfsaircraft() noexcept {
+    const StandardTrap trap{"sub addnewfsaircraft", additionModule};
+    std::string message;
+    trap([&] {
+        const std::int32_t newcount = markNewAircraft();
+        if (newcount == 0) {
+            message = "No new aircraft found";
+        } else {
+            appendNewAircraft(trap, newcount);
+        }
+    });
+    return message;
+}
+
+ListRows filterAircraftRows(const ListRows& all, std::string_view filter) {
+    ListRows rows;
+    if (filter.empty()) {
+        rows.reserve(all.size() + 1);
+    }
+    for (const ListRow& row : all) {
+        if (filter.empty() || containsNoCase(row.text, filter)) {
+            rows.push_back({row.text, 0});
+        }
+    }
+    if (filter.empty()) {
+        rows.push_back({});
+    }
+    return rows;
+}
+
+std::string substituteText(std::string_view current, std::string_view row) {
+    return extractcode(current) + " - " + extracttitle(row);
+}
+
+bool substituteAircraft(std::string_view substitutetext) noexcept {
+    const StandardTrap trap{"sub cmdsubac_click", "frmMain"};
+    bool found = false;
+    trap([&] {
+        const std::int32_t row = aircraftrecord(extractcode(substitutetext));
+        if (row != -1) {
+            aircraft[row].title = extracttitle(substitutetext);
+            found = true;
+        }
+    });
+    return found;
+}
+
+} // namespace vantor

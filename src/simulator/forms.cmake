@@ -1,0 +1,1 @@
+target_sources(vantor_ui PRIVATE ${CMAKE_CURRENT_LIST_DIR}/frmAircraftSub.cpp)

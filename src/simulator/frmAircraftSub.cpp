@@ -1,0 +1,94 @@
+#include "simulator/frmAircraftSub.h"
+
+#include "foundation/host.h"
+#include "foundation/trap.h"
+#include "platform/code_page.h"
+#include "platform/list_box.h"
+#include "simulator/aircraft_changes.h"
+#include "ui_frmAircraftSub.h"
+
+#include <QKeyEvent>
+
+namespace vantor {
+
+namespace {
+constexpr std::string_view module = "frmAircraftSub";
+} // namespace
+
+frmAircraftSub::frmAircraftSub(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmAircraftSub>()) {
+    ui->setupUi(this);
+    if (parent != nullptr) {
+        setWindowIcon(parent->window()->windowIcon());
+    }
+    connect(ui->cmdApply, &QPushButton::clicked, this, &frmAircraftSub::cmdApply_Click);
+    connect(ui->cmdClear, &QPushButton::clicked, this, &frmAircraftSub::cmdClear_Click);
+    connect(ui->cmdOK, &QPushButton::clicked, this, &frmAircraftSub::cmdOK_Click);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, &frmAircraftSub::cmdCancel_Click);
+    connect(ui->txtFilter, &QLineEdit::textEdited, this, &frmAircraftSub::cmdApply_Click);
+    connect(ui->List1, &ListBox::rowActivated, this, &frmAircraftSub::cmdOK_Click);
+    ui->txtFilter->setFocus();
+}
+
+frmAircraftSub::~frmAircraftSub() = default;
+
+ListBox& frmAircraftSub::List2() const {
+    return *ui->List2;
+}
+
+void frmAircraftSub::GetSub(std::string_view current) noexcept {
+    const StandardTrap trap{"sub getsub", module};
+    trap([&] { m_current = current; });
+    trap([&] { ui->lblCurrent->setText(toQString(m_current)); });
+    refilllist();
+    trap([&] { exec(); });
+}
+
+void frmAircraftSub::refilllist() noexcept {
+    const StandardTrap trap{"sub refilllist", module};
+    trap([&] { ui->List1->setRows(filterAircraftRows(ui->List2->rows(), fromQString(ui->txtFilter->text()))); });
+}
+
+void frmAircraftSub::cmdApply_Click() noexcept {
+    refilllist();
+}
+
+void frmAircraftSub::cmdClear_Click() noexcept {
+    const StandardTrap trap{"sub cmdclear_click", module};
+    trap([&] { ui->txtFilter->clear(); });
+    refilllist();
+}
+
+void frmAircraftSub::cmdOK_Click() noexcept {
+    const StandardTrap trap{"sub cmdok_click", module};
+    if (ui->List1->currentRow() < 0) {
+        trap([&] { host().message("Please click a substitute aircraft in the list box"); });
+        return;
+    }
+    trap([&] { substitutetext = substituteText(m_current, ui->List1->currentText()); });
+    trap([&] { substituterow = ui->List1->currentText(); });
+    trap([&] { accept(); });
+    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+}
+
+void frmAircraftSub::cmdCancel_Click() noexcept {
+    const StandardTrap trap{"sub cmdcancel_click", module};
+    trap([&] { QDialog::reject(); });
+    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+}
+
+void frmAircraftSub::reject() {
+    cmdCancel_Click();
+}
+
+void frmAircraftSub::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // From the filter both keys lead into the list; a second Enter accepts the row.
+    if (focusWidget() == ui->txtFilter && (enter || event->key() == Qt::Key_Down) && ui->List1->currentRow() < 0) {
+        ui->List1->setFocus();
+        ui->List1->setCurrentRow(0);
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+} // namespace vantor

@@ -1,0 +1,112 @@
+// Tests of the dialog for picking an aircraft, driven by real clicks and keys.
+#include "platform/code_page.h"
+#include "platform/qt_host.h"
+#include "simulator/frmAircraftSub.h"
+#include "support/fixture.h"
+#include "support/form_driver.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+namespace vantor::test {
+namespace {
+
+class FrmAircraftSub : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        useHost(&m_host);
+        form.List2().setRows({{"AC#1 - \"Boeing 737\"", 1}, {"AC#2 - \"Airbus\"", 2}, {"AC#3 - \"BOEING 747\"", 3}});
+    }
+
+    void TearDown() override {
+        form.close();
+        Fixture::TearDown();
+    }
+
+    // Shows the dialog, lets the user work in it, and gives the two answers.
+    std::string answers(const std::function<void(QDialog&)>& user) {
+        const Expectation dialog = expectDialog("frmAircraftSub", user);
+        form.GetSub("AC#9 - \"Gone & lost\"");
+        return form.substitutetext + "|" + form.substituterow;
+    }
+
+    static std::string rowsOf(const QDialog& dialog) {
+        std::string all;
+        for (const ListRow& row : control<ListBox>(dialog, "List1").rows()) {
+            all += row.text + "|";
+        }
+        return all;
+    }
+
+    frmAircraftSub form;
+
+  private:
+    QtHost m_host;
+};
+
+TEST_F(FrmAircraftSub, OffersFiltersAndAsksForARow) {
+    EXPECT_EQ(answers([](QDialog& dialog) {
+                  const std::string all = "AC#1 - \"Boeing 737\"|AC#2 - \"Airbus\"|AC#3 - \"BOEING 747\"||";
+                  EXPECT_EQ(fromQString(dialog.windowTitle()), "Substitute Aircraft");
+                  EXPECT_EQ(fromQString(control<QLabel>(dialog, "lblCurrent").text()), "AC#9 - \"Gone & lost\"");
+                  EXPECT_FALSE(control<ListBox>(dialog, "List2").isVisible());
+                  EXPECT_EQ(rowsOf(dialog), all);
+                  auto& filter = control<QLineEdit>(dialog, "txtFilter");
+                  typeOver(filter, "boeing");
+                  EXPECT_EQ(rowsOf(dialog), "AC#1 - \"Boeing 737\"|AC#3 - \"BOEING 747\"|");
+                  click(dialog, "cmdClear");
+                  EXPECT_TRUE(filter.text().isEmpty());
+                  EXPECT_EQ(rowsOf(dialog), all);
+                  filter.setText(QStringLiteral("air")); // as code or a paste by the mouse may leave it
+                  click(dialog, "cmdApply");
+                  EXPECT_EQ(rowsOf(dialog), "AC#2 - \"Airbus\"|");
+                  {
+                      const Expectation boxes = answerBoxes({{"Please click a substitute aircraft in the list box"}});
+                      click(dialog, "cmdOK");
+                  }
+                  EXPECT_TRUE(dialog.isVisible());
+                  clickRow(control<ListBox>(dialog, "List1"), 0);
+                  click(dialog, "cmdOK");
+              }),
+              "AC#9 - \"Airbus\"|AC#2 - \"Airbus\"");
+}
+
+TEST_F(FrmAircraftSub, ADoubleClickAcceptsARow) {
+    EXPECT_EQ(answers([](QDialog& dialog) { doubleClickRow(control<ListBox>(dialog, "List1"), 2); }),
+              "AC#9 - \"BOEING 747\"|AC#3 - \"BOEING 747\"");
+}
+
+TEST_F(FrmAircraftSub, KeysAloneFilterAndAccept) {
+    EXPECT_EQ(answers([](QDialog& dialog) {
+                  typeOver(control<QLineEdit>(dialog, "txtFilter"), "boeing");
+                  pressKey(control<QLineEdit>(dialog, "txtFilter"), Qt::Key_Return);
+                  EXPECT_TRUE(dialog.isVisible());
+                  auto& list = control<ListBox>(dialog, "List1");
+                  EXPECT_EQ(dialog.focusWidget(), &list);
+                  pressKey(list, Qt::Key_Down);
+                  pressKey(list, Qt::Key_Return);
+              }),
+              "AC#9 - \"BOEING 747\"|AC#3 - \"BOEING 747\"");
+}
+
+TEST_F(FrmAircraftSub, TheClosingRowGivesAnEmptyTitle) {
+    EXPECT_EQ(answers([](QDialog& dialog) {
+                  clickRow(control<ListBox>(dialog, "List1"), 3);
+                  click(dialog, "cmdOK");
+              }),
+              "AC#9 - |");
+}
+
+TEST_F(FrmAircraftSub, LeavingAnswersNothing) {
+    EXPECT_EQ(answers([](QDialog& dialog) {
+                  clickRow(control<ListBox>(dialog, "List1"), 0);
+                  click(dialog, "cmdCancel");
+              }),
+              "|");
+    EXPECT_EQ(answers([](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); }), "|");
+    EXPECT_EQ(answers([](QDialog& dialog) { dialog.close(); }), "|");
+}
+
+} // namespace
+} // namespace vantor::test

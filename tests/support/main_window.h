@@ -1,0 +1,79 @@
+// Test support: what several rooms' tests share.
+// The main window over a small traffic of its own, loaded from files as the user loads it.
+#pragma once
+
+#include "platform/code_page.h"
+#include "platform/qt_host.h"
+#include "shell/frmMain.h"
+#include "support/fixture.h"
+#include "support/form_driver.h"
+
+#include <QLineEdit>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace vantor::test {
+
+/// Two missing aircraft of four, four airports, four schedules, and a simulator with three titles. The window stands
+/// with all of it loaded.
+class MainWindowFixture : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        useHost(&m_host);
+        writeFile("Aircraft.txt", "AC#1,250,\"Boeing 737\"\r\nAC#2,300,\"Gone\"\r\nAC#3,400,\"Airbus\"\r\n"
+                                  "AC#5,120,\"Lost\"\r\n");
+        writeFile("Airports.txt", "EGLL,N51* 28.39',W0* 27.41',80\r\nLFPG,N49* 0.46',E2* 33.00',392\r\n"
+                                  "EGKK,N51* 8.53',W0* 11.25',202\r\nEGSS,N51* 53.06',E0* 14.06',348\r\n");
+        writeFile("Flightplans.txt", schedule("AC#1,GAAA", "LFPG", "EGLL") + schedule("AC#2,GBBB", "EGSS", "LFPG") +
+                                         schedule("AC#2,GCCC", "LFPG", "EGLL") + schedule("AC#3,GDDD", "EGLL", "EGKK"));
+        writeFile("FS\\aircraft\\A\\aircraft.cfg", "title=Boeing 737\r\ntitle=Airbus\r\ntitle=New one\r\n");
+        writeFile("Vantor2.ini", "FSMODE, 2 \r\nFS2K2PATH," + path("FS\\") + "\r\n");
+        m_form = std::make_unique<frmMain>();
+        m_form->formLoad();
+        m_form->show();
+        press("cmdReload");
+    }
+
+    void TearDown() override {
+        m_form.reset();
+        Fixture::TearDown();
+    }
+
+    /// A line of the flight plan file with two legs, as the program writes it.
+    static std::string schedule(const std::string& front, const std::string& first, const std::string& second,
+                                const std::string& percent = "100%", const std::string& level = "200") {
+        return front + "," + percent + ",24HR,IFR,06:00:00,07:00:00, " + level + " ,F,1," + first +
+               ",12:00:00,13:00:00, 200 ,F,2," + second + "\r\n";
+    }
+
+    [[nodiscard]] frmMain& form() const { return *m_form; }
+    void press(std::string_view button) const { click(*m_form, button); }
+    void type(std::string_view box, std::string_view text) const { typeOver(control<QLineEdit>(*m_form, box), text); }
+    [[nodiscard]] std::string box(std::string_view name) const {
+        return fromQString(control<QLineEdit>(*m_form, name).text());
+    }
+    [[nodiscard]] ListBox& list(std::string_view name) const { return control<ListBox>(*m_form, name); }
+    [[nodiscard]] ComboBox& combo(std::string_view name) const { return control<ComboBox>(*m_form, name); }
+
+    /// Saves the flight plans, loads them anew and gives the file.
+    [[nodiscard]] std::string saveAndReload() const {
+        const std::string file = path("Flightplans.txt");
+        {
+            const Expectation boxes =
+                answerBoxes({{"Overwrite " + file + "?", QMessageBox::Yes}, {"Flight plans saved to " + file}});
+            press("cmdSaveFlights");
+        }
+        EXPECT_FALSE(m_form->unsavedchanges);
+        press("cmdReload");
+        return readFile("Flightplans.txt");
+    }
+
+  private:
+    QtHost m_host;
+    std::unique_ptr<frmMain> m_form;
+};
+
+} // namespace vantor::test
