@@ -125,6 +125,15 @@ void frmMap::resizeEvent(QResizeEvent* event) {
     trap([&] { drawothers(chosenCode()); });
 }
 
+// A window closed by its key in the middle of a drag hears of no release.
+void frmMap::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    const StandardTrap trap{"sub form_hide", module};
+    if (std::exchange(m_pressed, false)) {
+        trap([] { host().setPointer(Pointer::Normal); });
+    }
+}
+
 void frmMap::cmbAirports_Click() noexcept {
     const StandardTrap trap{"sub cmbairports_click", module};
     trap([&] { m_ui->cmbAirports->setEnabled(false); });
@@ -179,6 +188,7 @@ bool frmMap::eventFilter(QObject* watched, QEvent* event) {
 void frmMap::picMap_MouseDown(const QMouseEvent& event) noexcept {
     const StandardTrap trap{"sub picmap_mousedown", module};
     if (event.button() == Qt::LeftButton) {
+        m_pressed = true;
         trap([] { host().setPointer(Pointer::SizeAll); });
         m_drag.press(twips(event.position().x()), twips(event.position().y()));
     }
@@ -196,6 +206,7 @@ void frmMap::picMap_MouseMove(const QMouseEvent& event) noexcept {
 
 void frmMap::picMap_MouseUp(const QMouseEvent& event) noexcept {
     const StandardTrap trap{"sub picmap_mouseup", module};
+    m_pressed = false;
     m_drag.release(twips(event.position().x()), twips(event.position().y()));
     trap([] { host().setPointer(Pointer::Normal); });
 }

@@ -31,6 +31,7 @@ class frmMap : public QDialog {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -47,6 +48,7 @@ class frmMap : public QDialog {
 
     std::unique_ptr<Ui::frmMap> m_ui;
     MapDrag m_drag;
+    bool m_pressed = false;
     bool m_drawing = false;
     bool m_drawAgain = false; // the window changed its size while it was drawn
 };

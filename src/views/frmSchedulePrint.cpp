@@ -1,6 +1,7 @@
 #include "views/frmSchedulePrint.h"
 
 #include "foundation/error.h"
+#include "foundation/text.h"
 #include "platform/code_page.h"
 
 #include <QFontMetricsF>
@@ -15,6 +16,8 @@ namespace {
 
 constexpr int headingPoints = 14;
 constexpr int rowPoints = 12;
+// The rows of the gate table begin with a tab.
+constexpr std::string_view tabStop = "        ";
 
 Error printerError() {
     return {482, "Printer error"};
@@ -55,7 +58,7 @@ class Page {
             }
             m_top = 0;
         }
-        draw(toQString(text));
+        draw(toQString(replaceAll(text, "\t", tabStop)));
         m_top += m_lineHeight;
     }
 
@@ -69,7 +72,7 @@ class Page {
 
   private:
     void draw(const QString& text) {
-        constexpr int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine | Qt::TextExpandTabs;
+        constexpr int flags = Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine;
         const QRectF place(0, m_top, m_size.width(), m_lineHeight);
         const double width = m_painter.boundingRect(place, flags | Qt::TextDontClip, text).width();
         m_painter.save();

@@ -93,6 +93,14 @@ TEST_F(MapFormTest, LayoutAndMapFollowTheWindow) {
     });
 }
 
+TEST_F(MapFormTest, TheWindowsEndIsTheDragsEnd) {
+    show(0, [&](QDialog& form) {
+        mouse(mapOf(form), QEvent::MouseButtonPress, {100, 100}, Qt::LeftButton, Qt::LeftButton);
+    });
+    ASSERT_EQ(recorder.pointers.size(), 2U);
+    EXPECT_EQ(recorder.pointers.back(), Pointer::Normal);
+}
+
 TEST_F(MapFormTest, DragMovesWithinItsLimitsAndZoomUndoesIt) {
     show(0, [&](QDialog& form) {
         PictureBox& map = mapOf(form);
