@@ -9,8 +9,7 @@ namespace vantor {
 QSize CommandButton::sizeHint() const {
     const QSize hint = QPushButton::sizeHint();
     const QFontMetrics metrics(font());
-    // As much room beside the text as above and below it, and a character's width for the frame.
-    const int room = hint.height() - metrics.height() + metrics.averageCharWidth();
+    const int room = hint.height() - metrics.height(); // as much beside the text as above and below it
     const int text = metrics.size(Qt::TextShowMnemonic, this->text()).width();
     return {std::min(hint.width(), text + room), hint.height()};
 }

@@ -45,6 +45,7 @@ std::string textOf(const QLineEdit* box) {
 
 frmSchedEdit::frmSchedEdit(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmSchedEdit>()) {
     ui->setupUi(this);
+    keepRoom();
     connectControls();
     Form_Load();
 }
@@ -61,6 +62,21 @@ ComboBox& frmSchedEdit::cmbAircraft() const {
 
 ComboBox& frmSchedEdit::cmbAirport(int index) const {
     return index == 0 ? *ui->cmbAirport0 : *ui->cmbAirport1;
+}
+
+// What a layout file can't tell: times are never clipped, and the marks stay in place when the arrival's day goes.
+void frmSchedEdit::keepRoom() {
+    const int timeWidth = fontMetrics().horizontalAdvance(QStringLiteral("  00:00:00  "));
+    for (QLineEdit* const box : {ui->txtTime, ui->txtETA, ui->txtAltitude, ui->txtFlightNum}) {
+        box->setMinimumWidth(timeWidth);
+    }
+    ui->txtTime->setMaximumWidth(timeWidth); // the day boxes stand below each other
+    ui->txtETA->setMaximumWidth(timeWidth);
+    for (QWidget* const widget : {static_cast<QWidget*>(ui->lblDay2), static_cast<QWidget*>(ui->cmbDay1)}) {
+        QSizePolicy policy = widget->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        widget->setSizePolicy(policy);
+    }
 }
 
 void frmSchedEdit::connectControls() {

@@ -47,6 +47,7 @@ class frmSchedEdit : public QDialog {
     void reject() override;
 
   private:
+    void keepRoom();
     void connectControls();
     void Form_Load() noexcept;
 

@@ -7,6 +7,8 @@
 #include "shell/frmArtwork.h"
 #include "shell/ui_fSHAREDAbout.h"
 
+#include <QFontInfo>
+
 namespace vantor {
 
 namespace {
@@ -27,7 +29,6 @@ void visit(const QString& address) {
 
 fSHAREDAbout::fSHAREDAbout(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::fSHAREDAbout>()) {
     m_ui->setupUi(this);
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->lblHomePage, &QLabel::linkActivated, this, &visit);
     connect(m_ui->lblProducts, &QLabel::linkActivated, this, &visit);
@@ -49,7 +50,7 @@ void fSHAREDAbout::Form_Load() {
     });
     trap([&] {
         QFont font = m_ui->lblTitle->font();
-        font.setPointSizeF(font.pointSizeF() * 1.8);
+        font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.8);
         font.setBold(true);
         m_ui->lblTitle->setFont(font);
     });

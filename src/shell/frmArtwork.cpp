@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <ranges>
 
 namespace vantor {
 
@@ -104,8 +105,8 @@ QPainterPath airliner() {
     for (const QPointF& point : right) {
         path.lineTo(point);
     }
-    for (auto point = right.rbegin(); point != right.rend(); ++point) {
-        path.lineTo(-point->x(), point->y());
+    for (const QPointF& point : std::ranges::reverse_view(right)) {
+        path.lineTo(-point.x(), point.y());
     }
     path.closeSubpath();
     return path;
@@ -144,15 +145,15 @@ QColor faded(QColor colour, double opacity) {
 
 /// The lands as a screen of dots.
 void drawLands(QPainter& painter, QSizeF size) {
-    constexpr double step = 2;
+    constexpr int step = 2;
     painter.setPen(Qt::NoPen);
     painter.setBrush(faded(land, 0.75));
     const double radius = size.width() / (east - west) * step * 0.3;
-    for (double y = south; y < north; y += step) {
-        for (double x = west; x < east; x += step) {
-            const Place place(x + step / 2, y + step / 2);
+    for (int latitude = static_cast<int>(south); latitude < north; latitude += step) {
+        for (int longitude = static_cast<int>(west); longitude < east; longitude += step) {
+            const Place place(longitude + step / 2.0, latitude + step / 2.0);
             const auto holds = [&](const QPolygonF& outline) { return outline.containsPoint(place, Qt::OddEvenFill); };
-            if (std::any_of(landOutlines().begin(), landOutlines().end(), holds)) {
+            if (std::ranges::any_of(landOutlines(), holds)) {
                 painter.drawEllipse(onMap(place, size), radius, radius);
             }
         }

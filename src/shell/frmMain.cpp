@@ -34,6 +34,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     connectCommands();
     connectListCommands();
     connectScheduleCommands();
+    connectViewCommands();
     connectUtilityCommands();
     connectAircraftCommands();
     connectShortcuts();

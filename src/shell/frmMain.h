@@ -15,6 +15,8 @@
 
 namespace vantor {
 
+class frmSchedEdit;
+
 namespace Ui {
 class frmMain;
 }
@@ -58,6 +60,11 @@ class frmMain : public QMainWindow {
     [[nodiscard]] const std::string& timetableicao() const noexcept { return m_timetableicao; }
     void settimetableicao(std::string_view icao);
 
+    /// Fills List2 with the timetable of an airport (a row or code) and enables cmdPrint.
+    void displaytimetable(std::string_view icao) noexcept;
+    /// Fills List2 with the gate table of an airport (a row or code). The printing stays as it was.
+    void displaymaxgates(std::string_view icao) noexcept;
+
     /// Loads the default files of the mode; what a reader raises comes out of it.
     void loaddata();
 
@@ -83,6 +90,7 @@ class frmMain : public QMainWindow {
     void connectCommands();
     void connectListCommands();
     void connectScheduleCommands();
+    void connectViewCommands();
     void connectUtilityCommands();
     void connectAircraftCommands();
     void connectShortcuts();
@@ -121,6 +129,12 @@ class frmMain : public QMainWindow {
     void cmdDeleteLeg_Click() noexcept;
     void cmdFind_Click(int index) noexcept;
 
+    // Views of one airport
+    void cmdTimeTable_Click() noexcept;
+    void cmdPrint_Click() noexcept;
+    void cmdGates_Click() noexcept;
+    void cmdChart_Click() noexcept;
+    void cmdMap_Click() noexcept;
     // Utilities panel
     void hideframes() noexcept;
     void showUtilityFrame(QWidget& frame) noexcept;

@@ -35,7 +35,8 @@ QSize PathLabel::minimumSizeHint() const {
 void PathLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     drawFrame(&painter);
-    const int flags = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine;
+    const Qt::Alignment place = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter;
+    const int flags = static_cast<int>(place.toInt()) | Qt::TextSingleLine;
     style()->drawItemText(&painter, textRect(), flags, palette(), isEnabled(), shownText(), foregroundRole());
 }
 

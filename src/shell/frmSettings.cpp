@@ -76,7 +76,6 @@ std::string askforfspath(std::string_view start) noexcept {
 
 frmSettings::frmSettings(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmSettings>()) {
     m_ui->setupUi(this);
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_ui->layoutForm->setSpacing(fontMetrics().height() * 3 / 4);
     narrow(*m_ui->txtGMTHour);
     narrow(*m_ui->txtGMTMin);

@@ -7,6 +7,7 @@
 #include "shell/frmArtwork.h"
 #include "shell/ui_frmSplash.h"
 
+#include <QFontInfo>
 #include <QScreen>
 
 namespace vantor {
@@ -33,7 +34,7 @@ void frmSplash::Form_Load() {
     const StandardTrap trap{"sub form_load", "frmSplash"};
     trap([&] {
         QFont font = m_ui->lblTitle->font();
-        font.setPointSizeF(font.pointSizeF() * 1.7);
+        font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.7);
         font.setBold(true);
         m_ui->lblTitle->setFont(font);
         // The picture behind the title is dark in every palette.

@@ -1,0 +1,105 @@
+// Tests of looking at schedules and changing them.
+// The Find dialog over combo boxes, driven with clicks and keys.
+#include "platform/qt_host.h"
+#include "schedule/frmFind.h"
+#include "support/fixture.h"
+#include "support/form_driver.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace vantor::test {
+namespace {
+
+class FindTest : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        useHost(&qtHost);
+        box.setRows({{"KSEA - Seattle", 1}, {"KPDX - Portland", 2}, {"ESSA - Stockholm", 3}, {"LOWW - Wien", 4}});
+        box.setCurrentRow(1);
+        QObject::connect(&box, &ComboBox::rowClicked, [this] { ++clicks; });
+        clicks = 0;
+    }
+
+    void find(const std::function<void(QDialog&)>& user) {
+        const auto dialogs = expectDialog("frmFind", user);
+        findstring(box, nullptr);
+    }
+    static std::string shown(QDialog& dialog) { return control<ComboBox>(dialog, "cmbList").text(); }
+    static void sought(QDialog& dialog, std::string_view text) {
+        typeOver(control<QLineEdit>(dialog, "txtSearchString"), text);
+    }
+
+    QtHost qtHost;
+    ComboBox box;
+    int clicks = 0;
+};
+
+TEST_F(FindTest, FindsFromHitToHitAndMovesTheBox) {
+    find([](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Find"));
+        EXPECT_EQ(control<ComboBox>(dialog, "cmbList").rowCount(), 5);
+        EXPECT_EQ(shown(dialog), "KPDX - Portland");
+        sought(dialog, "STO");
+        click(dialog, "cmdFirst");
+        EXPECT_EQ(shown(dialog), "ESSA - Stockholm");
+        const auto boxes = answerBoxes({{"No more matches"}, {"No more matches"}});
+        click(dialog, "cmdNext");
+        click(dialog, "cmdNext"); // the same rest again
+        EXPECT_EQ(shown(dialog), "ESSA - Stockholm");
+        sought(dialog, "wien");
+        click(dialog, "cmdNext");
+        click(dialog, "cmdNext"); // the last real row was the hit: no word
+        EXPECT_EQ(shown(dialog), "LOWW - Wien");
+        pressKey(control<QLineEdit>(dialog, "txtSearchString"), Qt::Key_Return); // OK is the default button
+    });
+    EXPECT_EQ(box.currentRow(), 3);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(FindTest, NextBeforeFirstMissesTheFirstRow) {
+    find([](QDialog& dialog) {
+        sought(dialog, "s");
+        click(dialog, "cmdNext");
+        EXPECT_EQ(shown(dialog), "ESSA - Stockholm");
+        click(dialog, "cmdFirst");
+        EXPECT_EQ(shown(dialog), "KSEA - Seattle");
+        click(dialog, "cmdExit");
+    });
+    EXPECT_EQ(box.currentRow(), 1);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(FindTest, OkWithoutASearchIsNoClick) {
+    find([](QDialog& dialog) { click(dialog, "cmdOK"); });
+    EXPECT_EQ(box.currentRow(), 1);
+    EXPECT_EQ(clicks, 0);
+    box.setCurrentRow(-1); // without a current row the dialog starts on the first
+    find([](QDialog& dialog) { click(dialog, "cmdOK"); });
+    EXPECT_EQ(box.currentRow(), 0);
+}
+
+TEST_F(FindTest, EscapeAndTheCloseBoxLeaveAsExitDoes) {
+    const std::vector<std::function<void(QDialog&)>> ways = {
+        [](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); },
+        [](QDialog& dialog) { dialog.close(); },
+    };
+    for (const auto& leave : ways) {
+        find([&](QDialog& dialog) {
+            pickRow(control<ComboBox>(dialog, "cmbList"), 3);
+            leave(dialog);
+        });
+        EXPECT_EQ(box.currentRow(), 1);
+    }
+    find([](QDialog& dialog) {
+        pickRow(control<ComboBox>(dialog, "cmbList"), 2); // picked by hand
+        click(dialog, "cmdOK");
+    });
+    EXPECT_EQ(box.currentRow(), 2);
+}
+
+} // namespace
+} // namespace vantor::test

@@ -1,0 +1,172 @@
+#include "core/tables.h"
+#include "foundation/log.h"
+#include "schedule/leg_editing.h"
+#include "support/fixture.h"
+#include "support/traffic.h"
+
+#include <gtest/gtest.h>
+
+namespace vantor::test {
+namespace {
+
+class LegEditingTest : public Fixture {
+  protected:
+    static ScheduleDraft draftOf(const std::vector<LegRec>& legs) {
+        ScheduleDraft draft;
+        for (const LegRec& leg : legs) {
+            draft.sched.legs.append(leg);
+        }
+        draft.sched.legcount = static_cast<std::int16_t>(legs.size());
+        return draft;
+    }
+
+    // All legs as "A-B B-A".
+    static std::string loop(const ScheduleDraft& draft) {
+        std::string text;
+        for (const ListRow& row : legrows(draft.sched)) {
+            text += (text.empty() ? "" : " ") + replaceAll(row.text, " - ", "-");
+        }
+        return text;
+    }
+
+    ScheduleDraft draft = draftOf(loopOver({"A", "B", "C"})); // C-A A-B B-C
+};
+
+TEST_F(LegEditingTest, ChangingAnAirportKeepsTheLoopClosed) {
+    changeairport(draft, 2, LegEnd::Destination, "X");
+    EXPECT_EQ(loop(draft), "C-A A-X X-C");
+    changeairport(draft, 2, LegEnd::Departure, "Y");
+    EXPECT_EQ(loop(draft), "C-Y Y-X X-C");
+    changeairport(draft, 3, LegEnd::Destination, "Z");
+    EXPECT_EQ(loop(draft), "Z-Y Y-X X-Z");
+    changeairport(draft, 1, LegEnd::Departure, "W");
+    EXPECT_EQ(loop(draft), "W-Y Y-X X-W");
+    EXPECT_EQ(draft.sched.legs[2].distance, 100.0F); // computed when the leg itself is stored
+
+    ScheduleDraft single = draftOf({makeLeg("A", "B")});
+    changeairport(single, 1, LegEnd::Destination, "X");
+    EXPECT_EQ(loop(single), "X-X");
+    ScheduleDraft none;
+    changeairport(none, 1, LegEnd::Destination, "X");
+    EXPECT_EQ(newestAction(), "");
+}
+
+TEST_F(LegEditingTest, AnAirportPickedWithoutALegReachesLegZero) {
+    changeairport(draft, 0, LegEnd::Destination, "X");
+    EXPECT_EQ(loop(draft), "X-A A-B B-C");
+    EXPECT_EQ(draft.leg0.toicao.text(), "X");
+    changeairport(draft, 0, LegEnd::Departure, "Y");
+    EXPECT_EQ(draft.leg0.fromicao.text(), "Y");
+    EXPECT_EQ(loop(draft), "X-A A-B B-C");
+    EXPECT_EQ(newestAction(), "Subscript out of range(9) in sub cmbairport_click of module frmFlightEdit");
+}
+
+TEST_F(LegEditingTest, ANewLegClosesTheGapAndTakesAfterTheLegBefore) {
+    LegRec& last = draft.sched.legs[3];
+    last.dep = "07:15:00";
+    last.arr = "09:00:00";
+    last.atflag = true;
+    last.flightnum = "42";
+    last.legtype = "R";
+    last.flightlevel = 310;
+    last.hashindex = 1003;
+    addlegtosched(draft, true, 3, 0, true);
+    EXPECT_EQ(loop(draft), "C-A A-B B-C C-C");
+    LegRec expected;
+    expected.fromicao = "C";
+    expected.toicao = "C";
+    expected.dep = "07:15:00";
+    expected.arr = "00:00:00"; // even behind a fixed arrival
+    expected.flightnum = "42";
+    expected.legtype = "R";
+    expected.flightlevel = 310;
+    expected.tng = true;
+    EXPECT_EQ(draft.sched.legs[4], expected);
+}
+
+TEST_F(LegEditingTest, InsertsInThePlaceOfTheCurrentRow) {
+    addlegtosched(draft, false, 3, 1, false);
+    EXPECT_EQ(loop(draft), "C-A A-A A-B B-C");
+    addlegtosched(draft, false, 4, 0, false);
+    EXPECT_EQ(loop(draft), "C-C C-A A-A A-B B-C");
+    // Without a current row it goes ahead of the last one.
+    addlegtosched(draft, false, 5, -1, false);
+    EXPECT_EQ(loop(draft), "C-C C-A A-A A-B B-B B-C");
+    EXPECT_EQ(newestAction(), "");
+}
+
+TEST_F(LegEditingTest, AddsToShortSchedules) {
+    ScheduleDraft single = draftOf({makeLeg("A", "B")});
+    addlegtosched(single, true, 1, 0, false);
+    EXPECT_EQ(loop(single), "A-B B-A");
+
+    // The first leg of all has only the blank leg 0 before it.
+    ScheduleDraft none;
+    addlegtosched(none, false, 0, -1, false);
+    ASSERT_EQ(none.sched.legcount, 1);
+    EXPECT_EQ(loop(none), "-");
+    EXPECT_EQ(none.sched.legs[1].arr.text(), "00:00:00");
+    EXPECT_EQ(none.sched.legs[1].dep.text(), "");
+    EXPECT_EQ(newestAction(), "");
+}
+
+TEST_F(LegEditingTest, NoMoreLegsThanTheCountHolds) {
+    draft.sched.legs.resize(32767);
+    draft.sched.legcount = 32767;
+    addlegtosched(draft, true, 32767, 0, false);
+    EXPECT_EQ(draft.sched.legcount, 32767);
+    EXPECT_EQ(draft.sched.legs.size(), 32767);
+    EXPECT_EQ(newestAction(), "Overflow(6) in sub addlegtosched of module frmFlightEdit");
+}
+
+TEST_F(LegEditingTest, DeletesLegsAndLeavesTheLoopOpen) {
+    draft.sched.legs[3].hashindex = 1003;
+    deleteleg(draft.sched, 2);
+    EXPECT_EQ(loop(draft), "C-A B-C");
+    EXPECT_EQ(draft.sched.legs[2].hashindex, 1003);
+    deleteleg(draft.sched, 2);
+    EXPECT_EQ(loop(draft), "C-A");
+    deleteleg(draft.sched, 1);
+    EXPECT_EQ(draft.sched.legcount, 0);
+    EXPECT_EQ(draft.sched.legs[1], LegRec{});
+    deleteleg(draft.sched, 1);
+    EXPECT_EQ(draft.sched.legcount, 0);
+    addlegtosched(draft, true, 0, -1, false);
+    EXPECT_EQ(draft.sched.legs.size(), 1);
+}
+
+TEST_F(LegEditingTest, DeletingNoLegLosesNone) {
+    deleteleg(draft.sched, 0);
+    deleteleg(draft.sched, 4);
+    EXPECT_EQ(loop(draft), "C-A A-B B-C");
+    EXPECT_EQ(newestAction(), "Subscript out of range(9) in sub deleteleg of module modLegDelete");
+}
+
+TEST_F(LegEditingTest, TextsOfTheEditor) {
+    draft.sched.legs[2].deleted = true;
+    EXPECT_EQ(legrows(draft.sched), (ListRows{{"C - A", 1}, {"A - B (DEL) ", 2}, {"B - C", 3}}));
+
+    const ListRows airportBox = {{"EGLL - London"}, {"egkk - Gatwick"}, {"EGKKX - Other"}};
+    EXPECT_EQ(rowstartingwith(airportBox, "EGKK "), 1);
+    EXPECT_EQ(rowstartingwith(airportBox, "eg"), 0);
+    EXPECT_EQ(rowstartingwith(airportBox, "KSEA"), -1);
+    EXPECT_EQ(rowstartingwith(airportBox, ""), 0);
+    const ListRows aircraftBox = {{"AC#123 - Long"}, {"AC#12 - Short"}};
+    EXPECT_EQ(aircraftrow(aircraftBox, "AC#12"), 1);
+    EXPECT_EQ(aircraftrow(aircraftBox, "ac#12"), -1);
+
+    LegRec leg;
+    leg.distance = 112.5F;
+    leg.flighthours = 24.0F;
+    EXPECT_EQ(distancetext(leg), "112 NM");
+    EXPECT_TRUE(isoveraday(leg));
+    leg.flighthours = 23.99F;
+    EXPECT_FALSE(isoveraday(leg));
+
+    gmtoffset = -0.25F;
+    EXPECT_EQ(localtimetext("04:00:00"), "22:00:00");
+    EXPECT_THROW(static_cast<void>(localtimetext("")), Error);
+}
+
+} // namespace
+} // namespace vantor::test

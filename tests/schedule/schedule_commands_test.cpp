@@ -1,0 +1,129 @@
+#include "core/tables.h"
+#include "foundation/log.h"
+#include "schedule/find_text.h"
+#include "schedule/schedule_commands.h"
+#include "support/fixture.h"
+#include "support/traffic.h"
+
+#include <gtest/gtest.h>
+
+namespace vantor::test {
+namespace {
+
+class ScheduleCommandsTest : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        addSchedule("AC#1,ONE,100%,24HR,IFR", loopOver({"A", "B"}));
+        addSchedule("ac#2,TWO,50%,WEEK,VFR", loopOver({"C", "D", "E"}));
+        addSchedule("AC#2,TRE,50%,6h,VFR", loopOver({"C", "D"}));
+    }
+
+    static bool deleted(std::int32_t recnum) { return schedules.peek(recnum).deleted; }
+};
+
+TEST_F(ScheduleCommandsTest, TheDefaultScheduleCarriesTheNumberOfTheOneBefore) {
+    const ScheduleRec made = defaultschedule("ac#7 - Boeing");
+    EXPECT_EQ(made.recnum, 4);
+    EXPECT_EQ(made.acnum.text(), "AC#7");
+    EXPECT_EQ(made.tailnumber.text(), "X");
+    EXPECT_EQ(made.percent.text(), "50%");
+    EXPECT_EQ(made.period.text(), "6h");
+    EXPECT_EQ(made.rules.text(), "IFR");
+    EXPECT_FALSE(made.weekly);
+    ASSERT_EQ(made.legcount, 2);
+    ASSERT_EQ(made.legs.size(), 2);
+    LegRec leg = makeLeg("YPPH", "YPEA", "12:00:00", "123", 0);
+    leg.hashindex = 3001;
+    leg.arr = "00:00:00";
+    leg.depday = 1;
+    leg.flightlevel = 150;
+    EXPECT_EQ(made.legs[1], leg);
+    leg.hashindex = 3002;
+    leg.dep = "12:30:00";
+    EXPECT_EQ(made.legs[2], leg);
+    EXPECT_EQ(schedulecount, 3);
+
+    addschedule(made, "sub test");
+    EXPECT_EQ(schedulecount, 4);
+    EXPECT_EQ(schedules.peek(4), made);
+}
+
+TEST_F(ScheduleCommandsTest, ACopyKeepsTheLegNumbersOfItsSource) {
+    deleteschedbyrecnum(2);
+    copyschedule(2);
+    EXPECT_EQ(schedulecount, 4);
+    ScheduleRec expected = schedules.HashGetSlot(2);
+    EXPECT_TRUE(expected.deleted);
+    expected.recnum = 4;
+    EXPECT_EQ(schedules.peek(4), expected);
+    EXPECT_EQ(schedules.peek(4).legs[3].hashindex, 2003);
+}
+
+TEST_F(ScheduleCommandsTest, AfterADroppedLineANewScheduleLandsInTheNextFreeSlot) {
+    countDroppedLine();
+    copyschedule(1);
+    EXPECT_EQ(schedulecount, 5);
+    EXPECT_EQ(schedules.peek(4).recnum, 5);
+}
+
+TEST_F(ScheduleCommandsTest, DeletingBySlotToggles) {
+    const ScheduleRec before = schedules.HashGetSlot(1);
+    deleteschedbyrecnum(1);
+    EXPECT_TRUE(deleted(1));
+    deleteschedbyrecnum(1);
+    EXPECT_EQ(schedules.peek(1), before);
+    deleteschedbyrecnum(-5);
+    EXPECT_EQ(newestAction(), "Subscript out of range(9) in sub deleteschedbyrecnum of module modSchedDeleteByAC");
+}
+
+TEST_F(ScheduleCommandsTest, DeletingByAircraftSetsAndIgnoresCase) {
+    deleteschedbyac("ac#2 - Boeing");
+    deleteschedbyac("AC#2");
+    EXPECT_FALSE(deleted(1));
+    EXPECT_TRUE(deleted(2));
+    EXPECT_TRUE(deleted(3));
+}
+
+TEST_F(ScheduleCommandsTest, TogglesALeg) {
+    ScheduleRec touched;
+    toggleleg(2, 3, touched);
+    EXPECT_EQ(touched.acnum.text(), "ac#2");
+    EXPECT_TRUE(schedules.peek(2).legs[3].deleted);
+    EXPECT_EQ(schedules.peek(2).legcount, 3);
+    toggleleg(2, 3, touched);
+    EXPECT_FALSE(schedules.peek(2).legs[3].deleted);
+    // A leg that is not there (any more) is a fault in the ring, and the schedule still counts as touched.
+    toggleleg(1, 9, touched);
+    EXPECT_EQ(touched.acnum.text(), "AC#1");
+    EXPECT_EQ(newestAction(), "Subscript out of range(9) in sub cmddeleteleg_click of module frmMain");
+}
+
+TEST(FindText, WalksFromHitToHit) {
+    const ListRows rows = {{"KSEA - Seattle"}, {"KPDX - Portland"}, {"ESSA - Stockholm"}, {""}};
+    std::int16_t last = -1;
+    EXPECT_EQ(findtext(rows, "sea", last), FindResult::Found);
+    EXPECT_EQ(last, 0);
+    EXPECT_EQ(findtext(rows, "STOCK", last), FindResult::Found);
+    EXPECT_EQ(last, 2);
+    EXPECT_EQ(findtext(rows, "stock", last), FindResult::AtEnd);
+    last = 0; // as the dialog starts: the first row is missed
+    EXPECT_EQ(findtext(rows, "seattle", last), FindResult::NoMore);
+    EXPECT_EQ(last, 0);
+    EXPECT_EQ(findtext(rows, "port", last), FindResult::Found);
+    EXPECT_EQ(last, 1);
+}
+
+TEST(FindText, AnEmptyTextMatchesAllButEmptyRows) {
+    const ListRows rows = {{"A"}, {""}, {"B"}, {""}};
+    std::int16_t last = -1;
+    EXPECT_EQ(findtext(rows, "", last), FindResult::Found);
+    EXPECT_EQ(last, 0);
+    EXPECT_EQ(findtext(rows, "", last), FindResult::Found);
+    EXPECT_EQ(last, 2);
+    EXPECT_EQ(findtext(rows, "", last), FindResult::AtEnd);
+    EXPECT_EQ(last, 2);
+}
+
+} // namespace
+} // namespace vantor::test

@@ -1,0 +1,323 @@
+// Tests of looking at schedules and changing them.
+// The schedule editor, driven with clicks and keys on a small world.
+#include "core/tables.h"
+#include "foundation/log.h"
+#include "platform/code_page.h"
+#include "platform/qt_host.h"
+#include "schedule/frmSchedEdit.h"
+#include "schedule/list_rows.h"
+#include "support/fixture.h"
+#include "support/form_driver.h"
+#include "support/traffic.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <gtest/gtest.h>
+
+namespace vantor::test {
+namespace {
+
+// Rows of the airport boxes.
+enum Airport { A, B, C, D };
+
+class ScheduleEditorTest : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        useHost(&qtHost);
+        for (const char* const icao : {"AAAA", "BBBB", "CCCC", "DDDD"}) {
+            addAirport(icao, "Town");
+        }
+        addAircraft("AC#1", "Jet");
+        addAircraft("AC#12", "Prop");
+        addAircraft("AC#123", "Glider");
+        addSchedule("AC#12,G-ONE,50%,24HR,VFR", loopOver({"AAAA", "BBBB", "CCCC"})); // C-A A-B B-C
+    }
+
+    void TearDown() override {
+        editor.reset();
+        Fixture::TearDown();
+    }
+
+    // Opens the editor as the main window does.
+    frmSchedEdit& open(std::int32_t recnum = 1) {
+        editor = std::make_unique<frmSchedEdit>();
+        editor->cmbAircraft().setRows(aircraftRows(true));
+        editor->cmbAircraft().setCurrentRow(0);
+        editor->cmbAirport(0).setRows(airportRows());
+        editor->cmbAirport(1).setRows(airportRows());
+        editor->locked = true;
+        editor->transfersched(schedules.HashGetSlot(recnum));
+        editor->locked = false;
+        editor->show();
+        return *editor;
+    }
+
+    template <class Widget>
+    Widget& at(std::string_view name) {
+        return control<Widget>(*editor, name);
+    }
+    ListBox& list() { return editor->List1(); }
+    ComboBox& combo(std::string_view name) { return at<ComboBox>(name); }
+    std::string field(std::string_view name) { return fromQString(at<QLineEdit>(name).text()); }
+    void type(std::string_view name, std::string_view text) { typeOver(at<QLineEdit>(name), text); }
+
+    // The list, its current row marked: "CCCC-AAAA *AAAA-BBBB".
+    std::string legs() {
+        std::string text;
+        for (int row = 0; row < list().rowCount(); ++row) {
+            text += (row == 0 ? "" : " ") + std::string(row == list().currentRow() ? "*" : "") +
+                    replaceAll(list().rowText(row), " - ", "-");
+        }
+        return text;
+    }
+    // The airports in the frame of the leg.
+    std::string frame() {
+        return combo("cmbAirport0").rowText(combo("cmbAirport0").currentRow()).substr(0, 4) + "-" +
+               combo("cmbAirport1").rowText(combo("cmbAirport1").currentRow()).substr(0, 4);
+    }
+
+    QtHost qtHost;
+    std::unique_ptr<frmSchedEdit> editor;
+};
+
+TEST_F(ScheduleEditorTest, ShowsTheScheduleAndItsFirstLeg) {
+    changeSchedule(1, [](ScheduleRec& record) {
+        record.legs[1].dep = "22:30:15";
+        record.legs[1].flighthours = 24;
+        record.legs[1].tng = true;
+    });
+    gmtoffset = 0.25F;
+    open();
+    EXPECT_EQ(editor->windowTitle(), QStringLiteral("Schedule Editor"));
+    EXPECT_EQ(combo("cmbAircraft").text(), "AC#12 - Prop"); // and not AC#123, nor row 0
+    EXPECT_EQ(field("txtRego"), "G-ONE");
+    EXPECT_EQ(field("txtPercent"), "50");
+    EXPECT_EQ(combo("cmbRepeat").text(), "24h");
+    EXPECT_TRUE(at<QRadioButton>("optVFR").isChecked());
+    EXPECT_EQ(legs(), "*CCCC-AAAA AAAA-BBBB BBBB-CCCC");
+    EXPECT_EQ(frame(), "CCCC-AAAA");
+    EXPECT_EQ(field("txtTime"), "04:30:15");
+    EXPECT_EQ(field("txtAltitude"), "200");
+    EXPECT_FALSE(at<QLineEdit>("txtETA").isEnabled());
+    EXPECT_FALSE(combo("cmbDay0").isEnabled());
+    EXPECT_FALSE(combo("cmbDay1").isVisible());
+    EXPECT_TRUE(at<QCheckBox>("chkTNG").isChecked());
+    EXPECT_EQ(at<QCheckBox>("chkTNG").toolTip(), QStringLiteral("Touch and Go (FS2004 only)"));
+    EXPECT_EQ(at<QLabel>("lblGMT").text(), QStringLiteral("(GMT+6)"));
+    EXPECT_EQ(at<QLabel>("lblDistance").text(), QStringLiteral("100 NM"));
+    EXPECT_EQ(at<QLabel>("lblDistance").toolTip(), QStringLiteral("This leg is over 24 hours long!"));
+    EXPECT_EQ(at<QLabel>("lblDistance").palette().color(QPalette::WindowText), QColor(192, 0, 0));
+    clickRow(list(), 1);
+    EXPECT_EQ(at<QLabel>("lblDistance").toolTip(), QString());
+    EXPECT_EQ(at<QLabel>("lblDistance").palette().color(QPalette::WindowText), QColor(0, 128, 0));
+    EXPECT_TRUE(at<QPushButton>("cmdOK").isDefault());
+}
+
+TEST_F(ScheduleEditorTest, OkHandsBackEveryField) {
+    open();
+    pickRow(combo("cmbAircraft"), 2);
+    type("txtRego", "1234567890123");
+    type("txtPercent", "1000");
+    click(*editor, "optIFR");
+    type("txtTime", "9:05");
+    type("txtAltitude", "310");
+    type("txtFlightNum", "77");
+    click(*editor, "chkTNG");
+    click(*editor, "chkUseRego");
+    EXPECT_FALSE(at<QLineEdit>("txtFlightNum").isEnabled());
+    pressKey(at<QLineEdit>("txtAltitude"), Qt::Key_Return); // OK is the default button
+    ASSERT_FALSE(editor->isVisible());
+    EXPECT_FALSE(editor->cancelled);
+    const ScheduleRec edited = editor->editedsched();
+    EXPECT_EQ(edited.acnum.text(), "AC#123");
+    EXPECT_EQ(edited.tailnumber.text(), "123456789012");
+    EXPECT_EQ(edited.percent.text(), "1000");
+    EXPECT_EQ(edited.rules.text(), "IFR");
+    EXPECT_EQ(edited.period.text(), "24h");
+    const LegRec& leg = edited.legs[1];
+    EXPECT_EQ(leg.dep.text(), "09:05:00");
+    EXPECT_EQ(leg.arr.text(), "09:21:00");
+    EXPECT_EQ(leg.flightlevel, 310);
+    EXPECT_EQ(leg.flightnum.text(), "77");
+    EXPECT_EQ(leg.legtype.text(), "R");
+    EXPECT_TRUE(leg.tng);
+    EXPECT_EQ(edited.legs[2], schedules.peek(1).legs[2]); // never visited, never computed
+}
+
+TEST_F(ScheduleEditorTest, ChangesBothAirportsOfAMiddleLeg) {
+    open();
+    clickRow(list(), 1);
+    EXPECT_EQ(frame(), "AAAA-BBBB");
+    pickRow(combo("cmbAirport0"), D);
+    EXPECT_EQ(legs(), "CCCC-DDDD *DDDD-BBBB BBBB-CCCC");
+    pickRow(combo("cmbAirport1"), A);
+    EXPECT_EQ(legs(), "CCCC-DDDD *DDDD-AAAA AAAA-CCCC");
+    EXPECT_EQ(frame(), "DDDD-AAAA");
+    typeOver(combo("cmbAirport1"), "BBBB - Town"); // typing reaches no leg
+    pressKey(combo("cmbAirport1"), Qt::Key_Tab);
+    EXPECT_EQ(legs(), "CCCC-DDDD *DDDD-AAAA AAAA-CCCC");
+    clickRow(list(), 0);
+    pickRow(combo("cmbAirport0"), B); // the leg before the first is the last
+    EXPECT_EQ(legs(), "*BBBB-DDDD DDDD-AAAA AAAA-BBBB");
+}
+
+TEST_F(ScheduleEditorTest, AddsAndInsertsLegs) {
+    addSchedule("AC#1,ONE,100%,6Hr,IFR", {makeLeg("AAAA", "BBBB", "08:00:00")});
+    open(2);
+    type("txtAltitude", "111");
+    click(*editor, "cmdAddLeg");
+    // Setting the row again is a click, which stores the leg that was shown.
+    EXPECT_EQ(legs(), "*AAAA-BBBB BBBB-AAAA");
+    EXPECT_EQ(editor->editedsched().legs[1].flightlevel, 111);
+    EXPECT_EQ(editor->editedsched().legs[2].hashindex, 0);
+    EXPECT_EQ(editor->editedsched().legs[2].dep.text(), "08:00:00");
+    click(*editor, "cmdInsertLeg");
+    // The store of the old leg 1 hits the new one, which now has that number.
+    EXPECT_EQ(legs(), "*AAAA-AAAA AAAA-BBBB BBBB-AAAA");
+    EXPECT_EQ(editor->editedsched().period.text(), "6Hr"); // the default row is no change and no click
+}
+
+TEST_F(ScheduleEditorTest, StartsFromNoLegsAtAll) {
+    addSchedule("AC#1,ONE,100%,6h,IFR", {});
+    open(2);
+    EXPECT_EQ(legs(), "");
+    EXPECT_EQ(field("txtTime"), "00:00");
+    click(*editor, "cmdDeleteLeg");
+    click(*editor, "cmdInsertLeg");
+    EXPECT_EQ(legs(), "-");
+    EXPECT_EQ(list().currentRow(), -1);
+    click(*editor, "cmdInsertLeg"); // with a row but none current: ahead of the last
+    EXPECT_EQ(legs(), "- -");
+    click(*editor, "cmdDeleteLeg"); // no row is current: nothing goes
+    EXPECT_EQ(legs(), "*- -");
+    click(*editor, "cmdOK");
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_EQ(editor->editedsched().legcount, 2);
+}
+
+TEST_F(ScheduleEditorTest, DeletingKeepsItsTwoOffsets) {
+    addSchedule("AC#1,ONE,100%,6h,IFR", loopOver({"AAAA", "BBBB", "CCCC", "DDDD"})); // D-A A-B B-C C-D
+    open(2);
+    clickRow(list(), 3);
+    click(*editor, "cmdDeleteLeg");
+    EXPECT_EQ(legs(), "DDDD-AAAA AAAA-BBBB *BBBB-CCCC");
+    EXPECT_EQ(frame(), "AAAA-BBBB"); // leg 2, two above the one deleted
+    clickRow(list(), 1);
+    click(*editor, "cmdDeleteLeg");
+    EXPECT_EQ(legs(), "*DDDD-AAAA BBBB-CCCC");
+    EXPECT_EQ(frame(), "AAAA-AAAA"); // leg 0: a blank code is the start of the first row
+    EXPECT_EQ(field("txtAltitude"), "0");
+    EXPECT_EQ(field("txtFlightNum"), "");
+    EXPECT_EQ(at<QLabel>("lblDistance").text(), QStringLiteral("0 NM"));
+    click(*editor, "cmdDeleteLeg");
+    EXPECT_EQ(legs(), "*BBBB-CCCC");
+    pickRow(combo("cmbAirport1"), D); // without a current leg a destination goes to leg 0 and to the start of leg 1
+    EXPECT_EQ(legs(), "*DDDD-CCCC");
+    click(*editor, "cmdDeleteLeg");
+    EXPECT_EQ(legs(), "");
+    click(*editor, "cmdOK");
+    EXPECT_EQ(editor->editedsched().legcount, 0);
+}
+
+TEST_F(ScheduleEditorTest, ABadTimeStopsOk) {
+    open();
+    type("txtTime", "25:00");
+    type("txtRego", "NEW");
+    const auto boxes = answerBoxes({{std::string(invalidTimeText)}, {std::string(invalidTimeText)}});
+    click(*editor, "cmdOK");
+    EXPECT_TRUE(editor->isVisible());
+    EXPECT_EQ(field("txtTime"), "25:00");
+    EXPECT_EQ(field("txtRego"), "NEW");
+    type("txtTime", "12:00");
+    type("txtAltitude", "high"); // has no words of its own
+    click(*editor, "cmdOK");
+    EXPECT_TRUE(editor->isVisible());
+    type("txtAltitude", "99");
+    click(*editor, "cmdOK");
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_EQ(editor->editedsched().legs[1].flightlevel, 99);
+}
+
+TEST_F(ScheduleEditorTest, ABadTimeKeepsTheOldLegInTheFrame) {
+    open();
+    type("txtTime", "abc");
+    {
+        const auto boxes = answerBoxes({{std::string(invalidTimeText)}});
+        clickRow(list(), 2);
+    }
+    EXPECT_EQ(legs(), "CCCC-AAAA AAAA-BBBB *BBBB-CCCC");
+    EXPECT_EQ(frame(), "CCCC-AAAA");
+    EXPECT_EQ(field("txtTime"), "abc");
+    type("txtTime", "1:00");
+    clickRow(list(), 1);
+    EXPECT_EQ(editor->editedsched().legs[1].dep.text(), "01:00:00");
+    EXPECT_EQ(frame(), "AAAA-BBBB");
+}
+
+TEST_F(ScheduleEditorTest, AWeeklyScheduleGetsItsDays) {
+    open();
+    pickRow(combo("cmbRepeat"), 7);
+    EXPECT_TRUE(combo("cmbDay0").isEnabled());
+    click(*editor, "chkFix");
+    EXPECT_TRUE(combo("cmbDay1").isVisible());
+    EXPECT_TRUE(at<QLabel>("lblDay2").isVisible());
+    pickRow(combo("cmbDay1"), 3);
+    type("txtETA", "23:45");
+    clickRow(list(), 1); // stored: the departure without a day jumps to Sunday
+    const LegRec stored = editor->editedsched().legs[1];
+    EXPECT_EQ(stored.depday, 0);
+    EXPECT_EQ(stored.arrday, 2);
+    EXPECT_EQ(stored.arr.text(), "23:45:00");
+    EXPECT_TRUE(stored.atflag);
+    EXPECT_FALSE(combo("cmbDay1").isVisible());
+    pressKey(list(), Qt::Key_Up);
+    EXPECT_EQ(combo("cmbDay0").text(), "Sun");
+    EXPECT_EQ(combo("cmbDay1").text(), "Tue");
+    pickRow(combo("cmbRepeat"), 3);
+    EXPECT_FALSE(editor->editedsched().weekly);
+    EXPECT_FALSE(combo("cmbDay0").isEnabled());
+    EXPECT_EQ(editor->editedsched().legs[1].arrday, 2); // days of legs not visited again stay
+}
+
+TEST_F(ScheduleEditorTest, ADeletedAircraftGivesWayToTheFirstRow) {
+    aircraft[2].deleted = true;
+    open();
+    EXPECT_EQ(combo("cmbAircraft").text(), "AC#1 - Jet");
+    click(*editor, "cmdOK");
+    EXPECT_EQ(editor->editedsched().acnum.text(), "AC#1");
+}
+
+TEST_F(ScheduleEditorTest, CancelEscapeAndTheCloseBoxCancel) {
+    const std::vector<std::function<void()>> ways = {
+        [&] { click(*editor, "cmdCancel"); },
+        [&] { pressKey(at<QLineEdit>("txtTime"), Qt::Key_Escape); },
+        [&] { editor->close(); },
+    };
+    for (const auto& leave : ways) {
+        open();
+        type("txtTime", "bad");
+        leave();
+        EXPECT_FALSE(editor->isVisible());
+        EXPECT_TRUE(editor->cancelled);
+    }
+}
+
+TEST_F(ScheduleEditorTest, FindInAnAirportBoxChangesTheLoop) {
+    open();
+    const auto dialogs = expectDialog("frmFind", [](QDialog& dialog) {
+        typeOver(control<QLineEdit>(dialog, "txtSearchString"), "dddd");
+        click(dialog, "cmdFirst");
+        click(dialog, "cmdOK");
+    });
+    click(*editor, "cmdFind2");
+    EXPECT_EQ(legs(), "*CCCC-DDDD DDDD-BBBB BBBB-CCCC");
+    EXPECT_EQ(newestAction(), "");
+}
+
+} // namespace
+} // namespace vantor::test

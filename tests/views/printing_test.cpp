@@ -1,0 +1,172 @@
+// Views: a timetable printed to a PDF file and read back, and the buttons of the main window.
+#include "foundation/error.h"
+#include "platform/code_page.h"
+#include "platform/printer_choice.h"
+#include "schedule/list_rows.h"
+#include "shell/frmMain.h"
+#include "support/fixture.h"
+#include "support/form_driver.h"
+#include "support/traffic.h"
+#include "views/frmSchedulePrint.h"
+
+#include <QLabel>
+#include <QPrinter>
+#include <QProcess>
+#include <QPushButton>
+
+namespace vantor::test {
+namespace {
+
+class PrintingTest : public Fixture {
+  protected:
+    // The window's start drops the traffic of before: call it behind that.
+    static void addTraffic() {
+        addAircraft("AC#1", "\"Boeing 737-400\"");
+        addAirport("YPPH", "Perth, Western Australia");
+        addAirport("YPEA", "Pearce");
+        addSchedule("AC#1,N1,100%,24HR,IFR",
+                    {makeLeg("YPEA", "YPPH", "11:00:00"), makeLeg("YPPH", "YPEA", "12:30:00")});
+    }
+
+    [[nodiscard]] QString pdf() const { return QString::fromStdString((folder() / "schedule.pdf").string()); }
+
+    void printToPdf(QPrinter& printer) const {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(pdf());
+        printer.setPageSize(QPageSize(QPageSize::A4));
+    }
+
+    // What a tool that reads PDF files tells.
+    static QString told(const QString& program, const QStringList& arguments) {
+        QProcess process;
+        process.start(program, arguments);
+        EXPECT_TRUE(process.waitForFinished()) << "is " << program.toStdString() << " installed?";
+        return QString::fromUtf8(process.readAllStandardOutput());
+    }
+
+    // The lines of each page.
+    [[nodiscard]] std::vector<QStringList> pages() const {
+        std::vector<QStringList> result;
+        QStringList texts = told(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf(), QStringLiteral("-")})
+                                .split(QLatin1Char('\f'));
+        texts.removeLast(); // each page ends in a form feed
+        for (const QString& text : texts) {
+            QStringList lines;
+            for (const QString& line : text.split(QLatin1Char('\n'))) {
+                if (!line.trimmed().isEmpty()) {
+                    lines.append(line.trimmed());
+                }
+            }
+            result.push_back(lines);
+        }
+        return result;
+    }
+};
+
+TEST_F(PrintingTest, ALongTimetableRunsOverAsManyPagesAsItNeeds) {
+    SchedulePrintout printout{"Schedule for Perth, Western Australia", {}};
+    QStringList expected{QStringLiteral("Schedule for Perth, Western Australia")};
+    for (int i = 1; i <= 200; ++i) {
+        printout.rows.push_back("Flight " + std::to_string(i) + " to Pearce");
+        expected.append(toQString(printout.rows.back()));
+    }
+    QPrinter printer(QPrinter::HighResolution);
+    printToPdf(printer);
+    printer.setPageOrientation(QPageLayout::Landscape); // taken back: it prints upright
+    printSchedule(printer, printout);
+    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Portrait);
+
+    const std::vector<QStringList> printed = pages();
+    QStringList all;
+    for (const QStringList& page : printed) {
+        all += page;
+    }
+    EXPECT_EQ(all, expected);
+    // A page of 297 mm takes about 58 rows of 12 points.
+    ASSERT_EQ(printed.size(), 4U);
+    EXPECT_EQ(printed[1].size(), printed[2].size());
+    EXPECT_NEAR(static_cast<double>(printed[1].size()), 58, 3);
+
+    const QString fonts = told(QStringLiteral("pdffonts"), {pdf()});
+    EXPECT_TRUE(fonts.contains(QStringLiteral("Bold"))) << fonts.toStdString();
+    EXPECT_TRUE(fonts.contains(QStringLiteral("Serif")) || fonts.contains(QStringLiteral("Times")))
+        << fonts.toStdString();
+}
+
+TEST_F(PrintingTest, ARowWiderThanThePageIsSetNarrower) {
+    QPrinter printer(QPrinter::HighResolution);
+    printToPdf(printer);
+    const std::string row = "12:30 >D> " + std::string(150, 'W') + " end";
+    printSchedule(printer, {"Schedule", {row, "\tshort"}});
+    const QString bounds = told(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf(), QStringLiteral("-")});
+    const auto at = bounds.indexOf(QStringLiteral(">end<"));
+    ASSERT_GE(at, 0);
+    const auto edge = bounds.lastIndexOf(QStringLiteral("xMax=\""), at) + 6;
+    EXPECT_LT(bounds.mid(edge, 6).toDouble(), 595.0); // points of an A4 page
+}
+
+TEST_F(PrintingTest, ARefusedJobIsAnError) {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    for (const QString& file : {QString(), QStringLiteral("/no/such/folder/schedule.pdf")}) {
+        printer.setOutputFileName(file);
+        try {
+            printSchedule(printer, {"Schedule", {"row"}});
+            FAIL() << "printed to " << file.toStdString();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.description(), "Printer error");
+        }
+    }
+}
+
+TEST_F(PrintingTest, TheMainWindowPrintsWhatItsListShows) {
+    frmMain window;
+    window.formLoad();
+    addTraffic();
+    auto& print = control<QPushButton>(window, "cmdPrint");
+    auto& rows = control<ListBox>(window, "List2");
+    EXPECT_FALSE(print.isEnabled());
+    window.show();
+
+    rows.setEnabled(false);
+    control<ComboBox>(window, "cmbICAO").setRows(airportRows());
+    control<ComboBox>(window, "cmbICAO").setCurrentRow(0);
+    click(window, "cmdTimeTable");
+    EXPECT_EQ(window.timetableicao(), "YPPH");
+    EXPECT_TRUE(rows.isEnabled());
+    ASSERT_EQ(rows.rowCount(), 3);
+    EXPECT_EQ(rows.rowText(1), "12:30 >D> Flight 1 to Pearce  AC: \"Boeing 737-400\"");
+    EXPECT_EQ(rows.rowText(2), "");
+
+    click(window, "cmdGates"); // leaves the timetable's airport as it was
+    EXPECT_EQ(rows.rowCount(), 183);
+    EXPECT_TRUE(print.isEnabled());
+    window.displaytimetable("ypph - Perth");
+
+    printToPdf(currentPrinter());
+    {
+        const Expectation dialog = expectDialog("printDialog", [](QDialog& asked) {
+            EXPECT_EQ(asked.windowTitle(), QStringLiteral("Schedule"));
+            asked.reject(); // a cancel does not stop the printing
+        });
+        click(window, "cmdPrint");
+    }
+    ASSERT_EQ(pages().size(), 1U);
+    const QStringList expected{QStringLiteral("Schedule for Perth, Western Australia"),
+                               QStringLiteral("11:00 <A< Flight 1 from Pearce AC: Boeing 737-400"),
+                               QStringLiteral("12:30 >D> Flight 1 to Pearce AC: Boeing 737-400")};
+    EXPECT_EQ(pages()[0], expected) << pages()[0].join(QLatin1Char('|')).toStdString();
+
+    // A job that the printer refuses leaves its description in the log.
+    currentPrinter().setOutputFileName(QStringLiteral("/no/such/folder/schedule.pdf"));
+    {
+        const Expectation dialog = expectDialog("printDialog", [](QDialog& asked) { asked.reject(); });
+        click(window, "cmdPrint");
+    }
+    EXPECT_EQ(logTexts().back(), "Printer error");
+    window.settimetableicao("");
+    EXPECT_FALSE(print.isEnabled());
+}
+
+} // namespace
+} // namespace vantor::test
