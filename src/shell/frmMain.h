@@ -138,7 +138,7 @@ class frmMain : public QMainWindow {
     // Utilities panel
     void hideframes() noexcept;
     void showUtilityFrame(QWidget& frame) noexcept;
-    void finishBulkChange(const BulkOutcome& outcome);
+    void finishBulkChange(const BulkOutcome& outcome) noexcept;
     void cmdChangeFL_Click() noexcept;
     void cmdUpdateATCPercent_Click() noexcept;
     void cmdDeleteByICAO_Click() noexcept;
@@ -148,7 +148,7 @@ class frmMain : public QMainWindow {
 
     // Aircraft
     void offerAircraft(frmAircraftSub& dialog) noexcept;
-    void takeSubstitute(const std::string& substitutetext);
+    void takeSubstitute(const std::string& substitutetext) noexcept;
     void cmdSubAC_Click() noexcept;
     void cmdAddFS_Click() noexcept;
     void cmdDeleteAC_Click() noexcept;

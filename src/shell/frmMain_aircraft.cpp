@@ -66,19 +66,21 @@ void frmMain::cmdSubAC_Click() noexcept {
             return;
         }
         trap([&] { busymouse(); });
-        trap([&] { takeSubstitute(dialog.substitutetext); });
+        takeSubstitute(dialog.substitutetext);
         trap([&] { ui->List3->removeRow(ui->List3->currentRow()); });
         trap([&] { normalmouse(); });
     });
 }
 
-void frmMain::takeSubstitute(const std::string& substitutetext) {
-    const int row = rowWithText(*ui->cmbAC, ui->List3->currentText());
+void frmMain::takeSubstitute(const std::string& substitutetext) noexcept {
+    const StandardTrap trap{"sub cmdsubac_click", module};
+    int row = -1;
+    trap([&] { row = rowWithText(*ui->cmbAC, ui->List3->currentText()); });
     if (row < 0) {
         return;
     }
-    ui->cmbAC->setRowText(row, substitutetext);
-    ui->cmbAC->setText(substitutetext);
+    trap([&] { ui->cmbAC->setRowText(row, substitutetext); });
+    trap([&] { ui->cmbAC->setText(substitutetext); });
     if (substituteAircraft(substitutetext)) {
         unsavedchanges = true;
     }

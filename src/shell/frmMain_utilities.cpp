@@ -60,14 +60,15 @@ void frmMain::showUtilityFrame(QWidget& frame) noexcept {
     trap([&] { frame.show(); });
 }
 
-void frmMain::finishBulkChange(const BulkOutcome& outcome) {
+void frmMain::finishBulkChange(const BulkOutcome& outcome) noexcept {
+    const StandardTrap trap{"sub finishbulkchange", module};
     if (outcome.setsUnsaved) {
         unsavedchanges = true;
     }
-    host().message(outcome.message);
+    trap([&] { host().message(outcome.message); });
     if (outcome.clearsLists) {
-        ui->List1->clear();
-        ui->List2->clear();
+        trap([&] { ui->List1->clear(); });
+        trap([&] { ui->List2->clear(); });
     }
 }
 
