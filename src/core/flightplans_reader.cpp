@@ -110,6 +110,7 @@ void Reader::read() {
         }
     }
     file.close();
+    schedules.Cover(lines); // dropped lines count, and every walk reads up to the count
     schedulecount = lines;
 }
 

@@ -2,6 +2,7 @@
 
 #include "foundation/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
@@ -77,16 +78,21 @@ std::size_t HashTable<Key>::bucketOf(std::int32_t h1) const noexcept {
 }
 
 template <class Key>
-void HashTable<Key>::Add(std::int32_t h1, Record record) {
-    const std::size_t bucket = bucketOf(h1);
-    const std::int32_t slot = m_nodes.Alloc();
+void HashTable<Key>::Cover(std::int32_t slot) {
     if (slot > m_keys.size()) {
-        const std::int32_t bound = grown(m_keys.size(), m_growth);
+        const std::int32_t bound = std::max(slot, grown(m_keys.size(), m_growth));
         m_nextslot.resize(bound);
         m_keys.resize(bound);
         m_records.resize(bound);
         m_recordCount = bound;
     }
+}
+
+template <class Key>
+void HashTable<Key>::Add(std::int32_t h1, Record record) {
+    const std::size_t bucket = bucketOf(h1);
+    const std::int32_t slot = m_nodes.Alloc();
+    Cover(slot);
     m_nextslot[slot] = m_buckets[bucket];
     m_buckets[bucket] = slot;
     m_keys[slot] = h1;
@@ -161,6 +167,12 @@ void HashFront<Key>::HashAdd(Record record) {
     ensure();
     const std::int32_t h1 = m_table->hashOf(Key::text(record));
     m_table->Add(h1, std::move(record));
+}
+
+template <class Key>
+void HashFront<Key>::Cover(std::int32_t slot) {
+    ensure();
+    m_table->Cover(slot);
 }
 
 template <class Key>

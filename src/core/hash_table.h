@@ -72,6 +72,8 @@ class HashTable {
     /// Removes the record nearest the head of its chain whose first-stage hash is `h1`; raises the table's error 1
     /// when there is none.
     void Delete(std::int32_t h1);
+    /// Grows the arrays until slot `slot` lies within them.
+    void Cover(std::int32_t slot);
     void ClearArrays() noexcept;
 
     [[nodiscard]] std::int32_t RecordCount() const noexcept { return m_recordCount; }
@@ -105,6 +107,8 @@ class HashFront {
     /// Upper bound of the slots: the capacity, not the number of records.
     [[nodiscard]] std::int32_t RecordCount() const noexcept { return m_table ? m_table->RecordCount() : 0; }
     void HashAdd(Record record);
+    /// Makes every slot up to `slot` readable, blank where nothing was added: for a count that runs ahead of the slots.
+    void Cover(std::int32_t slot);
     /// A copy of the record of this key (trimmed, case counts), or the blank record of a miss.
     [[nodiscard]] Record HashFind(std::string_view key);
     /// A copy of the record in a slot; blank where nothing was added. A slot outside the capacity is error 9.

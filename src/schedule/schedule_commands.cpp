@@ -46,6 +46,7 @@ void addschedule(const ScheduleRec& schedule, std::string_view procedure) noexce
     const StandardTrap trap{procedure, mainModule};
     trap([&] { schedules.HashAdd(schedule); });
     ++schedulecount;
+    trap([] { schedules.Cover(schedulecount); });
 }
 
 void copyschedule(std::int32_t recnum) noexcept {
@@ -57,6 +58,7 @@ void copyschedule(std::int32_t recnum) noexcept {
     ++schedulecount;
     schedule.recnum = schedulecount;
     trap([&] { schedules.HashAdd(schedule); });
+    trap([] { schedules.Cover(schedulecount); });
 }
 
 void deleteschedbyrecnum(std::int32_t recnum) noexcept {

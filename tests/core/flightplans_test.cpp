@@ -94,6 +94,19 @@ TEST_F(FlightplansTest, CommentsBlanksAndShortLines) {
     EXPECT_EQ(schedules.HashGetSlot(4).legcount, 0);
 }
 
+TEST_F(FlightplansTest, DroppedLinesMayRunBeyondTheTable) {
+    const std::string line = "AC#1,N1,1%,6H,IFR,01:00:00,02:00:00, 1 ,F,1,AAAA\r\n";
+    std::string bytes;
+    for (std::int32_t dropped = 0; dropped < 150000; ++dropped) {
+        bytes += "x\r\n";
+    }
+    load(bytes + line);
+    EXPECT_EQ(schedulecount, 150001);
+    EXPECT_EQ(schedules.HashGetSlot(schedulecount).legcount, 0); // every number that counts can be read
+    EXPECT_EQ(saved(), line);
+    EXPECT_EQ(newestAction(), "");
+}
+
 TEST_F(FlightplansTest, WideValuesAreCut) {
     load("AC#12345678,N123456789012345,100.5%,WEEKLY,VFRX,3/06:00:00,3/07:00:00,1,FX,1234567890123,AAAAAAA\r\n");
     const ScheduleRec record = schedules.HashGetSlot(1);

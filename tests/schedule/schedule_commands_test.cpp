@@ -49,6 +49,17 @@ TEST_F(ScheduleCommandsTest, TheDefaultScheduleCarriesTheNumberOfTheOneBefore) {
     EXPECT_EQ(schedules.peek(4), made);
 }
 
+TEST_F(ScheduleCommandsTest, EveryNumberThatCountsCanBeRead) {
+    const auto legsOfLast = [] { return schedules.peek(schedulecount).legcount; };
+    schedulecount = schedules.RecordCount(); // as after many lines that were dropped
+    addschedule(defaultschedule("AC#7"), "sub test");
+    EXPECT_EQ(legsOfLast(), 0);
+    schedulecount = schedules.RecordCount();
+    copyschedule(2);
+    EXPECT_EQ(legsOfLast(), 0);
+    EXPECT_EQ(schedules.peek(5).legcount, 3);
+}
+
 TEST_F(ScheduleCommandsTest, ACopyKeepsTheLegNumbersOfItsSource) {
     deleteschedbyrecnum(2);
     copyschedule(2);
