@@ -2,7 +2,6 @@
 
 #include "core/tables.h"
 #include "foundation/files.h"
-#include "foundation/native_path.h"
 #include "foundation/numbers.h"
 #include "foundation/progress.h"
 #include "foundation/text.h"
@@ -22,6 +21,7 @@ bool isComment(std::string_view column) {
 
 void readAircraft(std::string_view file, Canvas* progress) {
     aircraft.clear();
+    aircraftcount = 0; // also when the file can't be counted
     aircraftcount = LinesInFile(file);
     if (aircraftcount == 0) {
         throw Error(ErrorCode::Loader, std::string(file) + " missing or empty.   Please run this program in the "
@@ -66,8 +66,9 @@ void LoadAircraft(std::string_view file, Canvas* progress) {
 void saveaircraft() noexcept {
     const StandardTrap trap{"sub saveaircraft", "modAircraftSave"};
     std::optional<ReplacingFile> file;
-    // The name is fixed, whatever the configured file; it is meant.
-    trap([&] { file.emplace(programFolder() + "\\Aircraft.txt"); });
+    // The name is fixed and bare, whatever the configured file: it goes to the current folder, where the compiler of
+    // the traffic reads. It is meant.
+    trap([&] { file.emplace("Aircraft.txt"); });
     if (!file) {
         return;
     }

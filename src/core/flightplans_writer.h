@@ -7,7 +7,7 @@
 namespace vantor {
 
 /// Writes the schedules that are not deleted, without their deleted legs. The tables stay as they are. Faults go to the
-/// ring; after one the old file is whole.
+/// ring; after a failed write the old file stands as it was.
 void savesc(std::string_view file) noexcept;
 
 } // namespace vantor

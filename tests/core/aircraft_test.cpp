@@ -3,6 +3,7 @@
 #include "core/aircraft_table.h"
 #include "core/tables.h"
 #include "foundation/log.h"
+#include "foundation/native_path.h"
 #include "support/fixture.h"
 
 #include <string>
@@ -97,6 +98,17 @@ TEST_F(AircraftTest, SaveWritesTheFixedNameWithoutDeletedRows) {
     aircraft[3].deleted = true;
     saveaircraft();
     EXPECT_EQ(readFile("Aircraft.txt"), "");
+}
+
+TEST_F(AircraftTest, SaveGoesToTheCurrentFolder) {
+    load("AC#1,250,b\r\n");
+    setProgramFile(folder() / "program" / "Vantor");
+    std::filesystem::create_directory(folder() / "elsewhere");
+    std::filesystem::current_path(folder() / "elsewhere");
+    aircraft[1].title = "changed";
+    saveaircraft();
+    EXPECT_EQ(readFile("elsewhere\\Aircraft.txt"), "AC#1,250,changed\r\n");
+    EXPECT_EQ(readFile("Aircraft.txt"), "AC#1,250,b\r\n");
 }
 
 TEST_F(AircraftTest, SaveToAReadOnlyFileKeepsItAndIsAFaultInTheRing) {

@@ -57,12 +57,15 @@ void Fixture::SetUp() {
     useClock(&clock);
     useHost(&recorder);
     m_folder = makeFolder();
+    m_startFolder = std::filesystem::current_path();
+    std::filesystem::current_path(m_folder);
     setProgramFile(m_folder / "Vantor");
 }
 
 void Fixture::TearDown() {
     resetGlobals();
     std::error_code ignored;
+    std::filesystem::current_path(m_startFolder, ignored);
     std::filesystem::remove_all(m_folder, ignored);
 }
 

@@ -20,7 +20,7 @@ class Fixture : public ::testing::Test {
     void SetUp() override;
     void TearDown() override;
 
-    /// The test's own folder, which is the program's folder too.
+    /// The test's own folder, which is the program's folder and the current one too.
     [[nodiscard]] const std::filesystem::path& folder() const { return m_folder; }
     /// The program's path of a file in the folder; `name` may hold folders, with backslashes.
     [[nodiscard]] std::string path(std::string_view name) const;
@@ -39,6 +39,7 @@ class Fixture : public ::testing::Test {
 
   private:
     std::filesystem::path m_folder;
+    std::filesystem::path m_startFolder;
 };
 
 } // namespace vantor::test
