@@ -115,7 +115,7 @@ void frmMain::loaddata() {
 
 void frmMain::cmdReload_Click() noexcept {
     const StandardTrap trap{"sub cmdreload_click", module};
-    bool sure = true;
+    bool sure = !unsavedchanges; // a question that fails is no Yes
     trap([&] {
         if (unsavedchanges) {
             sure = host().askYesNo("You will lose any changes if you do this. Are you sure?");
