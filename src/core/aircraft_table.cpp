@@ -31,8 +31,8 @@ void SortAircraft() {
     }
     std::ranges::stable_sort(rows, {}, [](const auto& row) { return row.first; });
     std::int32_t i = 0;
-    for (auto& row : rows) {
-        aircraft[++i] = std::move(row.second);
+    for (const auto& row : rows) {
+        aircraft[++i] = row.second;
     }
 }
 

@@ -61,7 +61,7 @@ std::string gmtstring() {
     if (gmtoffset == 0) {
         return "GMT";
     }
-    const DateTime offset = static_cast<DateTime>(gmtoffset);
+    const auto offset = static_cast<DateTime>(gmtoffset);
     const std::string time = minuteOf(offset) == 0 ? std::to_string(hourOf(offset)) : formatHMM(offset);
     return (gmtoffset < 0 ? "(GMT-" : "(GMT+") + time + ")";
 }

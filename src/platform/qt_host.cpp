@@ -61,6 +61,13 @@ void startDetached(const QString& program, const QStringList& arguments) {
 
 } // namespace
 
+QString boxText(std::string_view text) {
+    QString shown = toQString(text);
+    shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return shown;
+}
+
 QtHost::~QtHost() {
     if (QCoreApplication::instance() != nullptr) {
         showPointer(Pointer::Normal);
@@ -68,13 +75,13 @@ QtHost::~QtHost() {
 }
 
 void QtHost::message(std::string_view text) {
-    QMessageBox box(QMessageBox::NoIcon, programTitle(), toQString(text), QMessageBox::Ok, owner());
+    QMessageBox box(QMessageBox::NoIcon, programTitle(), boxText(text), QMessageBox::Ok, owner());
     box.setObjectName(QStringLiteral("messageBox"));
     show(box);
 }
 
 bool QtHost::askYesNo(std::string_view text) {
-    QMessageBox box(QMessageBox::NoIcon, programTitle(), toQString(text), QMessageBox::Yes | QMessageBox::No, owner());
+    QMessageBox box(QMessageBox::NoIcon, programTitle(), boxText(text), QMessageBox::Yes | QMessageBox::No, owner());
     box.setObjectName(QStringLiteral("questionBox"));
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);

@@ -6,9 +6,15 @@
 
 #include <QMessageBox>
 #include <QPointer>
+#include <QString>
 #include <QWidget>
 
+#include <string_view>
+
 namespace vantor {
+
+/// A message as a box shows it: its lines end in CR, which Qt's labels would run over.
+[[nodiscard]] QString boxText(std::string_view text);
 
 /// Needs a QApplication while it is in use. Tests find its boxes by the object names "messageBox" and "questionBox".
 class QtHost : public Host {

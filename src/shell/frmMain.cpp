@@ -105,6 +105,7 @@ void frmMain::formLoad() {
         LoadSettings(settingsFile());
         if (!modeChosen()) {
             host().message("Select FS2002 or FS2004 mode, then set up the file locations in the settings screen.");
+            fsmode = defaultMode; // also where the store holds something that is no number
         }
         readsettings();
         setupformwithcurrentmode();
@@ -157,6 +158,8 @@ void frmMain::setupformwithcurrentmode() noexcept {
             plansuffix = "030528";
         }
     });
+    // Selecting a mode stores it, also at the start: a first run that ends without a choice has chosen the default.
+    sset("FSMode", fsmode);
     trap([&] { ui->cmdSubAC->setVisible(true); });
     trap([&] { ui->List3->setEnabled(true); });
     trap([&] { ui->FrameFSAC->setTitle(toQString("AI Aircraft missing from FS200" + std::to_string(fsmode))); });
@@ -183,7 +186,7 @@ void frmMain::cmdSettings_Click() noexcept {
         form.exec();
     });
     trap([&] {
-        if (ui->List1->rowCount() > 0) {
+        if (ui->List1->currentRow() >= 0) { // without one there is nothing to show anew
             displaylegs(true, ui->List1->currentItemData(), "");
         }
     });

@@ -7,8 +7,8 @@
 #include "foundation/log.h"
 #include "foundation/progress.h"
 #include "foundation/trap.h"
-#include "platform/code_page.h"
 #include "platform/file_dialogs.h"
+#include "platform/qt_host.h"
 #include "schedule/list_rows.h"
 #include "shell/application_settings.h"
 #include "shell/frmMain.h"
@@ -180,7 +180,7 @@ void frmMain::endFatally(const Error& error) noexcept {
         QMessageBox box(QMessageBox::Critical, QStringLiteral("Vantor"), QString(), QMessageBox::Ok, this);
         box.setObjectName(QStringLiteral("fatalBox"));
         box.setTextFormat(Qt::PlainText);
-        box.setText(toQString(error.description()));
+        box.setText(boxText(error.description()));
         box.exec();
     });
     trap([&] {

@@ -21,6 +21,7 @@ TEST_F(LocaleWords, PatternsOfSamples) {
     EXPECT_EQ(flocaldateformatstring("2001-25-12"), ""); // known, and stays
     EXPECT_EQ(flocaldateformatstring("2001. 12. 25."), "YYYY.MM.DD");
     EXPECT_EQ(flocaldateformatstring(""), "MM/DD/YY");
+    EXPECT_EQ(flocaldateformatstring("2001"), "");
     EXPECT_EQ(flocalfulldateformat("25.12.2001"), "DD.MMM.YYYY");
     EXPECT_EQ(flocalfulldateformat("25-12.2001"), "DD.MMM.YYYY"); // the dot is put in first
     EXPECT_EQ(fdateseparator("25-12-2001"), "-");

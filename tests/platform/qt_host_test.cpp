@@ -34,6 +34,10 @@ TEST_F(QtHostTest, BoxesShowPlainTextAndGiveTheButton) {
     EXPECT_FALSE(qtHost.askYesNo("Sure?")); // Escape
 }
 
+TEST_F(QtHostTest, ACarriageReturnEndsALine) {
+    EXPECT_EQ(boxText("Disk full:\rtry again\r\nor not\n"), QStringLiteral("Disk full:\ntry again\nor not\n"));
+}
+
 TEST_F(QtHostTest, BoxesAreModalPlainAndSafeByDefault) {
     // The watch serves each box after this look at it.
     const auto boxes = answerBoxes({{"One?", QMessageBox::No}});

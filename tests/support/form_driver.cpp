@@ -3,6 +3,7 @@
 #include "support/form_driver.h"
 
 #include "platform/code_page.h"
+#include "platform/qt_host.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -44,7 +45,7 @@ void serveBox(QMessageBox& box) {
     }
     const BoxAnswer answer = std::move(expectedBoxes.front());
     expectedBoxes.pop_front();
-    EXPECT_EQ(text, answer.text);
+    EXPECT_EQ(text, fromQString(boxText(answer.text)));
     if (answer.button == QMessageBox::NoButton) {
         QTest::keyClick(&box, Qt::Key_Escape);
     } else if (QAbstractButton* button = box.button(answer.button)) {
