@@ -1,6 +1,7 @@
 // Tests of the main window.
 // Its life: the first start, the mode, the ways out, and the keyboard's way through it.
 #include "core/tables.h"
+#include "foundation/log.h"
 #include "platform/code_page.h"
 #include "shell/application_loop.h"
 #include "shell/application_settings.h"
