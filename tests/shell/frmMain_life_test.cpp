@@ -84,68 +84,12 @@ TEST_F(FrmMainLife, AnyOtherModeStartsAsFs2004AndKeepsItsNumber) {
     EXPECT_EQ(sget("FSMode", std::int16_t{0}).int16(), 3);
 }
 
-TEST_F(FrmMainLife, ASwitchOfTheModeLeavesTheTables) {
-    writeFile("Vantor2.ini", "FSMODE, 2 \r\n");
-    start();
-    EXPECT_EQ(plansuffix, "");
-    schedulecount = 7;
-    click(control<QRadioButton>(*form, "optFS2k4"));
-    EXPECT_EQ(missingCaption(), "AI Aircraft missing from FS2004");
-    EXPECT_EQ(fspath, "C:\\Program Files\\Microsoft Games\\Flight Simulator 9\\");
-    EXPECT_EQ(plansuffix, "030528");
-    click(control<QRadioButton>(*form, "optFS2k2"));
-    EXPECT_EQ(missingCaption(), "AI Aircraft missing from FS2002");
-    EXPECT_EQ(plansuffix, "030528") << "the suffix stays";
-    EXPECT_EQ(schedulecount, 7);
-    EXPECT_EQ(readFile("Vantor2.ini"), "FSMODE, 2 \r\n") << "nothing is written yet";
-}
-
-TEST_F(FrmMainLife, NoAtExitKeepsTheProgramAndItsTables) {
-    writeFile("Vantor2.ini", "FSMODE, 2 \r\n");
-    start();
-    aircraftcount = 3;
-    form->unsavedchanges = true;
-    sset("GMTOffset", 0.25F);
-    recorder.answers = {false};
-    click(*form, "cmdExit");
-    EXPECT_EQ(recorder.questions, std::vector<std::string>{std::string(loseChanges)});
-    EXPECT_FALSE(form->ended());
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(aircraftcount, 3);
-    EXPECT_EQ(readFile("Vantor2.ini"), "FSMODE, 2 \r\nGMTOFFSET, 0.25 \r\n") << "saved whatever the answer";
-
-    recorder.answers = {true};
-    click(*form, "cmdExit");
-    EXPECT_TRUE(form->ended());
-    EXPECT_EQ(aircraftcount, 0);
-    EXPECT_EQ(logTexts().back(), "End of actions list");
-}
-
-TEST_F(FrmMainLife, NoAtTheCloseBoxClosesAllTheSame) {
-    writeFile("Vantor2.ini", "FSMODE, 2 \r\n");
-    start();
-    aircraftcount = 3;
-    form->unsavedchanges = true;
-    recorder.answers = {false};
-    EXPECT_TRUE(form->close());
-    EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(aircraftcount, 3) << "nothing is erased first";
-    EXPECT_NE(logTexts().back(), "End of actions list");
-}
-
 TEST_F(FrmMainLife, AStartThatFailsTellsItAndEnds) {
     std::filesystem::create_directory(folder() / "log.txt");
     start();
     EXPECT_EQ(recorder.messages, std::vector<std::string>{"Error 75 - Path/File access error"});
     EXPECT_TRUE(form->ended());
     EXPECT_TRUE(recorder.questions.empty());
-}
-
-TEST_F(FrmMainLife, TheWindowKeepsItsLeastSize) {
-    writeFile("Vantor2.ini", "FSMODE, 2 \r\n");
-    start();
-    form->resize(5000 / 15, 5000 / 15);
-    EXPECT_EQ(form->size(), QSize(10305 / 15, 7935 / 15));
 }
 
 } // namespace

@@ -1,0 +1,181 @@
+// Tests of the main window.
+// Its two lists and the boxes that choose what they show, clicked through as a user does.
+#include "core/tables.h"
+#include "foundation/log.h"
+#include "platform/code_page.h"
+#include "support/main_window.h"
+
+#include <QGroupBox>
+#include <QPushButton>
+
+#include <string>
+#include <vector>
+
+namespace vantor::test {
+namespace {
+
+class ListsTest : public MainWindowFixture {
+  protected:
+    [[nodiscard]] std::vector<std::string> rows(std::string_view name) const {
+        std::vector<std::string> texts;
+        for (int row = 0; row < list(name).rowCount(); ++row) {
+            texts.push_back(list(name).rowText(row));
+        }
+        return texts;
+    }
+    [[nodiscard]] std::string title(std::string_view frame) const {
+        return fromQString(control<QGroupBox>(form(), frame).title());
+    }
+    [[nodiscard]] bool enabled(std::string_view name) const { return control<QPushButton>(form(), name).isEnabled(); }
+    // The states of Edit, Copy, Delete and Swap Aircraft, and then of the leg's Edit and Delete.
+    [[nodiscard]] std::string buttons() const {
+        std::string states;
+        for (const char* const name :
+             {"cmdEditSchedule", "cmdCopy", "cmdDeleteSchedule", "cmdSwapAC", "cmdEditLeg", "cmdDeleteLeg"}) {
+            states += enabled(name) ? '+' : '-';
+        }
+        return states;
+    }
+    void pick(std::string_view name, std::string_view row) const {
+        for (int i = 0; i < combo(name).rowCount(); ++i) {
+            if (combo(name).rowText(i) == row) {
+                pickRow(combo(name), i);
+                return;
+            }
+        }
+        ADD_FAILURE() << "no row " << row;
+    }
+    using Rows = std::vector<std::string>;
+
+    const std::string one = "AC#1 - \"Boeing 737\" GAAA (IFR,2 legs)";
+    const std::string two = "AC#2 - \"Gone\" GBBB (IFR,2 legs)";
+    const std::string three = "AC#2 - \"Gone\" GCCC (IFR,2 legs)";
+    const std::string four = "AC#3 - \"Airbus\" GDDD (IFR,2 legs)";
+};
+
+TEST_F(ListsTest, EveryFlightIsListedAndClickedThrough) {
+    press("cmdListall");
+    EXPECT_EQ(rows("List1"), (Rows{one, two, three, four, ""}));
+    EXPECT_EQ(title("fraList1"), "Listing all flights");
+    EXPECT_EQ(list("List1").currentRow(), 0);
+    EXPECT_EQ(list("List2").rowCount(), 0) << "no legs until a click";
+    EXPECT_EQ(buttons(), "------");
+
+    clickRow(list("List1"), 3);
+    EXPECT_EQ(title("fraList2"), "Legs in flight #4");
+    // EGKK lies 22 nautical miles from EGLL.
+    EXPECT_EQ(rows("List2"), (Rows{"FL#1 - EGKK to EGLL (22 nm) dpt 06:00:00 every 24HR",
+                                   "FL#2 - EGLL to EGKK (22 nm) dpt 12:00:00 every 24HR"}));
+    EXPECT_EQ(list("List2").currentRow(), 0);
+    EXPECT_EQ(buttons(), "++++++");
+
+    clickRow(list("List1"), 1, Qt::ControlModifier);
+    EXPECT_EQ(buttons(), "--++++") << "two rows";
+
+    const Rows legs = rows("List2");
+    clickRow(list("List1"), 4);
+    EXPECT_EQ(rows("List2"), legs) << "the closing row leaves the legs";
+    EXPECT_EQ(buttons(), "------");
+}
+
+TEST_F(ListsTest, TheArrowKeysClickThroughTheRows) {
+    press("cmdListall");
+    clickRow(list("List1"), 0);
+    pressKey(list("List1"), Qt::Key_Down);
+    EXPECT_EQ(title("fraList2"), "Legs in flight #2");
+    pressKey(list("List1"), Qt::Key_End);
+    EXPECT_EQ(list("List1").currentRow(), 4);
+    EXPECT_EQ(buttons(), "------");
+}
+
+TEST_F(ListsTest, FlightsOfAnAircraftPickedOrTyped) {
+    pick("cmbAC", "AC#2 - \"Gone\"");
+    EXPECT_EQ(box("txtATCAircraft"), "AC#2");
+    press("cmdListACnum");
+    EXPECT_EQ(rows("List1"), (Rows{two, three, ""}));
+    EXPECT_EQ(title("fraList1"), "Showing all flights by AC#2");
+    clickRow(list("List1"), 1);
+    EXPECT_EQ(title("fraList2"), "Legs in flight #3");
+
+    typeOver(combo("cmbAC"), "ac#3");
+    EXPECT_EQ(box("txtATCAircraft"), "AC#2") << "typing is no click";
+    press("cmdListACnum");
+    EXPECT_EQ(rows("List1"), (Rows{four, ""}));
+    EXPECT_EQ(title("fraList1"), "Showing all flights by AC#3");
+
+    typeOver(combo("cmbAC"), "none such");
+    press("cmdListACnum");
+    EXPECT_EQ(rows("List1"), Rows{""});
+    EXPECT_EQ(list("List2").rowCount(), 0);
+}
+
+TEST_F(ListsTest, FlightsOfAnAirportAndTheBoxesThatFollow) {
+    pick("cmbICAO", "EGLL - EGLL");
+    pick("cmbICAO", "EGSS - EGSS");
+    for (const char* const name : {"txtICAO1", "txtSplitICAO", "txtSplitIcao1", "txtDelByICAO", "txtSplitACICAO"}) {
+        EXPECT_EQ(box(name), "EGSS") << name;
+    }
+    press("cmdListICAO");
+    EXPECT_EQ(rows("List1"), (Rows{two, ""}));
+    EXPECT_EQ(title("fraList1"), "Showing all flights in or out of EGSS");
+    typeOver(combo("cmbICAO"), "lfpg");
+    press("cmdListICAO");
+    EXPECT_EQ(rows("List1"), (Rows{one, two, three, ""}));
+    EXPECT_EQ(box("txtICAO1"), "EGSS") << "typing is no click";
+}
+
+TEST_F(ListsTest, AircraftOfAnAirportShowTheirLegsThere) {
+    pick("cmbICAO", "EGLL - EGLL");
+    press("cmdListUniqueICAO");
+    EXPECT_EQ(rows("List1"), (Rows{"AC#1 - \"Boeing 737\"", "AC#2 - \"Gone\"", "AC#3 - \"Airbus\"", ""}));
+    EXPECT_EQ(title("fraList1"), "Aircraft which visit EGLL");
+    const std::string percentBox = box("txtATCAircraft");
+    clickRow(list("List1"), 1);
+    EXPECT_EQ(combo("cmbAC").text(), "AC#2 - \"Gone\"");
+    EXPECT_EQ(box("txtATCAircraft"), percentBox) << "setting the text is no click";
+    ASSERT_EQ(list("List2").rowCount(), 2) << "of its four legs those at the airport";
+    EXPECT_EQ(list("List2").itemData(0), 3001);
+    EXPECT_EQ(list("List2").itemData(1), 3002);
+    EXPECT_EQ(title("fraList2"), "Flights to/from EGLL by \"Gone\"");
+    EXPECT_EQ(buttons(), "----++") << "no schedule stands behind the row";
+}
+
+TEST_F(ListsTest, AirportsOfAnAircraftAreSortedAndShowItsLegs) {
+    pick("cmbAC", "AC#2 - \"Gone\"");
+    press("cmdListUniqueAC");
+    EXPECT_EQ(rows("List1"), (Rows{"EGLL - EGLL", "EGSS - EGSS", "LFPG - LFPG", ""}));
+    EXPECT_EQ(title("fraList1"), "Airports visited by AC#2");
+    const std::string other = box("txtDelByICAO");
+    clickRow(list("List1"), 1);
+    EXPECT_EQ(combo("cmbICAO").text(), "EGSS - EGSS");
+    EXPECT_EQ(box("txtICAO1"), "EGSS");
+    EXPECT_EQ(box("txtDelByICAO"), other) << "setting the text is no click";
+    ASSERT_EQ(list("List2").rowCount(), 2);
+    EXPECT_EQ(list("List2").itemData(0), 2001);
+    clickRow(list("List1"), 3);
+    EXPECT_EQ(combo("cmbICAO").text(), "EGSS - EGSS") << "the closing row does nothing";
+}
+
+TEST_F(ListsTest, ALegWithoutATimeShowsItsTextAndADeletedScheduleItsLegs) {
+    ScheduleRec record = schedules.HashGetSlot(4);
+    record.legs[1].dep = "noonish";
+    schedules.HashPutSlot(4, record);
+    press("cmdListall");
+    clickRow(list("List1"), 3);
+    EXPECT_EQ(list("List2").rowText(0), "FL#1 - EGKK to EGLL (22 nm) dpt noonish  every 24HR");
+    press("cmdDeleteSchedule");
+    EXPECT_EQ(list("List1").rowText(3), "(DEL) " + four);
+    EXPECT_FALSE(list("List2").isEnabled());
+    EXPECT_EQ(list("List2").rowCount(), 2);
+}
+
+TEST_F(ListsTest, AMissingAircraftGoesIntoTheAircraftBox) {
+    EXPECT_EQ(rows("List3"), (Rows{"AC#2 - \"Gone\"", "AC#5 - \"Lost\""}));
+    clickRow(list("List3"), 1);
+    EXPECT_EQ(combo("cmbAC").text(), "AC#5 - \"Lost\"");
+    press("cmdListACnum");
+    EXPECT_EQ(title("fraList1"), "Showing all flights by AC#5");
+}
+
+} // namespace
+} // namespace vantor::test

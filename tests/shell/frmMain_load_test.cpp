@@ -1,0 +1,254 @@
+// Tests of the main window.
+// Its commands that move traffic between the files and the tables, with all they ask and tell.
+#include "core/tables.h"
+#include "foundation/log.h"
+#include "platform/code_page.h"
+#include "shell/application_loop.h"
+#include "support/main_window.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QPushButton>
+
+#include <algorithm>
+#include <vector>
+
+namespace vantor::test {
+namespace {
+
+const std::string associated = "Do you want to load the associated aircraft and airport files?";
+
+class LoadTest : public MainWindowFixture {
+  protected:
+    void deleteFirst() const {
+        press("cmdListall");
+        clickRow(list("List1"), 0);
+        press("cmdDeleteSchedule");
+        ASSERT_TRUE(schedules.peek(1).deleted);
+    }
+
+    // Types a name into the file dialog and accepts it with Enter.
+    static void answer(QDialog& dialog, const QString& name) {
+        auto& edit = control<QLineEdit>(dialog, "fileNameEdit");
+        edit.setFocus();
+        edit.selectAll();
+        QTest::keyClicks(&edit, name);
+        QTest::keyClick(&edit, Qt::Key_Return);
+        // The first Enter may go to the list of completions.
+        if (dialog.isVisible()) {
+            QTest::keyClick(&edit, Qt::Key_Return);
+        }
+    }
+    void loadSelected(const QString& name) const {
+        const Expectation dialogs = expectDialog("fileDialog", [&](QDialog& dialog) {
+            EXPECT_EQ(fromQString(dialog.windowTitle()), "Choose a flight plan");
+            EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).nameFilters(), QStringList{QStringLiteral("*.TXT")});
+            answer(dialog, name);
+        });
+        press("cmdLoadFlightPlan");
+    }
+    // A family of files with a suffix: one aircraft that the simulator lacks, two airports, one schedule.
+    void writeFamily(bool withAircraft = true) const {
+        if (withAircraft) {
+            writeFile("AircraftTEST.txt", "AC#9,250,\"Stray\"\r\n");
+        }
+        writeFile("AirportsTEST.txt", "YPPH,S31* 56.42',E115* 58.02',67\r\nYPEA,S31* 40.07',E116* 0.9',149\r\n");
+        writeFile("FlightplansTEST.txt", schedule("AC#9,VHAAA", "YPEA", "YPPH"));
+    }
+    static std::size_t visibleWindows() {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        return static_cast<std::size_t>(
+            std::ranges::count_if(windows, [](const QWidget* window) { return window->isVisible(); }));
+    }
+    static std::vector<ScheduleRec> allSchedules() {
+        std::vector<ScheduleRec> all;
+        for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
+            all.push_back(schedules.HashGetSlot(recnum));
+        }
+        return all;
+    }
+    [[nodiscard]] long countInLog(std::string_view text) const {
+        const std::vector<std::string> texts = logTexts();
+        return std::ranges::count(texts, text);
+    }
+};
+
+TEST_F(LoadTest, TheDefaultPlansFillTheWindowInOrder) {
+    const std::vector<std::string> texts = logTexts();
+    const auto from = std::ranges::find(texts, "Loading " + path("Aircraft.txt"));
+    const std::vector<std::string> steps(from, texts.end());
+    EXPECT_EQ(steps, (std::vector<std::string>{
+                         "Loading " + path("Aircraft.txt"), "Sorting Aircraft", "Loading " + path("Airports.txt"),
+                         "Loading FS ICAO names", "Loading " + path("Flightplans.txt"), "Loading FS aircraft",
+                         "Scanning FS aircraft", "Filling aircraft list", "Filling airport list", "Startup complete"}));
+    EXPECT_EQ(combo("cmbAC").rowCount(), 4);
+    EXPECT_EQ(combo("cmbAC").currentRow(), 0);
+    EXPECT_EQ(combo("cmbICAO").rowCount(), 4);
+    EXPECT_EQ(box("txtATCAircraft"), "AC#1");
+    EXPECT_EQ(list("List3").rowCount(), 2);
+    EXPECT_EQ(visibleWindows(), 1U) << "the splash is gone";
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(LoadTest, AReloadAsksOnlyAboutUnsavedChanges) {
+    deleteFirst();
+    const std::string question = "You will lose any changes if you do this. Are you sure?";
+    {
+        const Expectation boxes = answerBoxes({{question, QMessageBox::No}});
+        press("cmdReload");
+    }
+    EXPECT_TRUE(schedules.peek(1).deleted);
+    EXPECT_EQ(list("List1").rowCount(), 5);
+    {
+        const Expectation boxes = answerBoxes({{question, QMessageBox::Yes}});
+        press("cmdReload");
+    }
+    EXPECT_FALSE(schedules.peek(1).deleted);
+    EXPECT_EQ(list("List1").rowCount(), 0);
+    EXPECT_TRUE(form().unsavedchanges) << "a load does not clear it";
+}
+
+TEST_F(LoadTest, AFailingDefaultLoadIsSilentAndTheWindowLives) {
+    std::filesystem::remove(folder() / "Airports.txt");
+    press("cmdReload");
+    EXPECT_NE(newestAction().find("Airports.txt missing or empty.  Please run this program"), std::string::npos);
+    EXPECT_NE(newestAction().find("sub cmdreload_click"), std::string::npos) << newestAction();
+    EXPECT_EQ(countInLog("Startup complete"), 1);
+    EXPECT_EQ(visibleWindows(), 1U) << "the splash is gone";
+    EXPECT_FALSE(form().ended());
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor) << "it stays busy until the next command";
+    press("cmdListall");
+    EXPECT_EQ(list("List1").rowCount(), 5) << "the old flights are still there";
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    press("cmdAddFS"); // commands go on over what the tables hold
+    EXPECT_FALSE(form().ended());
+}
+
+TEST_F(LoadTest, ACancelledSelectionChangesNothing) {
+    deleteFirst();
+    const Expectation dialogs = expectDialog("fileDialog", [](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); });
+    press("cmdLoadFlightPlan");
+    EXPECT_EQ(form().flightsname, path("Flightplans.txt"));
+    EXPECT_TRUE(schedules.peek(1).deleted);
+    EXPECT_EQ(list("List1").rowCount(), 5);
+}
+
+TEST_F(LoadTest, SelectedPlansWithoutASuffixComeAlone) {
+    deleteFirst(); // the flag is not looked at
+    writeFile("other\\Flightplans.txt", schedule("AC#3,GNEW", "LFPG", "EGKK"));
+    loadSelected(QString::fromStdString((folder() / "other" / "Flightplans.txt").string()));
+    EXPECT_EQ(form().flightsname, path("other\\Flightplans.txt"));
+    EXPECT_EQ(form().aircraftname, path("Aircraft.txt"));
+    EXPECT_EQ(plansuffix, "");
+    EXPECT_EQ(schedulecount, 1);
+    EXPECT_EQ(aircraftcount, 4);
+    EXPECT_EQ(list("List1").rowCount(), 0);
+    EXPECT_EQ(list("List3").rowCount(), 2);
+    EXPECT_TRUE(form().unsavedchanges);
+    const Expectation boxes =
+        answerBoxes({{"Overwrite " + path("other\\Flightplans.txt") + "?", QMessageBox::No}, {"Save cancelled"}});
+    press("cmdSaveFlights");
+}
+
+TEST_F(LoadTest, SelectedPlansBringTheirFamilyOnYes) {
+    writeFamily();
+    const Expectation boxes = answerBoxes({{associated, QMessageBox::Yes}});
+    loadSelected(QStringLiteral("FlightplansTEST.txt"));
+    EXPECT_EQ(plansuffix, "TEST");
+    EXPECT_EQ(form().flightsname, path("FlightplansTEST.txt"));
+    EXPECT_EQ(form().aircraftname, path("AircraftTEST.txt"));
+    EXPECT_EQ(form().airportsname, path("AirportsTEST.txt"));
+    EXPECT_EQ(combo("cmbAC").text(), "AC#9 - \"Stray\"");
+    EXPECT_EQ(box("txtATCAircraft"), "AC#9");
+    EXPECT_EQ(combo("cmbICAO").rowCount(), 2);
+    EXPECT_EQ(list("List3").rowText(0), "AC#9 - \"Stray\"");
+    EXPECT_EQ(countInLog("Startup complete"), 1) << "said by the default load alone";
+    press("cmdListall");
+    EXPECT_EQ(list("List1").rowText(0), "AC#9 - \"Stray\" VHAAA (IFR,2 legs)");
+    EXPECT_EQ(visibleWindows(), 1U);
+}
+
+TEST_F(LoadTest, SelectedPlansUseTheLoadedTablesOnNo) {
+    writeFamily();
+    const Expectation boxes = answerBoxes({{associated, QMessageBox::No}});
+    loadSelected(QStringLiteral("FlightplansTEST.txt"));
+    EXPECT_EQ(plansuffix, "TEST");
+    EXPECT_EQ(form().aircraftname, path("Aircraft.txt"));
+    EXPECT_EQ(aircraftcount, 4);
+    EXPECT_EQ(combo("cmbICAO").rowCount(), 4);
+    press("cmdListall");
+    EXPECT_EQ(list("List1").rowText(0), "AC#9 - AC#9 VHAAA (IFR,2 legs)");
+}
+
+TEST_F(LoadTest, AFailingSelectedLoadEndsTheProgram) {
+    writeFamily(false);
+    const std::string text = path("AircraftTEST.txt") + " missing or empty.   Please run this program in the "
+                                                        "TrafficTools path AFTER you have decompiled Traffic.BGL";
+    const Expectation boxes = answerBoxes({{associated, QMessageBox::Yes}, {text}});
+    EXPECT_EQ(exitCodeOf([this] { loadSelected(QStringLiteral("FlightplansTEST.txt")); }), 1);
+    EXPECT_TRUE(form().ended());
+    EXPECT_EQ(visibleWindows(), 0U);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    const std::vector<std::string> texts = logTexts();
+    EXPECT_EQ(texts.back(), "End of actions list");
+    EXPECT_TRUE(std::ranges::any_of(texts, [&](const std::string& line) {
+        return line.starts_with(" >> ") && line.find(text) != std::string::npos;
+    })) << "the fault stands in the log";
+}
+
+TEST_F(LoadTest, SavedFlightsLoadAgainToTheSameTables) {
+    deleteFirst();
+    const std::string file = path("Flightplans.txt");
+    const std::string before = readFile("Flightplans.txt");
+    {
+        const Expectation boxes = answerBoxes({{"Overwrite " + file + "?", QMessageBox::No}, {"Save cancelled"}});
+        press("cmdSaveFlights");
+    }
+    EXPECT_EQ(readFile("Flightplans.txt"), before);
+    EXPECT_TRUE(form().unsavedchanges);
+
+    const std::string saved = saveAndReload();
+    EXPECT_EQ(saved, before.substr(before.find("\r\n") + 2)) << "all but the deleted line, to the byte";
+    ASSERT_EQ(schedulecount, 3);
+    const std::vector<ScheduleRec> tables = allSchedules();
+    EXPECT_EQ(saveAndReload(), saved);
+    EXPECT_EQ(allSchedules(), tables);
+    EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), 0) << "no question behind a save";
+}
+
+TEST_F(LoadTest, AFlightSaveThatFailsLeavesTheFileAsItWas) {
+    // A folder stands where the file is to go.
+    std::filesystem::remove(folder() / "Flightplans.txt");
+    std::filesystem::create_directories(folder() / "Flightplans.txt" / "inside");
+    const Expectation boxes = answerBoxes(
+        {{"Overwrite " + form().flightsname + "?", QMessageBox::Yes}, {"Flight plans saved to " + form().flightsname}});
+    press("cmdSaveFlights");
+    EXPECT_TRUE(std::filesystem::is_directory(folder() / "Flightplans.txt" / "inside"));
+    EXPECT_FALSE(newestAction().empty()) << "the fault stands in the ring";
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(LoadTest, SavedAircraftGoToTheirFixedNameAndLeaveTheFlag) {
+    deleteFirst();
+    writeFamily();
+    {
+        const Expectation boxes = answerBoxes({{associated, QMessageBox::Yes}});
+        loadSelected(QStringLiteral("FlightplansTEST.txt"));
+    }
+    const std::string named = path("AircraftTEST.txt");
+    const std::string before = readFile("Aircraft.txt");
+    {
+        const Expectation boxes = answerBoxes({{"Overwrite " + named + "?", QMessageBox::No}, {"Save Cancelled"}});
+        press("cmdSaveAircraft");
+    }
+    EXPECT_EQ(readFile("Aircraft.txt"), before);
+    const Expectation boxes =
+        answerBoxes({{"Overwrite " + named + "?", QMessageBox::Yes}, {"Aircraft saved to " + named}});
+    press("cmdSaveAircraft");
+    EXPECT_EQ(readFile("Aircraft.txt"), readFile("AircraftTEST.txt"));
+    EXPECT_TRUE(form().unsavedchanges);
+}
+
+} // namespace
+} // namespace vantor::test

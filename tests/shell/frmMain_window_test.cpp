@@ -1,0 +1,287 @@
+// Tests of the main window.
+// Its life: the first start, the mode, the ways out, and the keyboard's way through it.
+#include "core/tables.h"
+#include "foundation/log.h"
+#include "platform/code_page.h"
+#include "shell/application_loop.h"
+#include "shell/application_settings.h"
+#include "support/main_window.h"
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <algorithm>
+#include <initializer_list>
+#include <map>
+#include <set>
+#include <utility>
+#include <vector>
+
+namespace vantor::test {
+namespace {
+
+const BoxAnswer chooseMode{"Select FS2002 or FS2004 mode, then set up the file locations in the settings screen."};
+const std::string loseChanges = "If you exit now you will lose your changes.  Are you sure?";
+
+std::string missingCaption(frmMain& form) {
+    return fromQString(control<QGroupBox>(form, "FrameFSAC").title());
+}
+
+class FirstStartTest : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        useHost(&m_host);
+    }
+
+  private:
+    QtHost m_host;
+};
+
+TEST_F(FirstStartTest, AsksForTheModeUntilOneWasChosen) {
+    {
+        frmMain form;
+        {
+            const Expectation boxes = answerBoxes({chooseMode});
+            form.formLoad();
+        }
+        form.show();
+        EXPECT_EQ(fromQString(form.windowTitle()), "Vantor " + appversion());
+        EXPECT_TRUE(control<QRadioButton>(form, "optFS2k2").isChecked());
+        EXPECT_EQ(fsmode, 2);
+        EXPECT_EQ(missingCaption(form), "AI Aircraft missing from FS2002");
+        EXPECT_EQ(control<ComboBox>(form, "cmbPC1").rowCount(), 21);
+        EXPECT_EQ(control<ComboBox>(form, "cmbPC1").text(), "0%");
+        EXPECT_FALSE(control<QPushButton>(form, "cmdPrint").isEnabled());
+        EXPECT_EQ(logTexts().at(4), "Vantor version " + appversion() + " starting.");
+        EXPECT_EQ(schedulecount, 0) << "nothing is loaded at the start";
+        click(form, "optFS2k4");
+        EXPECT_FALSE(exists("Vantor2.ini")) << "a choice is written at the exit";
+        EXPECT_EQ(exitCodeOf([&] { click(form, "cmdExit"); }), 0);
+    }
+    EXPECT_TRUE(exists("Vantor2.ini"));
+    frmMain second;
+    second.formLoad(); // no box
+    EXPECT_TRUE(control<QRadioButton>(second, "optFS2k4").isChecked());
+    EXPECT_EQ(missingCaption(second), "AI Aircraft missing from FS2004");
+}
+
+TEST_F(FirstStartTest, WithoutTrafficTheListIsItsClosingRow) {
+    writeFile("Vantor2.ini", "FSMODE, 2 \r\n");
+    frmMain form;
+    form.formLoad();
+    form.show();
+    auto& list = control<ListBox>(form, "List1");
+    click(form, "cmdListall");
+    EXPECT_EQ(list.rowCount(), 1);
+    EXPECT_EQ(list.currentRow(), 0);
+    clickRow(list, 0);
+    EXPECT_EQ(control<ListBox>(form, "List2").rowCount(), 0);
+    EXPECT_FALSE(control<QPushButton>(form, "cmdDeleteSchedule").isEnabled());
+    EXPECT_TRUE(newestAction().empty()) << newestAction();
+}
+
+class LifeTest : public MainWindowFixture {
+  protected:
+    void changeSomething() const {
+        press("cmdListall");
+        clickRow(list("List1"), 0);
+        press("cmdDeleteSchedule");
+        ASSERT_TRUE(form().unsavedchanges);
+    }
+    [[nodiscard]] bool logHas(std::string_view text) const {
+        const std::vector<std::string> texts = logTexts();
+        return std::find(texts.begin(), texts.end(), text) != texts.end();
+    }
+};
+
+TEST_F(LifeTest, AModeSwitchKeepsWhatIsLoadedAndShown) {
+    press("cmdListall");
+    clickRow(list("List1"), 1);
+    const std::string settings = readFile("Vantor2.ini");
+    press("optFS2k4");
+    EXPECT_EQ(missingCaption(form()), "AI Aircraft missing from FS2004");
+    EXPECT_EQ(fsmode, 4);
+    EXPECT_EQ(plansuffix, "030528");
+    EXPECT_EQ(schedulecount, 4);
+    EXPECT_EQ(list("List1").rowCount(), 5);
+    EXPECT_EQ(list("List1").currentRow(), 1);
+    EXPECT_EQ(list("List2").rowCount(), 2);
+    EXPECT_EQ(list("List3").rowCount(), 2);
+    press("optFS2k2");
+    EXPECT_EQ(missingCaption(form()), "AI Aircraft missing from FS2002");
+    EXPECT_EQ(plansuffix, "030528") << "only a load changes it";
+    EXPECT_EQ(readFile("Vantor2.ini"), settings);
+}
+
+TEST_F(LifeTest, ExitWithoutChangesSavesTheSettingsAndTheRecentActions) {
+    press("optFS2k4");
+    EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), 0);
+    EXPECT_TRUE(form().ended());
+    EXPECT_FALSE(form().isVisible());
+    EXPECT_NE(readFile("Vantor2.ini").find("FSMODE, 4 \r\n"), std::string::npos);
+    EXPECT_TRUE(logHas("Listing last 40 actions: "));
+    EXPECT_EQ(logTexts().back(), "End of actions list");
+    EXPECT_EQ(aircraftcount, 0);
+}
+
+TEST_F(LifeTest, ExitWithChangesAsks) {
+    changeSomething();
+    std::filesystem::remove(folder() / "Vantor2.ini");
+    {
+        const Expectation boxes = answerBoxes({{loseChanges, QMessageBox::No}});
+        EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), stillRuns);
+    }
+    EXPECT_FALSE(form().ended());
+    EXPECT_TRUE(form().isVisible());
+    EXPECT_EQ(aircraftcount, 4);
+    EXPECT_TRUE(exists("Vantor2.ini")) << "settings are saved whatever the answer";
+    const Expectation boxes = answerBoxes({{loseChanges, QMessageBox::Yes}});
+    EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), 0);
+    EXPECT_TRUE(form().ended());
+}
+
+TEST_F(LifeTest, TheCloseBoxClosesWhateverTheAnswer) {
+    changeSomething();
+    const Expectation boxes = answerBoxes({{loseChanges, QMessageBox::No}});
+    EXPECT_EQ(exitCodeOf([this] { form().close(); }), 0);
+    EXPECT_FALSE(form().isVisible());
+    EXPECT_EQ(aircraftcount, 4) << "No skips the clearing up";
+    EXPECT_FALSE(logHas("End of actions list"));
+}
+
+// A host in whose first event pump the user closes the window, as a window system may deliver it.
+class ClosingHost : public QtHost {
+  public:
+    std::function<void()> onPump;
+    void pumpEvents(Pump what) override {
+        if (const auto once = std::exchange(onPump, {})) {
+            once();
+        }
+        QtHost::pumpEvents(what);
+    }
+};
+
+class CloseDuringLoadTest : public LifeTest {
+  protected:
+    ClosingHost closingHost; // outlives the window
+};
+
+TEST_F(CloseDuringLoadTest, WaitsForTheEndOfTheLoad) {
+    useHost(&closingHost);
+    const int code = exitCodeOf([this] {
+        schedulecount = 0;
+        closingHost.onPump = [this] {
+            form().close();
+            EXPECT_TRUE(form().isVisible());
+            EXPECT_FALSE(form().ended());
+        };
+        press("cmdReload");
+        EXPECT_FALSE(closingHost.onPump) << "the load never let events run";
+        EXPECT_EQ(schedulecount, 4);
+        EXPECT_TRUE(form().isVisible()) << "the close comes behind the command";
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_TRUE(form().ended());
+    EXPECT_FALSE(form().isVisible());
+    EXPECT_TRUE(logHas("End of actions list"));
+}
+
+TEST_F(LifeTest, HasALeastSizeThatHoldsItsControls) {
+    EXPECT_LE(form().minimumSizeHint().width(), 687);
+    EXPECT_LE(form().minimumSizeHint().height(), 529);
+    form().resize(333, 333);
+    EXPECT_TRUE(waitFor([this] { return form().size() == QSize(687, 529); }));
+    form().resize(1200, 900);
+    const int upper = control<QGroupBox>(form(), "fraList1").height();
+    const int lower = control<QGroupBox>(form(), "fraList2").height();
+    EXPECT_NEAR(upper, lower, 1) << "the lists share the height";
+    EXPECT_GT(upper, 300);
+}
+
+class KeyboardTest : public LifeTest {
+  protected:
+    void SetUp() override {
+        LifeTest::SetUp();
+        form().activateWindow();
+        ASSERT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
+    }
+};
+
+TEST_F(KeyboardTest, ShortcutsPressTheirButtons) {
+    pressKey(form(), Qt::Key_L, Qt::ControlModifier);
+    ASSERT_EQ(list("List1").rowCount(), 5);
+    pressKey(form(), Qt::Key_F5);
+    EXPECT_EQ(list("List1").rowCount(), 0) << "a load empties the list";
+    form().activateWindow(); // behind the splash
+    ASSERT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
+    const Expectation boxes = answerBoxes(
+        {{"Overwrite " + path("Flightplans.txt") + "?", QMessageBox::NoButton}, {"Save cancelled"}}); // Escape
+    pressKey(form(), Qt::Key_S, Qt::ControlModifier);
+}
+
+TEST_F(KeyboardTest, DeleteGoesToTheListThatHasTheFocus) {
+    press("cmdListall");
+    pressKey(list("List1"), Qt::Key_Delete);
+    EXPECT_FALSE(form().unsavedchanges) << "its button is disabled until a row is clicked";
+    clickRow(list("List1"), 0);
+    pressKey(list("List1"), Qt::Key_Delete);
+    EXPECT_TRUE(schedules.peek(1).deleted);
+    clickRow(list("List1"), 1);
+    clickRow(list("List2"), 1);
+    pressKey(list("List2"), Qt::Key_Delete);
+    EXPECT_TRUE(schedules.peek(2).legs[2].deleted);
+    EXPECT_FALSE(schedules.peek(2).deleted);
+}
+
+TEST_F(KeyboardTest, EveryButtonHasItsKeyAndEveryClosedOneSaysWhatItIsFor) {
+    for (const QPushButton* const button : form().findChildren<QPushButton*>()) {
+        EXPECT_FALSE(button->shortcut().isEmpty()) << fromQString(button->objectName());
+        EXPECT_TRUE(button->isEnabled() || !button->toolTip().isEmpty()) << fromQString(button->objectName());
+    }
+    for (const QRadioButton* const option : form().findChildren<QRadioButton*>()) {
+        EXPECT_FALSE(option->shortcut().isEmpty()) << fromQString(option->objectName());
+    }
+}
+
+TEST_F(KeyboardTest, TabVisitsEveryControlGroupByGroupInReadingOrder) {
+    const std::vector<std::string> groups = {"fraPlans", "frameFSMode", "FrameCompile", "fraList1",  "fraList2",
+                                             "frameAC",  "FrameIcao",   "FrameFSAC",    "FrameUtils"};
+    std::map<QWidget*, std::size_t> groupOf;
+    std::set<QWidget*> reachable;
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        auto& group = control<QGroupBox>(form(), groups[i]);
+        for (QWidget* const child : group.findChildren<QWidget*>()) {
+            // Of option buttons the chosen one is reached; what stands inside a combo box or a list belongs to it.
+            const auto* const option = qobject_cast<const QRadioButton*>(child);
+            if ((option == nullptr || option->isChecked()) && child->isVisible() && child->isEnabled() &&
+                (child->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && child->focusProxy() == nullptr &&
+                !child->objectName().startsWith(QStringLiteral("qt_")) &&
+                qobject_cast<QComboBox*>(child->parentWidget()) == nullptr) {
+                groupOf.emplace(child, i);
+                reachable.insert(child);
+            }
+        }
+    }
+    auto* const first = &control<QPushButton>(form(), "cmdReload");
+    first->setFocus();
+    std::set<QWidget*> visited;
+    std::size_t group = 0;
+    for (QWidget* at = QApplication::focusWidget(); at != nullptr && visited.insert(at).second;
+         at = QApplication::focusWidget()) {
+        ASSERT_TRUE(groupOf.contains(at)) << fromQString(at->objectName()) << " is no control of the form";
+        EXPECT_GE(groupOf[at], group) << fromQString(at->objectName()) << " comes too late";
+        group = std::max(group, groupOf[at]);
+        pressKey(*at, Qt::Key_Tab);
+    }
+    EXPECT_EQ(QApplication::focusWidget(), first) << "the way round ends where it began";
+    for (QWidget* const widget : reachable) {
+        EXPECT_TRUE(visited.contains(widget)) << fromQString(widget->objectName()) << " is never reached";
+    }
+    EXPECT_GT(visited.size(), 25U);
+}
+
+} // namespace
+} // namespace vantor::test
