@@ -213,13 +213,13 @@ class KeyboardTest : public LifeTest {
 TEST_F(KeyboardTest, ShortcutsPressTheirButtons) {
     pressKey(form(), Qt::Key_L, Qt::ControlModifier);
     ASSERT_EQ(list("List1").rowCount(), 5);
-    {
-        const Expectation boxes = answerBoxes(
-            {{"Overwrite " + path("Flightplans.txt") + "?", QMessageBox::NoButton}, {"Save cancelled"}}); // Escape
-        pressKey(form(), Qt::Key_S, Qt::ControlModifier);
-    }
     pressKey(form(), Qt::Key_F5);
     EXPECT_EQ(list("List1").rowCount(), 0) << "a load empties the list";
+    form().activateWindow(); // behind the splash
+    ASSERT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
+    const Expectation boxes = answerBoxes(
+        {{"Overwrite " + path("Flightplans.txt") + "?", QMessageBox::NoButton}, {"Save cancelled"}}); // Escape
+    pressKey(form(), Qt::Key_S, Qt::ControlModifier);
 }
 
 TEST_F(KeyboardTest, DeleteGoesToTheListThatHasTheFocus) {
@@ -255,8 +255,10 @@ TEST_F(KeyboardTest, TabVisitsEveryControlGroupByGroupInReadingOrder) {
         auto& group = control<QGroupBox>(form(), groups[i]);
         for (QWidget* const child : group.findChildren<QWidget*>()) {
             // Of option buttons the chosen one is reached; what stands inside a combo box or a list belongs to it.
-            if (child->isVisible() && child->isEnabled() && (child->focusPolicy() & Qt::TabFocus) == Qt::TabFocus &&
-                child->focusProxy() == nullptr && !child->objectName().startsWith(QStringLiteral("qt_")) &&
+            const auto* const option = qobject_cast<const QRadioButton*>(child);
+            if ((option == nullptr || option->isChecked()) && child->isVisible() && child->isEnabled() &&
+                (child->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && child->focusProxy() == nullptr &&
+                !child->objectName().startsWith(QStringLiteral("qt_")) &&
                 qobject_cast<QComboBox*>(child->parentWidget()) == nullptr) {
                 groupOf.emplace(child, i);
                 reachable.insert(child);
