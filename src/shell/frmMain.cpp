@@ -257,6 +257,9 @@ void frmMain::closeEvent(QCloseEvent* event) {
     if (!m_ended) {
         // The close box closes the window whatever the answer: No merely skips the clearing up. It is meant.
         form_queryunload();
+        if (!m_ended) {
+            endProcess(0); // the program goes with its one window
+        }
     }
     event->accept();
 }

@@ -7,7 +7,7 @@ built=$2
 demo=$3
 
 readonly missingTools=77 # tells ctest that the run was skipped
-for tool in Xvfb xdotool import identify; do
+for tool in Xvfb xdotool; do
     command -v "$tool" >/dev/null || { echo "skipped: there is no $tool"; exit "$missingTools"; }
 done
 

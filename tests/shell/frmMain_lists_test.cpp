@@ -162,7 +162,7 @@ TEST_F(ListsTest, ALegWithoutATimeShowsItsTextAndADeletedScheduleItsLegs) {
     schedules.HashPutSlot(4, record);
     press("cmdListall");
     clickRow(list("List1"), 3);
-    EXPECT_EQ(list("List2").rowText(0), "FL#1 - EGKK to EGLL (22 nm) dpt noonish  every 24HR");
+    EXPECT_EQ(list("List2").rowText(0), "FL#1 - EGKK to EGLL (22 nm) dpt noonish      every 24HR");
     press("cmdDeleteSchedule");
     EXPECT_EQ(list("List1").rowText(3), "(DEL) " + four);
     EXPECT_FALSE(list("List2").isEnabled());
