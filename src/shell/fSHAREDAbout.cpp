@@ -5,7 +5,7 @@
 #include "platform/code_page.h"
 #include "shell/application_settings.h"
 #include "shell/frmArtwork.h"
-#include "shell/ui_fSHAREDAbout.h"
+#include "ui_fSHAREDAbout.h"
 
 #include <QFontInfo>
 

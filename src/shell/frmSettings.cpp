@@ -9,7 +9,7 @@
 #include "platform/file_dialogs.h"
 #include "shell/application_settings.h"
 #include "shell/frmPathLabel.h"
-#include "shell/ui_frmSettings.h"
+#include "ui_frmSettings.h"
 
 namespace vantor {
 

@@ -5,7 +5,7 @@
 #include "platform/picture_box.h"
 #include "shell/application_settings.h"
 #include "shell/frmArtwork.h"
-#include "shell/ui_frmSplash.h"
+#include "ui_frmSplash.h"
 
 #include <QFontInfo>
 #include <QScreen>
