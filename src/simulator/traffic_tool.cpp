@@ -28,6 +28,15 @@ bool readsAsMiss(std::string_view icao) {
     }
 }
 
+// A code as a number, which is quicker to look for than a text. Codes have at most six characters.
+std::uint64_t keyOf(std::string_view code) {
+    std::uint64_t key = 0;
+    for (const char c : code) {
+        key = key << 8U | static_cast<unsigned char>(c);
+    }
+    return key;
+}
+
 bool isUnknown(std::string_view code) {
     const AirportRec* const found = airports.findInPlace(code);
     return found == nullptr || readsAsMiss(found->icao.text());
@@ -55,7 +64,7 @@ class MissingAirports {
 
   private:
     void lookUp(std::string_view code) {
-        if (!m_seen.insert(std::string(code)).second || !isUnknown(code)) {
+        if (!m_seen.insert(keyOf(code)).second || !isUnknown(code)) {
             return;
         }
         if (!m_any) {
@@ -70,7 +79,7 @@ class MissingAirports {
     }
 
     std::string& m_list;
-    std::unordered_set<std::string> m_seen;
+    std::unordered_set<std::uint64_t> m_seen;
     bool m_any = false;
 };
 

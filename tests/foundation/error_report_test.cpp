@@ -50,13 +50,13 @@ TEST_F(ErrorReportTest, TheBodyIsCutOnTheEncodedText) {
 
 TEST_F(ErrorReportTest, TheRequestNamesMailboxSubjectAndAnEmptyAttachment) {
     const ErrorReport report{"E & F", std::nullopt, "log"};
-    EXPECT_EQ(mailRequest(report), "mailto:bugs@vantor.invalid?subject=Bug%20Report%20(Vantor%20-%20" + AppVersion() +
-                                       ")&body=" + mailBody(report) + "&attachment=\"\"");
+    EXPECT_EQ(mailRequest(report), "mailto:" VANTOR_BUG_MAILBOX "?subject=Bug%20Report%20(Vantor%20-%20" +
+                                       AppVersion() + ")&body=" + mailBody(report) + "&attachment=\"\"");
 }
 
 TEST_F(ErrorReportTest, ThePreviewMarksWhereTheMailWillBeCut) {
     const std::string hint = "If the 'submit report' button doesn't work on your system, open an email to "
-                             "'bugs@vantor.invalid' and paste the following text into it.  Your reports are "
+                             "'" VANTOR_BUG_MAILBOX "' and paste the following text into it.  Your reports are "
                              "appreciated.\r\n\r\n";
     EXPECT_EQ(reportPreview({"50% &", std::nullopt, "log\r\n"}), hint + front + "\r\n\r\n50% &\r\n\r\nlog\r\n");
     EXPECT_EQ(reportPreview({"E", "mine", "log"}), hint + front + "\r\n\r\nE\r\n\r\nmine\r\n\r\nlog");

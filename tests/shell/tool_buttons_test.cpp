@@ -57,6 +57,12 @@ TEST_F(ToolButtons, AreEnabledByTheFileAtEachChangeOfMode) {
     press("optFS2k4");
     EXPECT_TRUE(enabled("cmdCompile"));
     EXPECT_TRUE(enabled("cmdDecompile"));
+    {
+        frmMain started; // a program that starts with the tool there
+        started.formLoad();
+        EXPECT_TRUE(control<QWidget>(started, "cmdCompile").isEnabled());
+        EXPECT_TRUE(control<QWidget>(started, "cmdDecompile").isEnabled());
+    }
     std::filesystem::remove(folder() / "ttools.EXE");
     press("optFS2k2");
     EXPECT_FALSE(enabled("cmdCompile"));
