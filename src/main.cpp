@@ -1,10 +1,12 @@
 // Vantor: editor for the AI traffic of Microsoft Flight Simulator 2002 and 2004.
 // The program's start: names, the folder that it stands in, the platform in use, the main window.
+#include "foundation/error_report.h"
 #include "foundation/host.h"
 #include "foundation/log.h"
 #include "foundation/native_path.h"
 #include "platform/code_page.h"
 #include "platform/qt_host.h"
+#include "shell/fSHAREDErrorRpt.h"
 #include "shell/frmArtwork.h"
 #include "shell/frmMain.h"
 #include "shell/program_path.h"
@@ -44,6 +46,7 @@ int main(int argc, char* argv[]) {
 
     vantor::QtHost host;
     vantor::useHost(&host);
+    vantor::useErrorReporter(vantor::showErrorReport);
     int result = 0;
     {
         vantor::frmMain window;
@@ -54,6 +57,7 @@ int main(int argc, char* argv[]) {
             result = QApplication::exec();
         }
     }
+    vantor::useErrorReporter({});
     vantor::useHost(nullptr);
     return result;
 }

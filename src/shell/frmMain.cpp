@@ -37,6 +37,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     connectViewCommands();
     connectUtilityCommands();
     connectAircraftCommands();
+    connectToolCommands();
     connectShortcuts();
     disablePlannedCommands();
 }
@@ -84,11 +85,8 @@ void frmMain::connectShortcuts() {
 }
 
 void frmMain::disablePlannedCommands() {
-    // Commands that are planned and not there yet.
-    for (QWidget* const button :
-         std::initializer_list<QWidget*>{ui->cmdCompile, ui->cmdDecompile, ui->cmdACReport, ui->cmdCheckUpdate}) {
-        button->setEnabled(false);
-    }
+    // A command that is planned and not there yet.
+    ui->cmdCheckUpdate->setEnabled(false);
 }
 
 void frmMain::formLoad() {
@@ -160,6 +158,8 @@ void frmMain::setupformwithcurrentmode() noexcept {
     });
     // Selecting a mode stores it, also at the start: a first run that ends without a choice has chosen the default.
     sset("FSMode", fsmode);
+    trap([&] { ui->cmdCompile->setEnabled(FileExists(compiletool)); });
+    trap([&] { ui->cmdDecompile->setEnabled(FileExists(decompiletool)); });
     trap([&] { ui->cmdSubAC->setVisible(true); });
     trap([&] { ui->List3->setEnabled(true); });
     trap([&] { ui->FrameFSAC->setTitle(toQString("AI Aircraft missing from FS200" + std::to_string(fsmode))); });

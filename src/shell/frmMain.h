@@ -93,6 +93,7 @@ class frmMain : public QMainWindow {
     void connectViewCommands();
     void connectUtilityCommands();
     void connectAircraftCommands();
+    void connectToolCommands();
     void connectShortcuts();
     void disablePlannedCommands();
     void fitPanel();
@@ -153,6 +154,11 @@ class frmMain : public QMainWindow {
     void cmdAddFS_Click() noexcept;
     void cmdDeleteAC_Click() noexcept;
     void cmdSwapAC_Click() noexcept;
+
+    // The simulator's tool and the aircraft report
+    void cmdCompile_Click() noexcept;
+    void cmdDecompile_Click() noexcept;
+    void cmdACReport_Click() noexcept;
 
     // Loading and saving
     class Running;

@@ -1,0 +1,136 @@
+#include "simulator/aircraft_report.h"
+
+#include "core/tables.h"
+#include "foundation/files.h"
+#include "foundation/native_path.h"
+#include "foundation/text.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantor {
+
+namespace {
+
+std::string withoutBackslashes(std::string_view text) {
+    std::string result(text);
+    std::erase(result, '\\');
+    return result;
+}
+
+// What stands behind the first `key` anywhere in a text; `found` is false without one.
+std::string_view behind(std::string_view text, std::string_view key, bool& found) {
+    const std::size_t position = text.find(key);
+    found = position != std::string_view::npos;
+    return found ? text.substr(position + key.size()) : std::string_view();
+}
+
+// One aircraft folder of the simulator.
+class AircraftCheck {
+  public:
+    AircraftCheck(OutputFile& report, std::string folder) : m_report(report), m_folder(std::move(folder)) {}
+
+    void run(const std::string& cfg) {
+        findVariants();
+        readConfiguration(cfg);
+        reportUnused();
+    }
+
+  private:
+    void write(std::string_view line) { m_report.write(std::string(line) + "\r\n"); }
+
+    // The search is over the whole path: a folder above that holds "texture." shifts the names. It is meant.
+    void findVariants() {
+        std::vector<std::string> subfolders;
+        fillfolders(m_folder, subfolders, false);
+        for (const std::string& subfolder : subfolders) {
+            const std::string capitals = upper(subfolder);
+            bool found = false;
+            const std::string_view name = behind(capitals, "TEXTURE.", found);
+            if (found) {
+                m_variants.push_back(withoutBackslashes(name));
+            }
+        }
+    }
+
+    // Neither sections nor comment marks are heeded: a line counts wherever it stands. It is meant.
+    void readConfiguration(const std::string& cfg) {
+        InputFile input(cfg);
+        std::string_view line;
+        while (input.readLine(line)) {
+            const std::string capitals = upper(line);
+            bool found = false;
+            const std::string_view texture = behind(capitals, "TEXTURE=", found);
+            if (found) {
+                checkTexture(withoutBackslashes(trim(texture)));
+            }
+            const std::string_view model = behind(capitals, "SIM=", found);
+            if (found) {
+                checkModel(std::string(trim(model)));
+            }
+        }
+    }
+
+    void checkTexture(const std::string& name) {
+        if (name.empty()) {
+            return; // the default folder
+        }
+        if (std::ranges::find(m_variants, name) != m_variants.end()) {
+            m_used.push_back(name);
+        } else {
+            // "textures." with an s, unlike the folder's own name, and the blank behind the path: both are meant.
+            write(m_folder + " texture folder 'textures." + lower(name) + "' is missing.");
+        }
+    }
+
+    void checkModel(const std::string& name) {
+        if (!FileExists(m_folder + "\\" + name + ".AIR")) {
+            write(m_folder + " air file " + name + ".AIR is missing.");
+        }
+    }
+
+    void reportUnused() {
+        for (const std::string& used : m_used) {
+            std::erase(m_variants, used);
+        }
+        for (const std::string& variant : m_variants) {
+            // No blank behind the path here; it is meant.
+            write(m_folder + "texture." + lower(variant) + " folder found but " + variant +
+                  " variant not in AIRCRAFT.CFG file.");
+        }
+        if (!m_variants.empty()) {
+            write("");
+        }
+    }
+
+    OutputFile& m_report;
+    std::string m_folder; // with its trailing backslash
+    std::vector<std::string> m_variants;
+    std::vector<std::string> m_used; // one entry per occurrence
+};
+
+void writeReport() {
+    OutputFile report(programFolder() + "\\ACLOG.TXT");
+    std::vector<std::string> files;
+    fillfolders(fsaircraftpath, files, true);
+    for (const std::string& cfg : files) {
+        if (FileExists(cfg)) {
+            AircraftCheck(report, pathonly(cfg)).run(cfg);
+        }
+    }
+    report.close();
+}
+
+} // namespace
+
+void modACReport() noexcept {
+    try {
+        writeReport();
+    } catch (...) {
+        closeAllFiles();
+    }
+}
+
+} // namespace vantor

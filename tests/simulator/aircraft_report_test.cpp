@@ -1,0 +1,126 @@
+// The report on the simulator's aircraft folders.
+#include "core/tables.h"
+#include "foundation/files.h"
+#include "foundation/log.h"
+#include "simulator/aircraft_report.h"
+#include "support/fixture.h"
+
+#include <gtest/gtest.h>
+
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
+namespace vantor::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class AircraftReportTest : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        fsaircraftpath = path("FS\\aircraft\\");
+    }
+    void addAircraftFolder(const std::string& name, const std::string& cfg,
+                           std::initializer_list<const char*> folders = {}) const {
+        writeFile("FS\\aircraft\\" + name + "\\aircraft.cfg", cfg);
+        for (const char* const one : folders) {
+            fs::create_directories(folder() / "FS" / "aircraft" / name / one);
+        }
+    }
+    [[nodiscard]] std::string at(const std::string& name) const { return fsaircraftpath + name + "\\"; }
+    [[nodiscard]] std::string report() const {
+        modACReport();
+        return readFile("ACLOG.TXT");
+    }
+};
+
+TEST_F(AircraftReportTest, TellsEachKindOfFault) {
+    addAircraftFolder("A",
+                      "[fltsim.0]\r\ntitle=x\r\nSim= Good \r\nTexture=\\Red\\\r\n[fltsim.1]\r\nsim=Bad\r\n"
+                      "texture= Gone \r\n; texture=off\r\n[fltsim.2]\r\nSIM=bad\r\ntexture=gone\r\ntexture=RED\r\n"
+                      "texture=\r\n",
+                      {"texture.red", "TEXTURE.Old", "mytexture.B\xC3\xBCro", "texture", "panel"});
+    writeFile("FS\\aircraft\\A\\gOOD.air", "");
+    addAircraftFolder("B", "nothing here\r\n");
+    addAircraftFolder("C", "xsim=none texture=two", {"texture.two"}); // one line is both keys, each to its end
+    fs::create_directories(folder() / "FS" / "aircraft" / "no cfg" / "texture.x");
+    fs::create_directories(folder() / "FS" / "aircraft" / "folder" / "aircraft.cfg");
+
+    EXPECT_EQ(report(), at("A") + " air file BAD.AIR is missing.\r\n" +                   //
+                            at("A") + " texture folder 'textures.gone' is missing.\r\n" + //
+                            at("A") + " texture folder 'textures.off' is missing.\r\n" +  //
+                            at("A") + " air file BAD.AIR is missing.\r\n" +               //
+                            at("A") + " texture folder 'textures.gone' is missing.\r\n" + //
+                            at("A") + "texture.b\xFCro folder found but B\xDCRO variant not in AIRCRAFT.CFG file.\r\n" +
+                            at("A") + "texture.old folder found but OLD variant not in AIRCRAFT.CFG file.\r\n\r\n" +
+                            at("C") + " air file NONE TEXTURE=TWO.AIR is missing.\r\n");
+}
+
+TEST_F(AircraftReportTest, AFolderAboveThatHoldsTheWordShiftsTheNames) {
+    fsaircraftpath = path("My Texture.Sim\\aircraft\\");
+    writeFile("My Texture.Sim\\aircraft\\A\\aircraft.cfg", "texture=red\r\n");
+    fs::create_directories(folder() / "My Texture.Sim" / "aircraft" / "A" / "texture.red");
+    EXPECT_EQ(report(), at("A") + " texture folder 'textures.red' is missing.\r\n" + at("A") +
+                            "texture.simaircraftatexture.red folder found but SIMAIRCRAFTATEXTURE.RED variant not in "
+                            "AIRCRAFT.CFG file.\r\n\r\n");
+}
+
+TEST_F(AircraftReportTest, ReplacesAnOldReportAndIsEmptyWithoutASimulator) {
+    writeFile("ACLOG.TXT", "old");
+    EXPECT_EQ(report(), "");
+    EXPECT_EQ(newestAction(), "");
+}
+
+TEST_F(AircraftReportTest, AFaultEndsTheReportAndTheLinesSoFarStay) {
+    addAircraftFolder("A", "texture=gone\r\n");
+#ifndef _WIN32
+    addAircraftFolder("C", "texture=gone\r\n");
+    fs::create_directories(folder() / "FS" / "aircraft" / "B");
+    // A pipe is there and can't be read, whoever runs the tests.
+    ASSERT_EQ(mkfifo((folder() / "FS" / "aircraft" / "B" / "aircraft.cfg").c_str(), 0600), 0);
+    EXPECT_EQ(report(), at("A") + " texture folder 'textures.gone' is missing.\r\n");
+#endif
+    fs::remove(folder() / "ACLOG.TXT");
+    fs::create_directories(folder() / "ACLOG.TXT"); // the report itself can't be written
+    const InputFile open(path("FS\\aircraft\\A\\aircraft.cfg"));
+    modACReport();
+    EXPECT_FALSE(open.isOpen()) << "all open files are closed";
+    EXPECT_EQ(newestAction(), "");
+    EXPECT_TRUE(recorder.messages.empty());
+}
+
+TEST_F(AircraftReportTest, TheDemosSimulators) {
+    const auto copied = [&](const std::string& name) {
+        fs::copy(fs::path(VANTOR_DEMO) / name, folder() / name, fs::copy_options::recursive);
+        fsaircraftpath = path(name + "\\aircraft\\");
+    };
+    const auto texture = [&](const std::string& name, const std::string& variant) {
+        return at(name) + " texture folder 'textures." + variant + "' is missing.\r\n";
+    };
+    const auto model = [&](const std::string& name, const std::string& file) {
+        return at(name) + " air file " + file + ".AIR is missing.\r\n";
+    };
+    const auto unused = [&](const std::string& name, const std::string& small, const std::string& capitals) {
+        return at(name) + "texture." + small + " folder found but " + capitals +
+               " variant not in AIRCRAFT.CFG file.\r\n";
+    };
+    copied("FS2002");
+    EXPECT_EQ(report(), texture("A320", "saffron2") + unused("B747_400", "bluegum_old", "BLUEGUM_OLD") + "\r\n" +
+                            model("B767_300", "B763ER") + texture("Beech1900D", "kowhai_new") +
+                            texture("MD82", "polarsnd") + unused("MD82", "polarsund", "POLARSUND") +
+                            unused("MD82", "polarsund_2001", "POLARSUND_2001") + "\r\n" + texture("PA28", "stripes") +
+                            model("PC9", "PC9") + unused("Saab340", "blank", "BLANK") + "\r\n");
+    copied("FS2004");
+    EXPECT_EQ(report(), texture("A319", "tirreno2004") + unused("A319", "tirreno", "TIRRENO") + "\r\n" +
+                            texture("A320", "quetzal_n") + model("A340_300", "A343_HSW") +
+                            texture("b737-300", "danube1") + unused("B747-400", "tsubame_99", "TSUBAME_99") + "\r\n" +
+                            model("BAe146", "BAE146") + model("BAe146", "BAE146") +
+                            unused("CRJ200", "primer", "PRIMER") + unused("CRJ200", "white", "WHITE") + "\r\n" +
+                            texture("Dash8-Q300", "islander") + texture("Fokker 100", "lutece_old") +
+                            unused("MD82", "gullwing", "GULLWING") + "\r\n");
+}
+
+} // namespace
+} // namespace vantor::test
