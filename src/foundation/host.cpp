@@ -62,12 +62,6 @@ std::string SilentHost::generalDateTime(DateTime value) {
     return shortDate(dateOf(value)) + " " + formatHHMMSS(value);
 }
 
-std::string SilentHost::monthAbbreviation(int month) {
-    static constexpr std::array<const char*, 12> names = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                                          "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    return names.at(static_cast<std::size_t>(month - 1));
-}
-
 std::string SilentHost::weekdayName(int day) {
     static constexpr std::array<const char*, 7> names = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                          "Thursday", "Friday", "Saturday"};
@@ -76,10 +70,6 @@ std::string SilentHost::weekdayName(int day) {
 
 std::string SilentHost::booleanWord(bool value) {
     return value ? "True" : "False";
-}
-
-bool SilentHost::dotIsDecimalMark() {
-    return true;
 }
 
 std::optional<SystemVersion> SilentHost::systemVersion() {

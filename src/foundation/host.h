@@ -46,15 +46,12 @@ class Host {
     /// Puts the thread to sleep.
     virtual void sleepFor(int milliseconds) = 0;
 
-    /// How the user's locale writes things: the short date, a date and time in the general form, the abbreviated name
-    /// of month 1 to 12, the full name of weekday 1 (Sunday) to 7, the words for true and false, and whether the dot
-    /// is the decimal mark.
+    /// How the user's locale writes things: the short date, a date and time in the general form, the full name of
+    /// weekday 1 (Sunday) to 7, and the words for true and false.
     [[nodiscard]] virtual std::string shortDate(const Date& date) = 0;
     [[nodiscard]] virtual std::string generalDateTime(DateTime value) = 0;
-    [[nodiscard]] virtual std::string monthAbbreviation(int month) = 0;
     [[nodiscard]] virtual std::string weekdayName(int day) = 0;
     [[nodiscard]] virtual std::string booleanWord(bool value) = 0;
-    [[nodiscard]] virtual bool dotIsDecimalMark() = 0;
 
     /// The system's version; empty when the system would not tell.
     [[nodiscard]] virtual std::optional<SystemVersion> systemVersion() = 0;

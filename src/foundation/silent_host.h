@@ -17,10 +17,8 @@ class SilentHost : public Host {
     void sleepFor(int milliseconds) override;
     std::string shortDate(const Date& date) override;
     std::string generalDateTime(DateTime value) override;
-    std::string monthAbbreviation(int month) override;
     std::string weekdayName(int day) override;
     std::string booleanWord(bool value) override;
-    bool dotIsDecimalMark() override;
     std::optional<SystemVersion> systemVersion() override;
     void viewTextFile(std::string_view path) override;
     void openAddress(std::string_view address) override;

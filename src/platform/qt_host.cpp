@@ -157,10 +157,6 @@ std::string QtHost::generalDateTime(DateTime value) {
     return result;
 }
 
-std::string QtHost::monthAbbreviation(int month) {
-    return fromQString(QLocale::system().standaloneMonthName(month, QLocale::ShortFormat));
-}
-
 std::string QtHost::weekdayName(int day) {
     const int monday1 = day == 1 ? 7 : day - 1;
     return fromQString(QLocale::system().standaloneDayName(monday1, QLocale::LongFormat));
@@ -168,10 +164,6 @@ std::string QtHost::weekdayName(int day) {
 
 std::string QtHost::booleanWord(bool value) {
     return value ? "True" : "False";
-}
-
-bool QtHost::dotIsDecimalMark() {
-    return QLocale::system().decimalPoint() == QStringLiteral(".");
 }
 
 std::optional<SystemVersion> QtHost::systemVersion() {

@@ -37,10 +37,8 @@ class QtHost : public Host {
 
     std::string shortDate(const Date& date) override;
     std::string generalDateTime(DateTime value) override;
-    std::string monthAbbreviation(int month) override;
     std::string weekdayName(int day) override;
     std::string booleanWord(bool value) override;
-    bool dotIsDecimalMark() override;
 
     std::optional<SystemVersion> systemVersion() override;
 

@@ -265,22 +265,28 @@ void frmSchedEdit::cmbRepeat_click() noexcept {
     });
 }
 
-void frmSchedEdit::List1_click() noexcept {
-    if (locked) {
-        return;
-    }
+bool frmSchedEdit::storeCurrentLeg() noexcept {
     try {
         if (m_currentleg != 0) {
             storeleg();
         }
     } catch (const Error& error) {
         if (error.is(ErrorCode::Loader)) {
-            // The list shows the new row while the old leg stays in the frame.
             passOver([&] { host().message(error.description()); });
-            return;
+            return false;
         }
     } catch (...) {
-        passOver([] {}); // any other fault is passed over
+        return true; // any other fault is passed over
+    }
+    return true;
+}
+
+void frmSchedEdit::List1_click() noexcept {
+    if (locked) {
+        return;
+    }
+    if (!storeCurrentLeg()) {
+        return; // the list shows the new row while the old leg stays in the frame
     }
     passOver([&] { m_currentleg = toInt16(ui->List1->currentRow() + 1); });
     if (m_currentleg != 0) {
@@ -350,17 +356,8 @@ void frmSchedEdit::cmdFind_Click(int index) noexcept {
 }
 
 void frmSchedEdit::cmdOK_Click() noexcept {
-    try {
-        if (m_currentleg != 0) {
-            storeleg();
-        }
-    } catch (const Error& error) {
-        if (error.is(ErrorCode::Loader)) {
-            passOver([&] { host().message(error.description()); });
-            return;
-        }
-    } catch (...) {
-        passOver([] {}); // any other fault is passed over
+    if (!storeCurrentLeg()) {
+        return;
     }
     ScheduleRec& sched = m_draft.sched;
     passOver([&] { sched.acnum = extractcode(ui->cmbAircraft->text()); });

@@ -60,6 +60,8 @@ class frmSchedEdit : public QDialog {
     void addlegtosched(bool atend) noexcept;
     /// Stores the current leg; raises the invalid time error.
     void storeleg();
+    /// Stores the leg shown, if any; false when its time was invalid and the user was told.
+    bool storeCurrentLeg() noexcept;
     [[nodiscard]] LegControls shownControls() const;
 
     void cmbRepeat_click() noexcept;

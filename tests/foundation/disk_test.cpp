@@ -20,7 +20,7 @@ class Disk : public test::Fixture {
 };
 
 // Read-only, and no one can change that: not even an administrator.
-constexpr std::string_view stubborn = "\\proc\\self\\environ";
+constexpr std::string_view unwritable = "\\proc\\self\\environ";
 
 TEST_F(Disk, FilesAndFolders) {
     writeFile("dir\\file.txt", "x");
@@ -63,8 +63,8 @@ TEST_F(Disk, ReadOnlyFiles) {
     EXPECT_FALSE(isReadOnly(path("file")));
     EXPECT_FALSE(isReadOnly(path("none")));
     EXPECT_FALSE(MakeReadWrite(path("none")));
-    EXPECT_TRUE(isReadOnly(stubborn));
-    EXPECT_FALSE(MakeReadWrite(stubborn));
+    EXPECT_TRUE(isReadOnly(unwritable));
+    EXPECT_FALSE(MakeReadWrite(unwritable));
 
     chmod("file", 0444);
     createoutputfile(path("file"))->commit();
@@ -78,10 +78,10 @@ TEST_F(Disk, ReadOnlyFiles) {
 }
 
 TEST_F(Disk, AFileThatCantBeMadeWritableIsLogged) {
-    EXPECT_EQ(createoutputfile(stubborn), nullptr);
-    const Names line{std::string(stubborn) + " is read only, can't change it to read write, can't update it"};
+    EXPECT_EQ(createoutputfile(unwritable), nullptr);
+    const Names line{std::string(unwritable) + " is read only, can't change it to read write, can't update it"};
     EXPECT_EQ(logTexts(), line);
-    WriteTextFile(stubborn, "x");
+    WriteTextFile(unwritable, "x");
     EXPECT_EQ(logTexts().size(), 2U);
     EXPECT_EQ(newestAction(), "");
 }
