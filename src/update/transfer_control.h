@@ -57,7 +57,7 @@ class TransferControl {
     /// Ends the request, if any, without another state.
     virtual void cancel() = 0;
     /// Lets the request go on: waits up to `milliseconds` for news from the network and tells the states that were
-    /// reached. The listener may call anything of the control, or destroy it.
+    /// reached. The listener may call anything of the control, this function included.
     virtual void advance(int milliseconds) = 0;
     /// The next bytes of the response, at most `most`; empty at its end, nothing while they have not arrived.
     [[nodiscard]] virtual std::optional<std::string> nextChunk(std::size_t most) = 0;
@@ -70,7 +70,7 @@ class TransferControl {
     [[nodiscard]] virtual std::int64_t bytesSaved() { return 0; }
 
     [[nodiscard]] virtual AccessType accessType() = 0;
-    /// `type` is the number of an AccessType; one that is none counts as SystemDefault.
+    /// Raises 380 for a number that is no AccessType.
     virtual void setAccessType(AccessType type) = 0;
     /// The proxy as "{server}:{port}", or empty.
     [[nodiscard]] virtual std::string proxy() = 0;
@@ -85,7 +85,7 @@ class TransferControl {
     void onStateChanged(StateListener listener) { m_listener = std::move(listener); }
 
   protected:
-    /// Tells the listener. The control may be gone when this returns.
+    /// Tells the listener, which may call back.
     void tellState(TransferState state) const {
         if (const StateListener listener = m_listener) {
             listener(state);

@@ -1,0 +1,566 @@
+#include "update/curl_control.h"
+
+#include "foundation/error.h"
+#include "foundation/files.h"
+#include "foundation/text.h"
+#include "update/second_ticker.h"
+
+#include <array>
+#include <curl/curl.h>
+#include <deque>
+#include <optional>
+#include <utility>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::size_t mostBuffered = std::size_t{64} * 1024;
+constexpr std::size_t enoughBuffered = 1024; // a chunk: no need to wait for more
+constexpr long mostRedirects = 10;
+constexpr long serverAnswerSeconds = 10; // of a file server, also to its farewell
+constexpr const char* protocols = "http,https,ftp";
+
+// The library's global state, for the whole run.
+class Library {
+  public:
+    [[nodiscard]] static bool isReady() {
+        static const Library library;
+        return library.m_ready;
+    }
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+    ~Library() { curl_global_cleanup(); }
+
+  private:
+    Library() : m_ready(curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK) {}
+    bool m_ready;
+};
+
+struct EasyCleanup {
+    void operator()(CURL* easy) const noexcept { curl_easy_cleanup(easy); }
+};
+struct MultiCleanup {
+    void operator()(CURLM* multi) const noexcept { curl_multi_cleanup(multi); }
+};
+
+Error transferError(TransferError number, const char* description) {
+    return {static_cast<int>(number), description};
+}
+
+// A blank is no character of an address.
+std::string escapeBlanks(std::string_view address) {
+    return replaceAll(address, " ", "%20");
+}
+
+} // namespace
+
+class CurlControl::Client {
+  public:
+    Client();
+    ~Client() { stop(); }
+    Client(const Client&) = delete;
+    Client& operator=(const Client&) = delete;
+
+    void requireReady() const;
+    void execute(std::string_view url, std::string_view verb);
+    void stop() noexcept;
+    [[nodiscard]] bool perform(int milliseconds);
+    [[nodiscard]] std::optional<TransferState> nextState();
+    void raiseFault();
+    [[nodiscard]] std::optional<std::string> nextChunk(std::size_t most);
+    [[nodiscard]] std::string header(const std::string& name) const;
+
+    AccessType accessType = AccessType::SystemDefault;
+    std::string proxy;
+    std::string userName;
+    std::string password;
+    int requestTimeout = 0;
+    bool running = false;
+    std::string errorText;
+    std::int64_t saved = 0;
+
+  private:
+    enum class Task { Fetch, ChangeFolder, Save };
+
+    void reset() noexcept;
+    void setUpCallbacks();
+    void setUpProxy();
+    void start(const std::string& url);
+    void closeConnections();
+    void collect();
+    void succeeded();
+    void failed(CURLcode code);
+    void bodyBegins();
+    void reached(TransferState state);
+    void countSeconds();
+
+    template <class Value>
+    void set(CURLoption option, Value value);
+
+    [[nodiscard]] std::size_t received(std::string_view bytes);
+    void headerLine(std::string_view line);
+
+    static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* client) noexcept;
+    static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* client) noexcept;
+    static int onSocket(void* client, curl_socket_t socket, curlsocktype purpose) noexcept;
+    static int onRequest(void* client, char* remote, char* local, int remotePort, int localPort) noexcept;
+
+    std::unique_ptr<CURLM, MultiCleanup> m_multi; // made before the easy handle, and gone after it
+    std::unique_ptr<CURL, EasyCleanup> m_easy;
+    std::array<char, CURL_ERROR_SIZE> m_errorBuffer{};
+    Task m_task = Task::Fetch;
+    std::deque<TransferState> m_states; // reached and not told yet
+    TransferState m_lastState = TransferState::Progress;
+    std::optional<Error> m_fault;
+    std::string m_buffer;
+    std::size_t m_bufferBegin = 0;
+    bool m_paused = false;
+    bool m_complete = false;
+    bool m_bodyBegan = false;
+    bool m_awaitsResponse = false;
+    int m_secondsWaited = 0;
+    SecondTicker m_ticker;
+    std::string m_folder; // of the file server, as CD left it
+    std::unique_ptr<ReplacingFile> m_file;
+};
+
+CurlControl::Client::Client() {
+    if (Library::isReady()) {
+        m_multi.reset(curl_multi_init());
+        m_easy.reset(curl_easy_init());
+    }
+}
+
+void CurlControl::Client::requireReady() const {
+    if (!m_multi || !m_easy) {
+        throw transferError(TransferError::NotRegistered, "The transfer library can't be used");
+    }
+}
+
+template <class Value>
+void CurlControl::Client::set(CURLoption option, Value value) {
+    if (curl_easy_setopt(m_easy.get(), option, value) != CURLE_OK) {
+        throw transferError(TransferError::NotRegistered, "The transfer library lacks what is needed");
+    }
+}
+
+void CurlControl::Client::execute(std::string_view url, std::string_view verb) {
+    requireReady();
+    if (running) {
+        throw transferError(TransferError::StillExecuting, "Still executing last request");
+    }
+    stop();
+    const std::string address = escapeBlanks(url);
+    if (verb == "GET") {
+        m_task = Task::Fetch;
+        start(address);
+    } else if (verb.starts_with("CD ")) {
+        m_task = Task::ChangeFolder;
+        m_folder = escapeBlanks(replaceAll(verb.substr(3), "\\", "/"));
+        start(address + "/" + m_folder);
+    } else if (verb.starts_with("GET ")) {
+        const std::string_view names = verb.substr(4);
+        const std::size_t blank = std::min(names.find(' '), names.size());
+        m_task = Task::Save;
+        m_file = std::make_unique<ReplacingFile>(trim(names.substr(blank)));
+        start(address + "/" + m_folder + std::string(names.substr(0, blank)));
+    } else if (verb == "CLOSE") {
+        m_folder.clear();
+        closeConnections();
+    } else {
+        throw Error(ErrorCode::InvalidCall);
+    }
+}
+
+void CurlControl::Client::start(const std::string& url) {
+    reset();
+    curl_easy_reset(m_easy.get());
+    set(CURLOPT_PROTOCOLS_STR, protocols);
+    set(CURLOPT_REDIR_PROTOCOLS_STR, protocols);
+    set(CURLOPT_DEFAULT_PROTOCOL, "http");
+    set(CURLOPT_URL, url.c_str());
+    set(CURLOPT_FOLLOWLOCATION, 1L);
+    set(CURLOPT_MAXREDIRS, mostRedirects);
+    set(CURLOPT_NOSIGNAL, 1L);
+    set(CURLOPT_QUICK_EXIT, 1L); // a name that is being resolved does not hold up a cancel
+    set(CURLOPT_SERVER_RESPONSE_TIMEOUT, serverAnswerSeconds);
+    set(CURLOPT_FTP_FILEMETHOD, CURLFTPMETHOD_SINGLECWD);
+    set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
+    set(CURLOPT_NOBODY, m_task == Task::ChangeFolder ? 1L : 0L);
+    // The commands for a file server share one connection until CLOSE.
+    set(CURLOPT_FORBID_REUSE, m_task == Task::Fetch ? 1L : 0L);
+    setUpProxy();
+    setUpCallbacks();
+    if (curl_multi_add_handle(m_multi.get(), m_easy.get()) != CURLM_OK) {
+        throw transferError(TransferError::CannotComplete, "Unable to complete request");
+    }
+    running = true;
+    m_awaitsResponse = true;
+    m_ticker.restart();
+    reached(TransferState::ResolvingHost);
+}
+
+void CurlControl::Client::setUpProxy() {
+    switch (accessType) {
+    case AccessType::SystemDefault:
+        break; // the library asks the system
+    case AccessType::Direct:
+        set(CURLOPT_PROXY, "");
+        break;
+    case AccessType::NamedProxy:
+        set(CURLOPT_PROXY, proxy.c_str());
+        set(CURLOPT_NOPROXY, ""); // the user's proxy, whatever the system excepts
+        break;
+    }
+    if (!userName.empty()) {
+        set(CURLOPT_PROXYUSERNAME, userName.c_str());
+        set(CURLOPT_PROXYPASSWORD, password.c_str());
+        set(CURLOPT_PROXYAUTH, CURLAUTH_ANY); // told only to a proxy that asks
+    }
+}
+
+void CurlControl::Client::setUpCallbacks() {
+    set(CURLOPT_ERRORBUFFER, m_errorBuffer.data());
+    set(CURLOPT_WRITEFUNCTION, &Client::onBody);
+    set(CURLOPT_WRITEDATA, this);
+    set(CURLOPT_HEADERFUNCTION, &Client::onHeader);
+    set(CURLOPT_HEADERDATA, this);
+    set(CURLOPT_SOCKOPTFUNCTION, &Client::onSocket);
+    set(CURLOPT_SOCKOPTDATA, this);
+    set(CURLOPT_PREREQFUNCTION, &Client::onRequest);
+    set(CURLOPT_PREREQDATA, this);
+}
+
+// What an earlier request left. The file of a save is already that of the new one.
+void CurlControl::Client::reset() noexcept {
+    m_states.clear();
+    m_lastState = TransferState::Progress;
+    m_fault.reset();
+    m_errorBuffer.fill('\0');
+    errorText.clear();
+    m_buffer.clear();
+    m_bufferBegin = 0;
+    m_paused = false;
+    m_complete = false;
+    m_bodyBegan = false;
+    m_awaitsResponse = false;
+    m_secondsWaited = 0;
+    saved = 0;
+}
+
+void CurlControl::Client::stop() noexcept {
+    if (running) {
+        running = false;
+        curl_multi_remove_handle(m_multi.get(), m_easy.get());
+    }
+    reset();
+    m_file.reset();
+}
+
+void CurlControl::Client::closeConnections() {
+    m_multi.reset();
+    m_multi.reset(curl_multi_init());
+    requireReady();
+    m_states = {TransferState::Disconnecting, TransferState::Disconnected, TransferState::ResponseCompleted};
+}
+
+// A state that was passed is not gone back to: redirects and a second connection would.
+void CurlControl::Client::reached(TransferState state) {
+    if (state > m_lastState) {
+        m_lastState = state;
+        m_states.push_back(state);
+    }
+}
+
+std::optional<TransferState> CurlControl::Client::nextState() {
+    if (m_states.empty()) {
+        return std::nullopt;
+    }
+    const TransferState state = m_states.front();
+    m_states.pop_front();
+    return state;
+}
+
+void CurlControl::Client::raiseFault() {
+    if (m_fault) {
+        throw *std::exchange(m_fault, std::nullopt);
+    }
+}
+
+// One turn of the transfer; the wait is for when there is nothing to tell and nothing to fetch.
+bool CurlControl::Client::perform(int milliseconds) {
+    const auto turn = [this] {
+        int active = 0;
+        curl_multi_perform(m_multi.get(), &active);
+        collect();
+    };
+    if (!m_multi) {
+        return false;
+    }
+    if (m_paused && m_buffer.size() - m_bufferBegin < enoughBuffered) {
+        m_paused = false;
+        curl_easy_pause(m_easy.get(), CURLPAUSE_CONT);
+    }
+    turn();
+    countSeconds();
+    if (m_states.empty() && !m_fault && m_buffer.size() - m_bufferBegin < enoughBuffered) {
+        curl_multi_poll(m_multi.get(), nullptr, 0, milliseconds, nullptr);
+        turn();
+    }
+    return true;
+}
+
+void CurlControl::Client::countSeconds() {
+    if (!running || !m_awaitsResponse || requestTimeout <= 0 || !m_ticker.ticked()) {
+        return;
+    }
+    if (++m_secondsWaited >= requestTimeout) {
+        stop();
+        m_fault = transferError(TransferError::TimedOut, "Request timed out");
+    }
+}
+
+void CurlControl::Client::collect() {
+    int left = 0;
+    while (const CURLMsg* const message = curl_multi_info_read(m_multi.get(), &left)) {
+        if (message->msg == CURLMSG_DONE) {
+            const CURLcode code = message->data.result;
+            running = false;
+            curl_multi_remove_handle(m_multi.get(), m_easy.get());
+            if (code == CURLE_OK) {
+                succeeded();
+            } else {
+                failed(code);
+            }
+            return; // there is one request at a time
+        }
+    }
+}
+
+void CurlControl::Client::succeeded() {
+    m_complete = true;
+    if (m_task != Task::ChangeFolder) {
+        bodyBegins();
+    }
+    if (m_file) {
+        try {
+            m_file->commit();
+        } catch (...) {
+            m_fault = currentError();
+        }
+        m_file.reset();
+        if (m_fault) {
+            errorText = m_fault->description();
+            m_fault.reset();
+            m_states.push_back(TransferState::Error);
+            return;
+        }
+    }
+    reached(TransferState::ResponseCompleted);
+}
+
+void CurlControl::Client::failed(CURLcode code) {
+    m_file.reset();
+    if (code == CURLE_GOT_NOTHING && !m_bodyBegan) {
+        m_fault = transferError(TransferError::CannotComplete, "Unable to complete request");
+    } else if (code == CURLE_OPERATION_TIMEDOUT && !m_bodyBegan) {
+        m_fault = transferError(TransferError::TimedOut, "Request timed out");
+    } else {
+        if (errorText.empty()) { // else the disk told what was wrong
+            errorText = fromUtf8(m_errorBuffer.front() != '\0' ? m_errorBuffer.data() : curl_easy_strerror(code));
+        }
+        m_states.push_back(TransferState::Error);
+    }
+}
+
+void CurlControl::Client::bodyBegins() {
+    if (m_bodyBegan) {
+        return;
+    }
+    m_bodyBegan = true;
+    m_awaitsResponse = false;
+    reached(TransferState::ReceivingResponse);
+    reached(TransferState::ResponseReceived);
+    if (m_task == Task::Fetch) {
+        reached(TransferState::ResponseCompleted); // fetched while it still arrives
+    }
+}
+
+std::size_t CurlControl::Client::received(std::string_view bytes) {
+    if (m_task == Task::Fetch && m_buffer.size() - m_bufferBegin >= mostBuffered) {
+        m_paused = true;
+        return CURL_WRITEFUNC_PAUSE;
+    }
+    bodyBegins();
+    if (!m_file) {
+        m_buffer.erase(0, std::exchange(m_bufferBegin, 0));
+        m_buffer += bytes;
+        return bytes.size();
+    }
+    m_file->write(bytes);
+    saved += static_cast<std::int64_t>(bytes.size());
+    if (m_states.empty() || m_states.back() != TransferState::Progress) {
+        m_states.push_back(TransferState::Progress);
+    }
+    return bytes.size();
+}
+
+std::size_t CurlControl::Client::onBody(char* data, std::size_t size, std::size_t count, void* client) noexcept {
+    auto& self = *static_cast<Client*>(client);
+    try {
+        return self.received({data, size * count});
+    } catch (...) {
+        try {
+            self.errorText = currentError().description();
+        } catch (...) {
+            self.errorText.clear(); // then the library's words must do
+        }
+        return 0; // ends the transfer as failed
+    }
+}
+
+void CurlControl::Client::headerLine(std::string_view line) {
+    m_secondsWaited = 0;
+    if (line == "\r\n" || line == "\n") {
+        m_awaitsResponse = false; // a redirect's request waits anew
+    }
+    reached(TransferState::ReceivingResponse);
+}
+
+std::size_t CurlControl::Client::onHeader(char* data, std::size_t size, std::size_t count, void* client) noexcept {
+    try {
+        static_cast<Client*>(client)->headerLine({data, size * count});
+        return size * count;
+    } catch (...) {
+        return 0;
+    }
+}
+
+int CurlControl::Client::onSocket(void* client, curl_socket_t /*socket*/, curlsocktype /*purpose*/) noexcept {
+    auto& self = *static_cast<Client*>(client);
+    try {
+        self.m_awaitsResponse = !self.m_bodyBegan;
+        self.reached(TransferState::HostResolved);
+        self.reached(TransferState::Connecting);
+        return CURL_SOCKOPT_OK;
+    } catch (...) {
+        return CURL_SOCKOPT_ERROR;
+    }
+}
+
+int CurlControl::Client::onRequest(void* client, char* /*remote*/, char* /*local*/, int /*remotePort*/,
+                                   int /*localPort*/) noexcept {
+    auto& self = *static_cast<Client*>(client);
+    try {
+        self.m_awaitsResponse = !self.m_bodyBegan;
+        self.m_secondsWaited = 0;
+        self.reached(TransferState::Connected);
+        self.reached(TransferState::Requesting);
+        self.reached(TransferState::RequestSent);
+        return CURL_PREREQFUNC_OK;
+    } catch (...) {
+        return CURL_PREREQFUNC_ABORT;
+    }
+}
+
+std::optional<std::string> CurlControl::Client::nextChunk(std::size_t most) {
+    const std::size_t ready = m_buffer.size() - m_bufferBegin;
+    if (ready < most && !m_complete) {
+        return std::nullopt;
+    }
+    std::string chunk = m_buffer.substr(m_bufferBegin, most);
+    m_bufferBegin += chunk.size();
+    return chunk;
+}
+
+std::string CurlControl::Client::header(const std::string& name) const {
+    curl_header* found = nullptr;
+    if (m_easy && curl_easy_header(m_easy.get(), name.c_str(), 0, CURLH_HEADER, -1, &found) == CURLHE_OK) {
+        return found->value;
+    }
+    curl_off_t length = -1; // what a file server told stands in no header
+    if (m_easy && equalNoCase(name, "Content-Length") &&
+        curl_easy_getinfo(m_easy.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length) == CURLE_OK && length >= 0) {
+        return std::to_string(length);
+    }
+    return {};
+}
+
+CurlControl::CurlControl() : m_client(std::make_unique<Client>()) {}
+
+CurlControl::~CurlControl() = default;
+
+void CurlControl::execute(std::string_view url, std::string_view verb) {
+    m_client->execute(url, verb);
+}
+
+void CurlControl::cancel() {
+    m_client->stop();
+}
+
+void CurlControl::advance(int milliseconds) {
+    if (!m_client->perform(milliseconds)) {
+        m_client->requireReady();
+    }
+    // Told out here and not from within the library, so that the listener may cancel and begin anew.
+    while (const auto state = m_client->nextState()) {
+        tellState(*state);
+    }
+    m_client->raiseFault();
+}
+
+std::optional<std::string> CurlControl::nextChunk(std::size_t most) {
+    return m_client->nextChunk(most);
+}
+
+std::string CurlControl::header(std::string_view name) {
+    return m_client->header(std::string(name));
+}
+
+std::string CurlControl::responseText() {
+    return m_client->errorText;
+}
+
+bool CurlControl::stillExecuting() {
+    return m_client->running;
+}
+
+std::int64_t CurlControl::bytesSaved() {
+    return m_client->saved;
+}
+
+AccessType CurlControl::accessType() {
+    m_client->requireReady();
+    return m_client->accessType;
+}
+
+void CurlControl::setAccessType(AccessType type) {
+    m_client->requireReady();
+    if (type < AccessType::SystemDefault || type > AccessType::NamedProxy) {
+        throw Error(380, "Invalid property value");
+    }
+    m_client->accessType = type;
+}
+
+std::string CurlControl::proxy() {
+    return m_client->proxy;
+}
+
+void CurlControl::setProxy(std::string_view proxy) {
+    m_client->proxy = proxy;
+}
+
+void CurlControl::setUserName(std::string_view name) {
+    m_client->userName = name;
+}
+
+void CurlControl::setPassword(std::string_view password) {
+    m_client->password = password;
+}
+
+void CurlControl::setRequestTimeout(int seconds) {
+    m_client->requestTimeout = seconds;
+}
+
+} // namespace vantor

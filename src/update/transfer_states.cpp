@@ -1,0 +1,542 @@
+#include "update/transfer_states.h"
+
+#include "foundation/error.h"
+#include "foundation/host.h"
+#include "foundation/log.h"
+#include "foundation/numbers.h"
+#include "foundation/progress.h"
+#include "foundation/settings_store.h"
+#include "foundation/text.h"
+#include "foundation/trap.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <tuple>
+#include <utility>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view moduleName = "fSHAREDInternet";
+constexpr std::string_view stateProcedure = "sub inet1_statechanged";
+constexpr std::size_t chunkSize = 1024;
+constexpr int chunkWait = 50;      // milliseconds; it ends as soon as bytes come
+constexpr int requestTimeout = 10; // seconds
+constexpr int mostIdleSeconds = 60;
+constexpr int mostRetries = 3;
+constexpr double secondsPerReport = 0.25;
+constexpr double secondsPerDay = 86400;
+constexpr double bytesPerKilobyte = 1024;
+constexpr std::string_view downloadFailed = "Download failed. Please try again.";
+constexpr std::string_view downloadCancelled = "Download cancelled";
+
+// Raises an event: the handler may replace itself, and what it throws is a fault in the ring.
+template <class... Values>
+void raise(const std::function<void(Values...)>& event, Values... values) noexcept {
+    const StandardTrap trap{"sub raiseevent", moduleName};
+    trap([&] {
+        if (const auto handler = event) {
+            handler(values...);
+        }
+    });
+}
+
+std::string wholeKilobytes(double bytes) {
+    return fixedNumber(roundHalfEven(bytes / bytesPerKilobyte), 0);
+}
+
+std::string roundedKilobytes(double bytes) {
+    return generalNumber(roundHalfEven(bytes / bytesPerKilobyte * 100) / 100);
+}
+
+double percentage(double bytes, std::int32_t size) {
+    return roundHalfEven(bytes / size * 100);
+}
+
+// The host of an address of a file server, and the rest of it from the "/" behind the host on.
+std::pair<std::string, std::string> splitFileServerAddress(std::string_view address) {
+    std::size_t begin = 0;
+    if (!equalNoCase(address.substr(0, 4), "FTP.")) {
+        const std::size_t scheme = address.find("//");
+        if (scheme == std::string_view::npos) {
+            return {};
+        }
+        begin = scheme + 2;
+    }
+    const std::size_t end = std::min(address.find('/', begin), address.size());
+    return {std::string(address.substr(begin, end - begin)), std::string(address.substr(end))};
+}
+
+} // namespace
+
+fSHAREDInternet::fSHAREDInternet(std::unique_ptr<TransferControl> control) : m_control(std::move(control)) {
+    m_control->onStateChanged([this](TransferState state) { stateChanged(state); });
+}
+
+// Runs a statement that the control may fail in. Its own errors are sorted by number, any other is recorded as usual;
+// the description of such a one is the result.
+template <class Statement>
+std::string fSHAREDInternet::sorted(std::string_view procedure, Statement&& statement) noexcept {
+    const StandardTrap trap{procedure, moduleName};
+    std::string fault;
+    trap([&] {
+        try {
+            statement();
+        } catch (...) {
+            const Error error = currentError();
+            if (!sortError(error.number())) {
+                fault = error.description();
+                throw;
+            }
+        }
+    });
+    return fault;
+}
+
+// False for an error that is to be recorded.
+bool fSHAREDInternet::sortError(int number) {
+    switch (static_cast<TransferError>(number)) {
+    case TransferError::StillExecuting:
+    case TransferError::TimedOut: {
+        m_control->cancel();
+        const std::uint32_t run = m_run;
+        normalmouse(); // timers run, and one may begin another transfer
+        if (m_run == run) {
+            fail(number == static_cast<int>(TransferError::TimedOut) ? "Download timed out. Please try again."
+                                                                     : downloadFailed);
+        }
+        return true;
+    }
+    case TransferError::CannotComplete:
+        m_control->cancel();
+        if (m_ftp || ++m_retries > mostRetries) { // it may fail for ever, and commands can't be repeated by a GET
+            fail(downloadFailed);
+            return false;
+        }
+        m_sizeFlag = false;
+        get();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void fSHAREDInternet::begin(std::string_view url) {
+    finish();
+    if (m_control->stillExecuting()) {
+        m_control->cancel();
+    }
+    ++m_request;
+    m_url = url;
+    m_localFile.clear();
+    m_expectedFilesize = 0;
+    m_received.clear();
+    m_save = false;
+    m_sizeFlag = false;
+    m_ftp = false;
+    m_repeated = false;
+    m_retries = 0;
+    m_idleTicks = 0;
+    m_timer.restart();
+    m_timerRuns = true;
+}
+
+// What loops on the stack wait for is over. A file that is not complete goes.
+void fSHAREDInternet::finish() noexcept {
+    ++m_run;
+    m_timerRuns = false;
+    m_file.reset();
+}
+
+void fSHAREDInternet::fail(std::string_view text) noexcept {
+    const StandardTrap trap{"sub fail", moduleName};
+    finish();
+    m_received.clear(); // part of a reply is none
+    trap([&] { m_control->cancel(); });
+    raise<std::string_view>(DownloadError, text);
+}
+
+void fSHAREDInternet::unload() noexcept {
+    const StandardTrap trap{"sub form_unload", moduleName};
+    StatusText = nullptr;
+    ProgressText = nullptr;
+    DownloadFinished = nullptr;
+    DownloadError = nullptr;
+    Receiving = nullptr;
+    NoInternet = nullptr;
+    finish();
+    m_received.clear();
+    trap([&] { m_control->cancel(); });
+}
+
+bool fSHAREDInternet::Connected() const noexcept {
+    const StandardTrap trap{"property get connected", moduleName};
+    bool connected = false;
+    trap([&] { connected = m_control->stillExecuting(); });
+    return connected;
+}
+
+void fSHAREDInternet::Cancel() noexcept {
+    const StandardTrap trap{"sub cancel", moduleName};
+    trap([&] { m_control->cancel(); });
+    finish();
+    m_received.clear();
+    raise<std::string_view, double>(ProgressText, downloadCancelled, 0);
+}
+
+void fSHAREDInternet::CancelDownload() noexcept {
+    const StandardTrap trap{"sub canceldownload", moduleName};
+    finish();
+    trap([&] { m_control->cancel(); });
+    EraseFile(m_localFile);
+    raise<std::string_view>(DownloadError, downloadCancelled);
+}
+
+std::string fSHAREDInternet::OpenURL(std::string_view url, bool show) noexcept {
+    const StandardTrap trap{"function openurl", moduleName};
+    if (m_noControl) {
+        raise(NoInternet);
+        return {};
+    }
+    quietAll = !show;
+    trap([&] { begin(url); });
+    const std::uint32_t mine = m_request;
+    get();
+    while (m_request == mine && m_timerRuns) {
+        wait(100);
+    }
+    return m_request == mine ? std::exchange(m_received, {}) : std::string();
+}
+
+void fSHAREDInternet::DownloadFile(std::string_view url, std::string_view local, bool sizeflag) noexcept {
+    const StandardTrap trap{"sub downloadfile", moduleName};
+    if (m_noControl) {
+        EraseFile(local);
+        raise(DownloadFinished);
+        raise(NoInternet);
+        return;
+    }
+    trap([&] { begin(url); });
+    m_sizeFlag = sizeflag;
+    m_save = true;
+    // At each download, after ApplyProxy too: this is meant.
+    trap([&] { m_control->setAccessType(AccessType::SystemDefault); });
+    EraseFile(local);
+    trap([&] { m_localFile = local; });
+    trap([&] { m_control->setRequestTimeout(requestTimeout); });
+    if (equalNoCase(url.substr(0, 3), "FTP")) {
+        downloadFromFileServer();
+    } else {
+        get();
+    }
+}
+
+void fSHAREDInternet::downloadFromFileServer() noexcept {
+    const StandardTrap trap{"sub downloadfile", moduleName};
+    const std::uint32_t mine = m_request;
+    std::string host;
+    std::array<std::string, 3> commands;
+    trap([&] {
+        std::string path;
+        std::tie(host, path) = splitFileServerAddress(replaceAll(m_url, "\\", "/"));
+        // A blank would end the name inside the command.
+        const std::string file = replaceAll(fileonly(path), " ", "%20");
+        commands = {"CD " + pathonly(path), "GET " + file + " " + m_localFile, "CLOSE"};
+    });
+    if (host.empty()) {
+        fail("No address specified");
+        return;
+    }
+    m_ftp = true;
+    for (const std::string& command : commands) {
+        runCommand("FTP://" + host, command);
+        if (m_request != mine || !m_timerRuns) {
+            return; // failed or cancelled
+        }
+    }
+    finish();
+    raise(DownloadFinished);
+}
+
+// The control takes a command only when the one before is through.
+void fSHAREDInternet::runCommand(std::string_view host, std::string_view command) noexcept {
+    const std::uint32_t run = ++m_run;
+    const std::string fault = sorted("sub downloadfile", [&] { m_control->execute(host, command); });
+    if (!fault.empty() && m_run == run) {
+        fail(fault);
+    }
+    while (m_run == run && Connected()) {
+        wait(100);
+    }
+}
+
+// A request that can't even be made would leave everybody waiting for its end.
+void fSHAREDInternet::get() noexcept {
+    const std::uint32_t run = ++m_run;
+    const std::string fault = sorted("sub get", [&] { m_control->execute(trim(m_url), "GET"); });
+    if (!fault.empty() && m_run == run) {
+        fail(fault);
+    }
+}
+
+void fSHAREDInternet::wait(int milliseconds) noexcept {
+    const StandardTrap trap{"sub wait", moduleName};
+    trap([] { host().pumpEvents(Pump::Everything); });
+    timerTick();
+    sorted("sub wait", [&] { m_control->advance(milliseconds); });
+}
+
+void fSHAREDInternet::timerTick() noexcept {
+    if (!m_timerRuns || !m_timer.ticked()) {
+        return;
+    }
+    ++m_idleTicks;
+    if (m_idleTicks > mostIdleSeconds) {
+        fail("Transfer timed out");
+    }
+}
+
+void fSHAREDInternet::stateChanged(TransferState state) noexcept {
+    if (!m_timerRuns) {
+        return; // the tail of a transfer that is over
+    }
+    m_idleTicks = 0;
+    switch (state) {
+    case TransferState::ResolvingHost:
+        showStatus("Resolving host");
+        break;
+    case TransferState::HostResolved:
+        showStatus("Resolved host");
+        break;
+    case TransferState::Connecting:
+        showStatus("Connecting");
+        break;
+    case TransferState::Connected:
+        showStatus("Connected");
+        break;
+    case TransferState::ReceivingResponse:
+        raise(Receiving);
+        break;
+    case TransferState::ResponseReceived:
+        sorted(stateProcedure, [&] { responseReceived(); });
+        break;
+    case TransferState::Error:
+        failedState();
+        break;
+    case TransferState::ResponseCompleted:
+        responseCompleted();
+        break;
+    case TransferState::Requesting:
+    case TransferState::RequestSent:
+    case TransferState::Disconnecting:
+    case TransferState::Disconnected:
+        break;
+    default:
+        sorted(stateProcedure, [&] { otherState(); });
+    }
+}
+
+void fSHAREDInternet::responseReceived() {
+    if (m_expectedFilesize != 0) {
+        return;
+    }
+    m_expectedFilesize = -1;
+    if (m_sizeFlag) {
+        const std::string length = m_control->header("Content-Length");
+        if (!length.empty()) {
+            m_expectedFilesize = toInt32(val(length));
+        }
+    }
+}
+
+void fSHAREDInternet::responseCompleted() noexcept {
+    if (m_ftp) {
+        return; // the control saves the file itself
+    }
+    if (m_expectedFilesize == 0 && !m_repeated) { // no header came; a length of 0 counts as none
+        const StandardTrap trap{stateProcedure, moduleName};
+        m_repeated = true;
+        m_sizeFlag = false;
+        trap([&] { m_control->cancel(); });
+        get();
+        return;
+    }
+    const std::uint32_t request = m_request;
+    const std::string fault = sorted(stateProcedure, [&] { fetchResponse(); });
+    if (!fault.empty() && m_request == request && m_timerRuns) {
+        fail(fault); // without it, what was lost would be told as finished
+    }
+}
+
+void fSHAREDInternet::fetchResponse() {
+    const std::uint32_t run = m_run;
+    std::int64_t count = 0;
+    showStatus("Downloading");
+    if (m_save && m_run == run) {
+        m_file = std::make_unique<ReplacingFile>(m_localFile);
+    }
+    bool atEnd = false;
+    while (!atEnd && m_run == run) {
+        const std::optional<std::string> chunk = m_control->nextChunk(chunkSize);
+        if (!chunk) {
+            wait(chunkWait);
+            continue;
+        }
+        m_idleTicks = 0;
+        atEnd = chunk->empty();
+        if (!atEnd) {
+            count += chunkSize; // whatever its length: the count overshoots on the last chunk, and is meant to
+        }
+        keepChunk(*chunk);
+        if (m_run == run) {
+            reportChunks(count);
+        }
+    }
+    if (m_run != run) {
+        return;
+    }
+    if (m_file) {
+        m_file->commit();
+    }
+    finish();
+    const std::uint32_t over = m_run;
+    if (!quietProgress) {
+        showStatus("Downloaded " + fixedNumber(static_cast<double>(count) / bytesPerKilobyte, 2) + " kb (100%)");
+    }
+    if (m_run == over) {
+        raise(DownloadFinished);
+    }
+}
+
+void fSHAREDInternet::keepChunk(const std::string& chunk) {
+    const std::string_view text = ByteArrayToString(chunk);
+    if (m_save) {
+        m_file->write(chunk);
+        if (m_received.empty()) { // of a download nobody asks more than whether there is any text
+            m_received = text;
+        }
+    } else if (m_received.size() + text.size() > longestReply) {
+        logaction("Reply is longer than " + std::to_string(longestReply) + " bytes", stateProcedure, moduleName);
+        fail(downloadFailed);
+    } else {
+        m_received += text;
+    }
+}
+
+void fSHAREDInternet::reportChunks(std::int64_t count) {
+    if (quietProgress || quietAll) {
+        return;
+    }
+    const auto bytes = static_cast<double>(count);
+    if (m_expectedFilesize < 1) {
+        reportProgress("Downloaded " + roundedKilobytes(bytes) + "kb", 100);
+        return;
+    }
+    if (m_received.empty()) {
+        return;
+    }
+    const double percent = percentage(bytes, m_expectedFilesize);
+    if (m_sizeFlag) {
+        reportProgress(wholeKilobytes(bytes) + " kb of " + wholeKilobytes(m_expectedFilesize) + " kb (" +
+                           fixedNumber(percent, 0) + "%)",
+                       percent);
+    } else {
+        reportProgress(wholeKilobytes(bytes) + " kb downloaded", percent);
+    }
+}
+
+// At most four a second; a text in between is lost.
+void fSHAREDInternet::reportProgress(std::string_view text, double value) noexcept {
+    constexpr double precision = 1e-5; // of a date-time value, in seconds
+    const DateTime time = now();
+    const double passed = (time - m_lastReport) * secondsPerDay;
+    if (passed >= 0 && passed < secondsPerReport - precision) {
+        return;
+    }
+    m_lastReport = time;
+    raise<std::string_view>(StatusText, text);
+    raise<std::string_view, double>(ProgressText, text, value);
+}
+
+void fSHAREDInternet::otherState() {
+    if (quietProgress) {
+        return;
+    }
+    const auto bytes = static_cast<double>(m_control->bytesSaved());
+    if (m_expectedFilesize >= 1) {
+        showStatus("File Size: " + wholeKilobytes(m_expectedFilesize) + " kb.  Downloaded " + wholeKilobytes(bytes) +
+                   " kb (" + fixedNumber(percentage(bytes, m_expectedFilesize), 0) + "%)");
+    } else {
+        showStatus("Downloaded " + roundedKilobytes(bytes) + "kb");
+    }
+}
+
+void fSHAREDInternet::failedState() noexcept {
+    const StandardTrap trap{stateProcedure, moduleName};
+    std::string text;
+    trap([&] { text = m_control->responseText(); });
+    const std::uint32_t run = m_run;
+    showStatus(text);
+    if (m_run == run) {
+        fail(text);
+    }
+    trap([] { timedevents(); });
+}
+
+void fSHAREDInternet::showStatus(std::string_view text) noexcept {
+    if (!quietAll) {
+        raise<std::string_view>(StatusText, text);
+    }
+}
+
+std::string fSHAREDInternet::ProxyUser() {
+    return sget("ProxyUser", "").text();
+}
+
+std::string fSHAREDInternet::ProxyPassword() {
+    return sget("ProxyPwd", "").text();
+}
+
+void fSHAREDInternet::ApplyProxy() noexcept {
+    const StandardTrap trap{"sub applyproxy", moduleName};
+    const auto step = [&](auto&& statement) {
+        trap([&] {
+            try {
+                statement();
+            } catch (const Error& error) {
+                m_noControl = m_noControl || error.number() == static_cast<int>(TransferError::NotRegistered);
+                throw;
+            }
+        });
+    };
+    auto type = AccessType::Direct;
+    step([&] { type = static_cast<AccessType>(sget("ProxyType", static_cast<std::int32_t>(type)).int16()); });
+    step([&] { m_control->setAccessType(type); });
+    step([&] { m_control->setUserName(""); });
+    step([&] { m_control->setPassword(""); });
+    if (type == AccessType::NamedProxy) {
+        step([&] {
+            const std::string server(trim(sget("ProxyServer", "").text()));
+            const std::string port(trim(sget("ProxyPort", "").text()));
+            m_control->setProxy(server.empty() || port.empty() ? std::string() : server + ":" + port);
+        });
+    } else if (type == AccessType::Direct) {
+        step([&] { m_control->setProxy(""); });
+    }
+    step([&] {
+        logit("Proxy set to: " + std::to_string(static_cast<int>(m_control->accessType())) + " " + m_control->proxy());
+    });
+    if (type == AccessType::NamedProxy) {
+        step([&] { m_control->setUserName(ProxyUser()); });
+        step([&] { m_control->setPassword(ProxyPassword()); });
+        step([] { logdebug("Proxy username/password set", "", ""); });
+    }
+}
+
+std::string_view fSHAREDInternet::ByteArrayToString(std::string_view bytes) noexcept {
+    return bytes.substr(0, bytes.find('\0'));
+}
+
+} // namespace vantor

@@ -1,0 +1,104 @@
+// Update: asks the update server for newer versions and fetches the setup program.
+// fSHAREDInternet: turns the states of the transfer control into texts, byte counts and a file. It shows no window.
+#pragma once
+
+#include "foundation/clock.h"
+#include "foundation/files.h"
+#include "update/second_ticker.h"
+#include "update/transfer_control.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace vantor {
+
+/// The longest reply that OpenURL takes, in bytes; a longer one is a failed transfer.
+inline constexpr std::size_t longestReply = std::size_t{1024} * 1024;
+
+/// One transfer at a time. Nothing is ever raised to the caller; faults stand in the ring of recent actions.
+class fSHAREDInternet {
+  public:
+    explicit fSHAREDInternet(std::unique_ptr<TransferControl> control);
+
+    // The events, raised inside the calls below.
+    std::function<void(std::string_view text)> StatusText;
+    std::function<void(std::string_view text, double value)> ProgressText;
+    std::function<void()> DownloadFinished;
+    std::function<void(std::string_view text)> DownloadError;
+    std::function<void()> Receiving;
+    std::function<void()> NoInternet;
+
+    bool quietProgress = false; ///< holds back progress and byte counts
+    bool quietAll = false;      ///< holds back the texts of the states too; errors still come through
+
+    /// 0 before the response, -1 when unknown, else bytes.
+    [[nodiscard]] std::int32_t ExpectedFilesize() const noexcept { return m_expectedFilesize; }
+    void Cancel() noexcept;
+    /// Waits for the reply, with the window alive.
+    [[nodiscard]] std::string OpenURL(std::string_view url, bool show) noexcept;
+    void CancelDownload() noexcept;
+    /// Starts a download, for wait to go on with; one from a file server is over when this returns.
+    void DownloadFile(std::string_view url, std::string_view local, bool sizeflag) noexcept;
+    [[nodiscard]] bool Connected() const noexcept;
+    void ApplyProxy() noexcept;
+    [[nodiscard]] static std::string ProxyUser();
+    [[nodiscard]] static std::string ProxyPassword();
+    /// The bytes as a text of the code page, up to the first zero character.
+    [[nodiscard]] static std::string_view ByteArrayToString(std::string_view bytes) noexcept;
+
+    /// One turn of a loop that waits: events run, the timer ticks, and the transfer goes on for up to `milliseconds`.
+    void wait(int milliseconds) noexcept;
+    /// Whether a transfer is under way: its timer runs.
+    [[nodiscard]] bool underWay() const noexcept { return m_timerRuns; }
+    /// Ends the transfer and forgets who listens, as its owner goes.
+    void unload() noexcept;
+
+  private:
+    void begin(std::string_view url);
+    void finish() noexcept;
+    void fail(std::string_view text) noexcept;
+    void downloadFromFileServer() noexcept;
+    void runCommand(std::string_view host, std::string_view command) noexcept;
+    void get() noexcept;
+
+    template <class Statement>
+    std::string sorted(std::string_view procedure, Statement&& statement) noexcept;
+    bool sortError(int number);
+
+    void timerTick() noexcept;
+    void stateChanged(TransferState state) noexcept;
+    void responseReceived();
+    void responseCompleted() noexcept;
+    void fetchResponse();
+    void keepChunk(const std::string& chunk);
+    void reportChunks(std::int64_t count);
+    void reportProgress(std::string_view text, double value) noexcept;
+    void otherState();
+    void failedState() noexcept;
+    void showStatus(std::string_view text) noexcept;
+
+    std::unique_ptr<TransferControl> m_control;
+    std::unique_ptr<ReplacingFile> m_file; // appears under its name when all of it is there
+    SecondTicker m_timer;
+    bool m_timerRuns = false;
+    std::int16_t m_idleTicks = 0;
+    std::uint32_t m_request = 0; // counts transfers, and with m_run what loops on the stack must see
+    std::uint32_t m_run = 0;     // counts executions and ends
+    int m_retries = 0;
+    std::int32_t m_expectedFilesize = 0;
+    std::string m_received;
+    bool m_save = false;
+    bool m_sizeFlag = false;
+    bool m_ftp = false;
+    bool m_repeated = false; // the second GET is out
+    bool m_noControl = false;
+    std::string m_localFile;
+    std::string m_url;
+    DateTime m_lastReport = 0;
+};
+
+} // namespace vantor
