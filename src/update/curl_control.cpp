@@ -161,7 +161,10 @@ void CurlControl::Client::execute(std::string_view url, std::string_view verb) {
         start(address + "/" + m_folder);
     } else if (verb.starts_with("GET ")) {
         const std::string_view names = verb.substr(4);
-        const std::size_t blank = std::min(names.find(' '), names.size());
+        const std::size_t blank = names.find(' ');
+        if (blank == 0 || blank == std::string_view::npos) { // without a name the server would send its list of files
+            throw Error(ErrorCode::BadFileName);
+        }
         m_task = Task::Save;
         m_file = std::make_unique<ReplacingFile>(trim(names.substr(blank)));
         start(address + "/" + m_folder + std::string(names.substr(0, blank)));

@@ -275,6 +275,8 @@ void fSHAREDInternet::runCommand(std::string_view host, std::string_view command
 // A request that can't even be made would leave everybody waiting for its end.
 void fSHAREDInternet::get() noexcept {
     const std::uint32_t run = ++m_run;
+    m_file.reset(); // of an earlier try
+    m_received.clear();
     const std::string fault = sorted("sub get", [&] { m_control->execute(trim(m_url), "GET"); });
     if (!fault.empty() && m_run == run) {
         fail(fault);
