@@ -53,37 +53,40 @@ std::string escapeBlanks(std::string_view address) {
     return replaceAll(address, " ", "%20");
 }
 
-} // namespace
-
-class CurlControl::Client {
+// A response is held back while 64 kilobytes of it wait to be fetched.
+class CurlControl final : public TransferControl {
   public:
-    Client();
-    ~Client() { stop(); }
-    Client(const Client&) = delete;
-    Client& operator=(const Client&) = delete;
+    CurlControl();
+    CurlControl(const CurlControl&) = delete;
+    CurlControl& operator=(const CurlControl&) = delete;
+    ~CurlControl() override { stop(); }
 
-    void requireReady() const;
-    void execute(std::string_view url, std::string_view verb);
-    void stop() noexcept;
-    [[nodiscard]] bool perform(int milliseconds);
-    [[nodiscard]] std::optional<TransferState> nextState();
-    void raiseFault();
-    [[nodiscard]] std::optional<std::string> nextChunk(std::size_t most);
-    [[nodiscard]] std::string header(const std::string& name) const;
+    void execute(std::string_view url, std::string_view verb) override;
+    void cancel() override { stop(); }
+    void advance(int milliseconds) override;
+    std::optional<std::string> nextChunk(std::size_t most) override;
+    std::string header(std::string_view name) override;
+    std::string responseText() override { return m_errorText; }
+    bool stillExecuting() override { return m_running; }
+    std::int64_t bytesSaved() override { return m_saved; }
 
-    AccessType accessType = AccessType::SystemDefault;
-    std::string proxy;
-    std::string userName;
-    std::string password;
-    int requestTimeout = 0;
-    bool running = false;
-    std::string errorText;
-    std::int64_t saved = 0;
+    AccessType accessType() override;
+    void setAccessType(AccessType type) override;
+    std::string proxy() override { return m_proxy; }
+    void setProxy(std::string_view proxy) override { m_proxy = proxy; }
+    void setUserName(std::string_view name) override { m_userName = name; }
+    void setPassword(std::string_view password) override { m_password = password; }
+    void setRequestTimeout(int seconds) override { m_requestTimeout = seconds; }
 
   private:
     enum class Task { Fetch, ChangeFolder, Save };
 
+    void requireReady() const;
+    void stop() noexcept;
     void reset() noexcept;
+    void perform(int milliseconds);
+    void turn();
+    [[nodiscard]] std::size_t buffered() const noexcept { return m_buffer.size() - m_bufferBegin; }
     void setUpCallbacks();
     void setUpProxy();
     void start(const std::string& url);
@@ -101,15 +104,23 @@ class CurlControl::Client {
     [[nodiscard]] std::size_t received(std::string_view bytes);
     void headerLine(std::string_view line);
 
-    static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* client) noexcept;
-    static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* client) noexcept;
-    static int onSocket(void* client, curl_socket_t socket, curlsocktype purpose) noexcept;
-    static int onRequest(void* client, char* remote, char* local, int remotePort, int localPort) noexcept;
+    static std::size_t onBody(char* data, std::size_t size, std::size_t count, void* control) noexcept;
+    static std::size_t onHeader(char* data, std::size_t size, std::size_t count, void* control) noexcept;
+    static int onSocket(void* control, curl_socket_t socket, curlsocktype purpose) noexcept;
+    static int onRequest(void* control, char* remote, char* local, int remotePort, int localPort) noexcept;
 
     std::unique_ptr<CURLM, MultiCleanup> m_multi; // made before the easy handle, and gone after it
     std::unique_ptr<CURL, EasyCleanup> m_easy;
     std::array<char, CURL_ERROR_SIZE> m_errorBuffer{};
+    AccessType m_accessType = AccessType::SystemDefault;
+    std::string m_proxy;
+    std::string m_userName;
+    std::string m_password;
+    int m_requestTimeout = 0; // seconds
+
     Task m_task = Task::Fetch;
+    bool m_running = false;
+    std::string m_errorText;
     std::deque<TransferState> m_states; // reached and not told yet
     TransferState m_lastState = TransferState::Progress;
     std::optional<Error> m_fault;
@@ -123,31 +134,32 @@ class CurlControl::Client {
     SecondTicker m_ticker;
     std::string m_folder; // of the file server, as CD left it
     std::unique_ptr<ReplacingFile> m_file;
+    std::int64_t m_saved = 0; // bytes in it
 };
 
-CurlControl::Client::Client() {
+CurlControl::CurlControl() {
     if (Library::isReady()) {
         m_multi.reset(curl_multi_init());
         m_easy.reset(curl_easy_init());
     }
 }
 
-void CurlControl::Client::requireReady() const {
+void CurlControl::requireReady() const {
     if (!m_multi || !m_easy) {
         throw transferError(TransferError::NotRegistered, "The transfer library can't be used");
     }
 }
 
 template <class Value>
-void CurlControl::Client::set(CURLoption option, Value value) {
+void CurlControl::set(CURLoption option, Value value) {
     if (curl_easy_setopt(m_easy.get(), option, value) != CURLE_OK) {
         throw transferError(TransferError::NotRegistered, "The transfer library lacks what is needed");
     }
 }
 
-void CurlControl::Client::execute(std::string_view url, std::string_view verb) {
+void CurlControl::execute(std::string_view url, std::string_view verb) {
     requireReady();
-    if (running) {
+    if (m_running) {
         throw transferError(TransferError::StillExecuting, "Still executing last request");
     }
     stop();
@@ -176,7 +188,7 @@ void CurlControl::Client::execute(std::string_view url, std::string_view verb) {
     }
 }
 
-void CurlControl::Client::start(const std::string& url) {
+void CurlControl::start(const std::string& url) {
     reset();
     curl_easy_reset(m_easy.get());
     set(CURLOPT_PROTOCOLS_STR, protocols);
@@ -191,57 +203,58 @@ void CurlControl::Client::start(const std::string& url) {
     set(CURLOPT_FTP_FILEMETHOD, CURLFTPMETHOD_SINGLECWD);
     set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     set(CURLOPT_NOBODY, m_task == Task::ChangeFolder ? 1L : 0L);
-    // The commands for a file server share one connection until CLOSE.
-    set(CURLOPT_FORBID_REUSE, m_task == Task::Fetch ? 1L : 0L);
+    // The file goes over the connection of CD, and over no other: one that stays open would have to be closed later,
+    // with a farewell that a dead server holds up.
+    set(CURLOPT_FORBID_REUSE, m_task == Task::ChangeFolder ? 0L : 1L);
     setUpProxy();
     setUpCallbacks();
     if (curl_multi_add_handle(m_multi.get(), m_easy.get()) != CURLM_OK) {
         throw transferError(TransferError::CannotComplete, "Unable to complete request");
     }
-    running = true;
+    m_running = true;
     m_awaitsResponse = true;
     m_ticker.restart();
     reached(TransferState::ResolvingHost);
 }
 
-void CurlControl::Client::setUpProxy() {
-    switch (accessType) {
+void CurlControl::setUpProxy() {
+    switch (m_accessType) {
     case AccessType::SystemDefault:
         break; // the library asks the system
     case AccessType::Direct:
         set(CURLOPT_PROXY, "");
         break;
     case AccessType::NamedProxy:
-        set(CURLOPT_PROXY, proxy.c_str());
+        set(CURLOPT_PROXY, m_proxy.c_str());
         set(CURLOPT_NOPROXY, ""); // the user's proxy, whatever the system excepts
         break;
     }
-    if (!userName.empty()) {
-        set(CURLOPT_PROXYUSERNAME, userName.c_str());
-        set(CURLOPT_PROXYPASSWORD, password.c_str());
+    if (!m_userName.empty()) {
+        set(CURLOPT_PROXYUSERNAME, m_userName.c_str());
+        set(CURLOPT_PROXYPASSWORD, m_password.c_str());
         set(CURLOPT_PROXYAUTH, CURLAUTH_ANY); // told only to a proxy that asks
     }
 }
 
-void CurlControl::Client::setUpCallbacks() {
+void CurlControl::setUpCallbacks() {
     set(CURLOPT_ERRORBUFFER, m_errorBuffer.data());
-    set(CURLOPT_WRITEFUNCTION, &Client::onBody);
+    set(CURLOPT_WRITEFUNCTION, &CurlControl::onBody);
     set(CURLOPT_WRITEDATA, this);
-    set(CURLOPT_HEADERFUNCTION, &Client::onHeader);
+    set(CURLOPT_HEADERFUNCTION, &CurlControl::onHeader);
     set(CURLOPT_HEADERDATA, this);
-    set(CURLOPT_SOCKOPTFUNCTION, &Client::onSocket);
+    set(CURLOPT_SOCKOPTFUNCTION, &CurlControl::onSocket);
     set(CURLOPT_SOCKOPTDATA, this);
-    set(CURLOPT_PREREQFUNCTION, &Client::onRequest);
+    set(CURLOPT_PREREQFUNCTION, &CurlControl::onRequest);
     set(CURLOPT_PREREQDATA, this);
 }
 
 // What an earlier request left. The file of a save is already that of the new one.
-void CurlControl::Client::reset() noexcept {
+void CurlControl::reset() noexcept {
     m_states.clear();
     m_lastState = TransferState::Progress;
     m_fault.reset();
     m_errorBuffer.fill('\0');
-    errorText.clear();
+    m_errorText.clear();
     m_buffer.clear();
     m_bufferBegin = 0;
     m_paused = false;
@@ -249,19 +262,19 @@ void CurlControl::Client::reset() noexcept {
     m_bodyBegan = false;
     m_awaitsResponse = false;
     m_secondsWaited = 0;
-    saved = 0;
+    m_saved = 0;
 }
 
-void CurlControl::Client::stop() noexcept {
-    if (running) {
-        running = false;
+void CurlControl::stop() noexcept {
+    if (m_running) {
+        m_running = false;
         curl_multi_remove_handle(m_multi.get(), m_easy.get());
     }
     reset();
     m_file.reset();
 }
 
-void CurlControl::Client::closeConnections() {
+void CurlControl::closeConnections() {
     m_multi.reset();
     m_multi.reset(curl_multi_init());
     requireReady();
@@ -269,67 +282,63 @@ void CurlControl::Client::closeConnections() {
 }
 
 // A state that was passed is not gone back to: redirects and a second connection would.
-void CurlControl::Client::reached(TransferState state) {
+void CurlControl::reached(TransferState state) {
     if (state > m_lastState) {
         m_lastState = state;
         m_states.push_back(state);
     }
 }
 
-std::optional<TransferState> CurlControl::Client::nextState() {
-    if (m_states.empty()) {
-        return std::nullopt;
+void CurlControl::advance(int milliseconds) {
+    requireReady();
+    perform(milliseconds);
+    // Told out here and not from within the library, so that the listener may cancel and begin anew.
+    while (!m_states.empty()) {
+        const TransferState state = m_states.front();
+        m_states.pop_front();
+        tellState(state);
     }
-    const TransferState state = m_states.front();
-    m_states.pop_front();
-    return state;
-}
-
-void CurlControl::Client::raiseFault() {
     if (m_fault) {
         throw *std::exchange(m_fault, std::nullopt);
     }
 }
 
-// One turn of the transfer; the wait is for when there is nothing to tell and nothing to fetch.
-bool CurlControl::Client::perform(int milliseconds) {
-    const auto turn = [this] {
-        int active = 0;
-        curl_multi_perform(m_multi.get(), &active);
-        collect();
-    };
-    if (!m_multi) {
-        return false;
-    }
-    if (m_paused && m_buffer.size() - m_bufferBegin < enoughBuffered) {
+// The wait is for when there is nothing to tell and nothing to fetch.
+void CurlControl::perform(int milliseconds) {
+    if (m_paused && buffered() < enoughBuffered) {
         m_paused = false;
         curl_easy_pause(m_easy.get(), CURLPAUSE_CONT);
     }
     turn();
     countSeconds();
-    if (m_states.empty() && !m_fault && m_buffer.size() - m_bufferBegin < enoughBuffered) {
+    if (m_states.empty() && !m_fault && buffered() < enoughBuffered) {
         curl_multi_poll(m_multi.get(), nullptr, 0, milliseconds, nullptr);
         turn();
     }
-    return true;
 }
 
-void CurlControl::Client::countSeconds() {
-    if (!running || !m_awaitsResponse || requestTimeout <= 0 || !m_ticker.ticked()) {
+void CurlControl::turn() {
+    int active = 0;
+    curl_multi_perform(m_multi.get(), &active);
+    collect();
+}
+
+void CurlControl::countSeconds() {
+    if (!m_running || !m_awaitsResponse || m_requestTimeout <= 0 || !m_ticker.ticked()) {
         return;
     }
-    if (++m_secondsWaited >= requestTimeout) {
+    if (++m_secondsWaited >= m_requestTimeout) {
         stop();
         m_fault = transferError(TransferError::TimedOut, "Request timed out");
     }
 }
 
-void CurlControl::Client::collect() {
+void CurlControl::collect() {
     int left = 0;
     while (const CURLMsg* const message = curl_multi_info_read(m_multi.get(), &left)) {
         if (message->msg == CURLMSG_DONE) {
             const CURLcode code = message->data.result;
-            running = false;
+            m_running = false;
             curl_multi_remove_handle(m_multi.get(), m_easy.get());
             if (code == CURLE_OK) {
                 succeeded();
@@ -341,7 +350,7 @@ void CurlControl::Client::collect() {
     }
 }
 
-void CurlControl::Client::succeeded() {
+void CurlControl::succeeded() {
     m_complete = true;
     if (m_task != Task::ChangeFolder) {
         bodyBegins();
@@ -354,7 +363,7 @@ void CurlControl::Client::succeeded() {
         }
         m_file.reset();
         if (m_fault) {
-            errorText = m_fault->description();
+            m_errorText = m_fault->description();
             m_fault.reset();
             m_states.push_back(TransferState::Error);
             return;
@@ -363,21 +372,21 @@ void CurlControl::Client::succeeded() {
     reached(TransferState::ResponseCompleted);
 }
 
-void CurlControl::Client::failed(CURLcode code) {
+void CurlControl::failed(CURLcode code) {
     m_file.reset();
     if (code == CURLE_GOT_NOTHING && !m_bodyBegan) {
         m_fault = transferError(TransferError::CannotComplete, "Unable to complete request");
     } else if (code == CURLE_OPERATION_TIMEDOUT && !m_bodyBegan) {
         m_fault = transferError(TransferError::TimedOut, "Request timed out");
     } else {
-        if (errorText.empty()) { // else the disk told what was wrong
-            errorText = fromUtf8(m_errorBuffer.front() != '\0' ? m_errorBuffer.data() : curl_easy_strerror(code));
+        if (m_errorText.empty()) { // else the disk told what was wrong
+            m_errorText = fromUtf8(m_errorBuffer.front() != '\0' ? m_errorBuffer.data() : curl_easy_strerror(code));
         }
         m_states.push_back(TransferState::Error);
     }
 }
 
-void CurlControl::Client::bodyBegins() {
+void CurlControl::bodyBegins() {
     if (m_bodyBegan) {
         return;
     }
@@ -390,8 +399,8 @@ void CurlControl::Client::bodyBegins() {
     }
 }
 
-std::size_t CurlControl::Client::received(std::string_view bytes) {
-    if (m_task == Task::Fetch && m_buffer.size() - m_bufferBegin >= mostBuffered) {
+std::size_t CurlControl::received(std::string_view bytes) {
+    if (m_task == Task::Fetch && buffered() >= mostBuffered) {
         m_paused = true;
         return CURL_WRITEFUNC_PAUSE;
     }
@@ -402,28 +411,28 @@ std::size_t CurlControl::Client::received(std::string_view bytes) {
         return bytes.size();
     }
     m_file->write(bytes);
-    saved += static_cast<std::int64_t>(bytes.size());
+    m_saved += static_cast<std::int64_t>(bytes.size());
     if (m_states.empty() || m_states.back() != TransferState::Progress) {
         m_states.push_back(TransferState::Progress);
     }
     return bytes.size();
 }
 
-std::size_t CurlControl::Client::onBody(char* data, std::size_t size, std::size_t count, void* client) noexcept {
-    auto& self = *static_cast<Client*>(client);
+std::size_t CurlControl::onBody(char* data, std::size_t size, std::size_t count, void* control) noexcept {
+    auto& self = *static_cast<CurlControl*>(control);
     try {
         return self.received({data, size * count});
     } catch (...) {
         try {
-            self.errorText = currentError().description();
+            self.m_errorText = currentError().description();
         } catch (...) {
-            self.errorText.clear(); // then the library's words must do
+            self.m_errorText.clear(); // then the library's words must do
         }
         return 0; // ends the transfer as failed
     }
 }
 
-void CurlControl::Client::headerLine(std::string_view line) {
+void CurlControl::headerLine(std::string_view line) {
     m_secondsWaited = 0;
     if (line == "\r\n" || line == "\n") {
         m_awaitsResponse = false; // a redirect's request waits anew
@@ -431,17 +440,17 @@ void CurlControl::Client::headerLine(std::string_view line) {
     reached(TransferState::ReceivingResponse);
 }
 
-std::size_t CurlControl::Client::onHeader(char* data, std::size_t size, std::size_t count, void* client) noexcept {
+std::size_t CurlControl::onHeader(char* data, std::size_t size, std::size_t count, void* control) noexcept {
     try {
-        static_cast<Client*>(client)->headerLine({data, size * count});
+        static_cast<CurlControl*>(control)->headerLine({data, size * count});
         return size * count;
     } catch (...) {
         return 0;
     }
 }
 
-int CurlControl::Client::onSocket(void* client, curl_socket_t /*socket*/, curlsocktype /*purpose*/) noexcept {
-    auto& self = *static_cast<Client*>(client);
+int CurlControl::onSocket(void* control, curl_socket_t /*socket*/, curlsocktype /*purpose*/) noexcept {
+    auto& self = *static_cast<CurlControl*>(control);
     try {
         self.m_awaitsResponse = !self.m_bodyBegan;
         self.reached(TransferState::HostResolved);
@@ -452,9 +461,9 @@ int CurlControl::Client::onSocket(void* client, curl_socket_t /*socket*/, curlso
     }
 }
 
-int CurlControl::Client::onRequest(void* client, char* /*remote*/, char* /*local*/, int /*remotePort*/,
-                                   int /*localPort*/) noexcept {
-    auto& self = *static_cast<Client*>(client);
+int CurlControl::onRequest(void* control, char* /*remote*/, char* /*local*/, int /*remotePort*/,
+                           int /*localPort*/) noexcept {
+    auto& self = *static_cast<CurlControl*>(control);
     try {
         self.m_awaitsResponse = !self.m_bodyBegan;
         self.m_secondsWaited = 0;
@@ -467,9 +476,8 @@ int CurlControl::Client::onRequest(void* client, char* /*remote*/, char* /*local
     }
 }
 
-std::optional<std::string> CurlControl::Client::nextChunk(std::size_t most) {
-    const std::size_t ready = m_buffer.size() - m_bufferBegin;
-    if (ready < most && !m_complete) {
+std::optional<std::string> CurlControl::nextChunk(std::size_t most) {
+    if (buffered() < most && !m_complete) {
         return std::nullopt;
     }
     std::string chunk = m_buffer.substr(m_bufferBegin, most);
@@ -477,9 +485,9 @@ std::optional<std::string> CurlControl::Client::nextChunk(std::size_t most) {
     return chunk;
 }
 
-std::string CurlControl::Client::header(const std::string& name) const {
+std::string CurlControl::header(std::string_view name) {
     curl_header* found = nullptr;
-    if (m_easy && curl_easy_header(m_easy.get(), name.c_str(), 0, CURLH_HEADER, -1, &found) == CURLHE_OK) {
+    if (m_easy && curl_easy_header(m_easy.get(), std::string(name).c_str(), 0, CURLH_HEADER, -1, &found) == CURLHE_OK) {
         return found->value;
     }
     curl_off_t length = -1; // what a file server told stands in no header
@@ -490,80 +498,23 @@ std::string CurlControl::Client::header(const std::string& name) const {
     return {};
 }
 
-CurlControl::CurlControl() : m_client(std::make_unique<Client>()) {}
-
-CurlControl::~CurlControl() = default;
-
-void CurlControl::execute(std::string_view url, std::string_view verb) {
-    m_client->execute(url, verb);
-}
-
-void CurlControl::cancel() {
-    m_client->stop();
-}
-
-void CurlControl::advance(int milliseconds) {
-    if (!m_client->perform(milliseconds)) {
-        m_client->requireReady();
-    }
-    // Told out here and not from within the library, so that the listener may cancel and begin anew.
-    while (const auto state = m_client->nextState()) {
-        tellState(*state);
-    }
-    m_client->raiseFault();
-}
-
-std::optional<std::string> CurlControl::nextChunk(std::size_t most) {
-    return m_client->nextChunk(most);
-}
-
-std::string CurlControl::header(std::string_view name) {
-    return m_client->header(std::string(name));
-}
-
-std::string CurlControl::responseText() {
-    return m_client->errorText;
-}
-
-bool CurlControl::stillExecuting() {
-    return m_client->running;
-}
-
-std::int64_t CurlControl::bytesSaved() {
-    return m_client->saved;
-}
-
 AccessType CurlControl::accessType() {
-    m_client->requireReady();
-    return m_client->accessType;
+    requireReady();
+    return m_accessType;
 }
 
 void CurlControl::setAccessType(AccessType type) {
-    m_client->requireReady();
+    requireReady();
     if (type < AccessType::SystemDefault || type > AccessType::NamedProxy) {
         throw Error(380, "Invalid property value");
     }
-    m_client->accessType = type;
+    m_accessType = type;
 }
 
-std::string CurlControl::proxy() {
-    return m_client->proxy;
-}
+} // namespace
 
-void CurlControl::setProxy(std::string_view proxy) {
-    m_client->proxy = proxy;
-}
-
-void CurlControl::setUserName(std::string_view name) {
-    m_client->userName = name;
-}
-
-void CurlControl::setPassword(std::string_view password) {
-    m_client->password = password;
-}
-
-void CurlControl::setRequestTimeout(int seconds) {
-    m_client->requestTimeout = seconds;
+std::unique_ptr<TransferControl> makeCurlControl() {
+    return std::make_unique<CurlControl>();
 }
 
 } // namespace vantor

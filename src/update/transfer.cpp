@@ -19,7 +19,7 @@ struct cSHAREDInternet::State {
     unsigned calls = 0; // a call on the stack sees by it that a later one took the transfer over
 };
 
-cSHAREDInternet::cSHAREDInternet() : cSHAREDInternet(std::make_unique<CurlControl>()) {}
+cSHAREDInternet::cSHAREDInternet() : cSHAREDInternet(makeCurlControl()) {}
 
 cSHAREDInternet::cSHAREDInternet(std::unique_ptr<TransferControl> control)
     : m_state(std::make_shared<State>(std::move(control))) {

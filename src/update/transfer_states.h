@@ -4,6 +4,7 @@
 
 #include "foundation/clock.h"
 #include "foundation/files.h"
+#include "foundation/trap.h"
 #include "update/second_ticker.h"
 #include "update/transfer_control.h"
 
@@ -13,11 +14,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace vantor {
 
 /// The longest reply that OpenURL takes, in bytes; a longer one is a failed transfer.
-inline constexpr std::size_t longestReply = std::size_t{1024} * 1024;
+inline constexpr std::int64_t longestReply = 1024 * 1024;
 
 /// One transfer at a time. Nothing is ever raised to the caller; faults stand in the ring of recent actions.
 class fSHAREDInternet {
@@ -65,8 +67,7 @@ class fSHAREDInternet {
     void runCommand(std::string_view host, std::string_view command) noexcept;
     void get() noexcept;
 
-    template <class Statement>
-    std::string sorted(std::string_view procedure, Statement&& statement) noexcept;
+    std::string sorted(std::string_view procedure, const std::function<void()>& statement) noexcept;
     bool sortError(int number);
 
     void timerTick() noexcept;
@@ -74,12 +75,26 @@ class fSHAREDInternet {
     void responseReceived();
     void responseCompleted() noexcept;
     void fetchResponse();
-    void keepChunk(const std::string& chunk);
+    void keepChunk(const std::string& chunk, std::int64_t count);
     void reportChunks(std::int64_t count);
     void reportProgress(std::string_view text, double value) noexcept;
     void otherState();
     void failedState() noexcept;
-    void showStatus(std::string_view text) noexcept;
+    void showStatus(std::string_view text) const noexcept;
+
+    // Raises an event: the handler may replace itself, and what it throws is a fault in the ring.
+    template <class... Values>
+    static void raise(const std::function<void(Values...)>& event, std::type_identity_t<Values>... values) noexcept {
+        const StandardTrap trap{"sub raiseevent", moduleName};
+        trap([&] {
+            if (const auto handler = event) {
+                handler(values...);
+            }
+        });
+    }
+
+    static constexpr std::string_view moduleName = "fSHAREDInternet";
+    static constexpr std::string_view downloadFailed = "Download failed. Please try again.";
 
     std::unique_ptr<TransferControl> m_control;
     std::unique_ptr<ReplacingFile> m_file; // appears under its name when all of it is there

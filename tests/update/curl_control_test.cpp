@@ -234,7 +234,7 @@ INSTANTIATE_TEST_SUITE_P(Moments, Interrupted,
 
 // The clock moves a second at each pump, so nobody waits.
 TEST_F(RealServers, AServerThatDoesNotAnswerTimesOut) {
-    fSHAREDInternet form(std::make_unique<CurlControl>());
+    fSHAREDInternet form(makeCurlControl());
     std::string error;
     form.DownloadError = [&](std::string_view words) { error = words; };
     const auto download = [&](std::string_view url) {

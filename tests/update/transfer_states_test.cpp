@@ -285,7 +285,7 @@ TEST_F(TransferStates, SixtyOneIdleSecondsEndIt) {
 }
 
 TEST_F(TransferStates, ALongReplyIsNone) {
-    respond(std::deque<std::optional<std::string>>(longestReply / 1024 + 5, std::string(1024, 'x')));
+    respond(std::deque<std::optional<std::string>>(longestReply / 1024 + 5, std::string(1024, '\0')));
     EXPECT_EQ(form.OpenURL("http://h/", false), "");
     EXPECT_EQ(script.chunks.size(), 4U); // not read to its end
     EXPECT_EQ(newestAction(), "Reply is longer than 1048576 bytes in sub inet1_statechanged of module fSHAREDInternet");
@@ -407,14 +407,15 @@ TEST_F(TransferInterrupted, ByCancel) {
     EXPECT_FALSE(internet->Connected());
     expectNoFile();
     // From the handler of an event, and for a text.
-    internet->Progress = [this](double value, std::string_view) {
-        if (value != 0) {
+    internet->Status = [this](std::string_view text) {
+        if (text.starts_with("Downloaded")) {
             internet->Cancel();
         }
     };
     clock.advance(1);
     respond({"some", "more"});
     EXPECT_EQ(internet->OpenURL("http://h/", true), "");
+    EXPECT_EQ(heard.back(), "0:Download cancelled");
 }
 
 TEST_F(TransferInterrupted, ByTheEndOfTheObject) {
