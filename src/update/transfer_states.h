@@ -8,7 +8,6 @@
 #include "update/second_ticker.h"
 #include "update/transfer_control.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -19,7 +18,7 @@
 namespace vantor {
 
 /// The longest reply that OpenURL takes, in bytes; a longer one is a failed transfer.
-inline constexpr std::int64_t longestReply = 1024 * 1024;
+inline constexpr std::int64_t longestReply = std::int64_t{1024} * 1024;
 
 /// One transfer at a time. Nothing is ever raised to the caller; faults stand in the ring of recent actions.
 class fSHAREDInternet {

@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
+#include <ostream>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
@@ -125,6 +126,7 @@ struct AnswerCase {
     std::string name;
     std::string url;
     bool arrives;
+    friend std::ostream& operator<<(std::ostream& out, const AnswerCase& shown) { return out << shown.name; }
 };
 
 class Answers : public RealServers, public testing::WithParamInterface<AnswerCase> {
@@ -209,6 +211,7 @@ struct InterruptCase {
     std::string name;
     std::string url;
     std::string statusText; ///< when it is cancelled
+    friend std::ostream& operator<<(std::ostream& out, const InterruptCase& shown) { return out << shown.name; }
 };
 
 class Interrupted : public RealServers, public testing::WithParamInterface<InterruptCase> {};
@@ -257,6 +260,7 @@ struct FileServerCase {
     std::string name;
     std::string url;
     bool arrives;
+    friend std::ostream& operator<<(std::ostream& out, const FileServerCase& shown) { return out << shown.name; }
 };
 
 class FileServer : public RealServers, public testing::WithParamInterface<FileServerCase> {};

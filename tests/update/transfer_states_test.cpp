@@ -10,6 +10,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -205,6 +206,7 @@ struct RaisedCase {
     std::size_t requests;
     std::string lastEvent;
     std::string ring;
+    friend std::ostream& operator<<(std::ostream& out, const RaisedCase& shown) { return out << shown.number; }
 };
 
 class TransferErrors : public TransferStates, public testing::WithParamInterface<RaisedCase> {};
@@ -326,6 +328,7 @@ struct ProxyCase {
     Strings calls;
     std::string log;
     std::string ring;
+    friend std::ostream& operator<<(std::ostream& out, const ProxyCase& shown) { return out << shown.log; }
 };
 
 class ProxySettings : public TransferStates, public testing::WithParamInterface<ProxyCase> {};
