@@ -1,0 +1,76 @@
+#include "update/automatic_check.h"
+
+#include "foundation/clock.h"
+#include "foundation/error.h"
+#include "foundation/log.h"
+#include "foundation/numbers.h"
+#include "foundation/settings_store.h"
+#include "foundation/text.h"
+#include "foundation/trap.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <vector>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "mSHAREDUpdater";
+
+constexpr std::array<std::string_view, 12> monthNames = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
+// The day number of a text in the pattern DD/MMM/YYYY; error 13 for anything else.
+std::int32_t parseCheckDate(std::string_view text) {
+    const std::vector<std::string_view> parts = split(text, "/");
+    if (parts.size() != 3) {
+        throw Error(ErrorCode::TypeMismatch);
+    }
+    const auto month =
+        std::ranges::find_if(monthNames, [&](std::string_view name) { return equalNoCase(name, trim(parts[1])); });
+    if (month == monthNames.end()) {
+        throw Error(ErrorCode::TypeMismatch);
+    }
+    const Date date{parseInt16(parts[2]), static_cast<int>(month - monthNames.begin()) + 1, parseInt16(parts[0])};
+    if (dateOf(dayNumber(date)) != date) { // no such day
+        throw Error(ErrorCode::TypeMismatch);
+    }
+    return dayNumber(date);
+}
+
+} // namespace
+
+bool CheckDisabled() noexcept {
+    const StandardTrap trap{"function checkdisabled", module};
+    bool disabled = true;
+    trap([&] { disabled = sget("DisableAutoUpdateCheck", true).flag(); });
+    if (disabled) {
+        trap([] { logit("Automatic update check is disabled"); });
+    }
+    return disabled;
+}
+
+bool CheckDue() noexcept {
+    const StandardTrap trap{"function checkdue", module};
+    bool due = false;
+    trap([&] {
+        const std::int32_t latest = today() - daysBetweenChecks;
+        std::string last = sget("LastUpdateCheck", latest).text();
+        if (contains(last, "/")) {
+            trap([&] { last = std::to_string(parseCheckDate(last)); });
+        }
+        // Texts of digits, compared as texts: right for as long as both have the same length. It is meant.
+        due = trim(last) <= std::to_string(latest);
+    });
+    return due;
+}
+
+std::string checkDateText(std::int32_t day) {
+    const Date date = dateOf(day);
+    return twoDigits(date.day) + "/" + std::string(monthNames.at(static_cast<std::size_t>(date.month) - 1)) + "/" +
+           std::to_string(date.year);
+}
+
+} // namespace vantor

@@ -1,0 +1,430 @@
+#include "update/updater.h"
+
+#include "foundation/clock.h"
+#include "foundation/error.h"
+#include "foundation/files.h"
+#include "foundation/host.h"
+#include "foundation/log.h"
+#include "foundation/native_path.h"
+#include "foundation/progress.h"
+#include "foundation/settings_store.h"
+#include "foundation/text.h"
+#include "foundation/trap.h"
+#include "locale/translation.h"
+#include "update/automatic_check.h"
+#include "update/curl_control.h"
+#include "update/status_text.h"
+
+#include <utility>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "fSharedUpdater";
+constexpr std::string_view homePage = VANTOR_HOME_PAGE;
+
+// The trap of the check: it notes a fault the other way round than the standard one, and goes on as that does.
+class CheckTrap {
+  public:
+    constexpr explicit CheckTrap(std::string_view procedure) noexcept : m_procedure(procedure) {}
+
+    template <class Statement>
+    void operator()(Statement&& statement) const noexcept {
+        try {
+            std::forward<Statement>(statement)();
+        } catch (...) {
+            const StandardTrap trap{m_procedure, module};
+            trap([this] {
+                const Error error = currentError();
+                logaction(std::to_string(error.number()) + "-" + error.description(), m_procedure, module);
+            });
+        }
+    }
+
+  private:
+    std::string_view m_procedure;
+};
+
+std::string homePageText(std::string_view before, std::string_view behind) {
+    return std::string(before).append(homePage).append(behind);
+}
+
+} // namespace
+
+// Marks that something runs: all other commands are out of reach until its end.
+class Updater::Running {
+  public:
+    explicit Running(Updater& updater) : m_updater(updater) {
+        if (m_updater.m_running++ == 0) {
+            m_updater.m_stopped = false;
+            m_updater.m_form.enableCommands(false);
+        }
+    }
+    ~Running() { finish(); }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+    void finish() {
+        if (!std::exchange(m_finished, true) && --m_updater.m_running == 0) {
+            m_updater.m_form.enableCommands(true);
+        }
+    }
+
+  private:
+    Updater& m_updater;
+    bool m_finished = false;
+};
+
+Updater::Updater(UpdaterForm& form, std::unique_ptr<TransferControl> control)
+    : m_form(form), m_internet(control ? std::move(control) : makeCurlControl()) {
+    m_internet.Progress = [this](double value, std::string_view text) { cInternet_Progress(value, text); };
+    m_internet.Status = [this](std::string_view text) { cInternet_Status(text); };
+    m_internet.NoInternet = [this] { cInternet_NoInternet(); };
+}
+
+Updater::~Updater() {
+    m_stopped = true;
+}
+
+void Updater::cInternet_Progress(double value, std::string_view text) noexcept {
+    const StandardTrap trap{"sub cinternet_progress", module};
+    if (m_checking || m_stopped) {
+        return;
+    }
+    m_connecting = false;
+    trap([&] {
+        if (value == 100) {
+            // The text begins with that word already; it is meant to be read twice.
+            showStatus("Downloaded " + std::string(text));
+        } else {
+            m_statusText = text;
+            showprogressstring(&m_form.picStatus(), value, 100, text);
+        }
+    });
+}
+
+void Updater::cInternet_Status(std::string_view text) noexcept {
+    if (m_connecting && !m_stopped) {
+        showStatus(text);
+    }
+}
+
+void Updater::cInternet_NoInternet() noexcept {
+    m_noInternet = true;
+}
+
+void Updater::showStatus(std::string_view text) noexcept {
+    const StandardTrap trap{"sub showstatus", module};
+    trap([&] { m_statusText = text; });
+    redrawStatus();
+    trap([&] {
+        if (events.status) {
+            events.status(text);
+        }
+    });
+}
+
+void Updater::redrawStatus() noexcept {
+    const StandardTrap trap{"sub redrawstatus", module};
+    trap([&] { printStatusText(m_form.picStatus(), m_statusText); });
+}
+
+void Updater::storeAutoCheck() noexcept {
+    sset("DisableAutoUpdateCheck", m_form.disableAutoUpdate());
+}
+
+void Updater::StopAll() noexcept {
+    const StandardTrap trap{"sub stopall", module};
+    m_stopped = true;
+    m_internet.Cancel();
+    if (!m_form.isShown()) {
+        return;
+    }
+    storeAutoCheck();
+    trap([&] {
+        if (events.closed) {
+            events.closed();
+        }
+    });
+    trap([&] { m_form.unload(); });
+}
+
+// ---- The check ------------------------------------------------------------------------------------------------------
+
+bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::string_view version) noexcept {
+    const CheckTrap trap{"sub checkforupdate"};
+    if (m_checking) {
+        return false;
+    }
+    Running running(*this);
+    m_checking = true;
+    m_silent = silent;
+    m_finalText.clear();
+    Version own;
+    trap([&] { m_form.load(); });
+    trap([&] {
+        if (!version.empty()) {
+            m_form.setProgram("Version " + std::string(version));
+        }
+    });
+    trap([&] { own = ExtractVersion(version.empty() ? AppVersion() : version).version; });
+    if (!silent) {
+        trap([&] { m_form.showForm(); });
+        trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    }
+    trap([&] { m_form.setDisableAutoUpdate(sget("DisableAutoUpdateCheck", true).flag()); });
+    trap([&] { m_source = source; });
+    const std::string reply = askServer();
+    m_checking = false;
+    if (m_stopped) {
+        return false; // closed meanwhile: there is nobody left to tell
+    }
+    bool newer = false;
+    if (reply.empty() || containsNoCase(reply, "<HTML")) {
+        tellFailure();
+    } else {
+        running.finish(); // a form that comes up now must be of use
+        newer = tellAnswer(reply, own);
+    }
+    if (!m_finalText.empty()) {
+        showStatus(m_finalText);
+        trap([&] { logdebug(m_finalText, "sub checkforupdate", module); });
+    }
+    running.finish();
+    trap([&] {
+        if (events.checkFinished) {
+            events.checkFinished();
+        }
+    });
+    return newer;
+}
+
+std::string Updater::askServer() noexcept {
+    const CheckTrap trap{"sub checkforupdate"};
+    m_noInternet = false;
+    m_internet.Cancel();
+    showStatus("Checking for update");
+    m_internet.ApplyProxy();
+    std::string reply;
+    if (!m_stopped) { // each pump may have closed the form
+        trap([&] { reply = m_internet.OpenURL(m_source.currenturl, !m_silent); });
+    }
+    return reply;
+}
+
+void Updater::tellFailure() noexcept {
+    const CheckTrap trap{"sub checkforupdate"};
+    const auto note = [&](const std::string& text) { trap([&] { logaction(text, "sub checkforupdate", module); }); };
+    note("Could not retrieve information from the update server.");
+    if (m_noInternet) {
+        note("MSINET control is missing or outdated");
+        m_finalText = homePageText("The internet control (MSINET.OCX) is missing or outdated. Visit "
+                                   "the Runtimes page on ",
+                                   " to download an updated version.");
+    } else {
+        note(homePageText("Please visit ", " to see if an update is available."));
+        m_finalText = homePageText("Update check failed. Visit ", " to update this program manually.");
+    }
+    trap([&] { m_form.setUpdate(gettranslation("Could not retrieve update status"), updateFailedColour); });
+}
+
+bool Updater::tellAnswer(std::string_view reply, const Version& own) noexcept {
+    const CheckTrap trap{"sub checkforupdate"};
+    showStatus("Data retrieved");
+    const VersionFile file = ExtractVersion(reply);
+    m_setupurl = file.url;
+    if (file.url.empty()) {
+        trap([&] { m_form.setUpdate(gettranslation("Could not read update status from file"), std::nullopt); });
+        m_finalText = "Update check failed, could not read download filename";
+        return false;
+    }
+    if (!isNewer(file.version, own)) {
+        tellUpToDate(file.version.text());
+        return false;
+    }
+    tellNewer(file.version.text());
+    return true;
+}
+
+void Updater::tellNewer(const std::string& version) noexcept {
+    const CheckTrap trap{"sub checkforupdate"};
+    // A date text here and a day number below: both are told apart when they are read.
+    trap([] { sset("LastUpdateCheck", checkDateText(today())); });
+    trap([&] {
+        m_form.setUpdate(gettranslation("Version") + " " + version + " " + gettranslation("is available!"),
+                         updateFoundColour);
+    });
+    if (m_silent) {
+        trap([&] {
+            if (host().askYesNo(gettranslation("An update is available. Would you like to view the details now?"))) {
+                m_form.showModally();
+            }
+        });
+    }
+}
+
+void Updater::tellUpToDate(const std::string& version) noexcept {
+    const CheckTrap trap{"sub checkforupdate"};
+    trap([] { sset("LastUpdateCheck", today()); });
+    trap([&] { logit("Already up to date (Available version is " + version + ")"); });
+    trap([&] { m_form.setUpdate(gettranslation("You're up to date!"), updateFailedColour); }); // red too; it is meant
+    m_finalText = "Latest available version is " + version;
+}
+
+void Updater::ShowandCheck(const UpdateSource& source, std::string_view version) noexcept {
+    const CheckTrap trap{"sub showandcheck"};
+    if (isRunning()) {
+        m_silent = false; // a silent check becomes one that the user asked for
+        if (!m_stopped) {
+            trap([&] { m_form.showForm(); });
+        }
+        return;
+    }
+    const bool newer = CheckForUpdate(false, source, version);
+    if (!newer && !m_stopped) {
+        trap([&] { m_form.showModally(); });
+    }
+}
+
+void Updater::checkAgain() noexcept {
+    if (!isRunning()) {
+        CheckForUpdate(false, UpdateSource(m_source));
+    }
+}
+
+void Updater::showDetails() noexcept {
+    const StandardTrap trap{"sub cmdshowdetail_click", module};
+    if (isRunning()) {
+        return;
+    }
+    const Running running(*this);
+    trap([] { busymouse(); });
+    trap([&] { m_form.setDetails("Retrieving info..."); });
+    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    std::string reply;
+    if (!m_stopped) {
+        trap([&] { reply = m_internet.OpenURL(m_source.detailsurl, true); });
+    }
+    if (!m_stopped) {
+        trap([&] {
+            // Only a page that bears both words counts as the server's own about a missing file.
+            const bool missing = containsNoCase(reply, "html") && containsNoCase(reply, "404");
+            m_form.setDetails(
+                reply.empty() || missing
+                    ? "Unable to read data from server. Please check your internet settings and try again."
+                    : replaceAll(replaceAll(reply, "\r\n", "\n"), "\n", "\r\n"));
+        });
+    }
+    trap([] { normalmouse(); });
+}
+
+// ---- The download ---------------------------------------------------------------------------------------------------
+
+void Updater::download() noexcept {
+    if (isRunning()) {
+        return;
+    }
+    const Running running(*this);
+    if (fetchSetup()) {
+        showSaved();
+    }
+}
+
+void Updater::downloadAndInstall() noexcept {
+    const StandardTrap trap{"sub cmddownloadinstall_click", module};
+    if (isRunning()) {
+        return;
+    }
+    const Running running(*this);
+    if (!fetchSetup() || m_stopped) {
+        return;
+    }
+    bool install = m_install;
+    if (!install) {
+        trap([&] { install = host().askYesNo("The update has been downloaded. Do you want to install it now?"); });
+    }
+    bool leaving = false;
+    if (install) {
+        trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+        trap([&] { leaving = events.restart && events.restart(); });
+    }
+    if (!leaving) {
+        showSaved();
+    } else if (!m_install) {
+        StopAll();
+    }
+}
+
+void Updater::DownloadAndInstall(std::string_view name) noexcept {
+    const StandardTrap trap{"sub downloadandinstall", module};
+    m_install = true;
+    trap([&] { m_source.setupname = name; });
+    downloadAndInstall();
+}
+
+std::string Updater::setupFile() const {
+    return programFolder() + "\\" + m_source.setupname;
+}
+
+void Updater::showSaved() noexcept {
+    const StandardTrap trap{"sub cmddownload_click", module};
+    trap([&] { showStatus("File saved to " + setupFile()); });
+}
+
+bool Updater::fetchSetup() noexcept {
+    const StandardTrap trap{"sub cmddownload_click", module};
+    if (m_setupurl.empty()) {
+        CheckForUpdate(false, UpdateSource(m_source));
+    }
+    bool result = false;
+    if (!m_setupurl.empty() && !m_stopped) { // else the check has told what is wrong
+        trap([&] { result = getsetup(m_setupurl, setupFile()); });
+    }
+    return result;
+}
+
+bool Updater::getsetup(const std::string& setupurl, const std::string& local) noexcept {
+    const StandardTrap trap{"sub getsetup", module};
+    m_internet.ApplyProxy();
+    trap([] { busymouse(); });
+    trap([&] { logit("Trying to download " + local); });
+    m_connecting = true;
+    bool result = false;
+    if (!m_stopped && m_internet.GetFile(setupurl, local, true, false, false)) {
+        trap([&] { result = isSetup(local); });
+    } else if (m_stopped) {
+        trap([] { logit("Download cancelled"); });
+    } else {
+        showStatus("Error - Download failed.");
+    }
+    m_connecting = false;
+    trap([] { normalmouse(); });
+    return result;
+}
+
+bool Updater::isSetup(const std::string& local) noexcept {
+    const StandardTrap trap{"sub getsetup", module};
+    const std::int32_t expected = m_internet.ExpectedFilesize();
+    std::uintmax_t length = 0;
+    trap([&] { length = FileLength(local); });
+    if (expected > 0 && length != static_cast<std::uintmax_t>(expected)) {
+        showStatus("Error - Downloaded file is incomplete. Please retry");
+        EraseFile(local);
+        return false;
+    }
+    if (length >= leastSetupBytes) {
+        return true;
+    }
+    std::string text;
+    trap([&] { LoadTextFile(local, text); });
+    if (containsNoCase(text, "<HTML>")) {
+        EraseFile(local);
+        showStatus("Error - File not found on server.");
+    } else {
+        showStatus("Error - Download failed."); // too short for a setup file, whatever it is
+    }
+    return false;
+}
+
+} // namespace vantor
