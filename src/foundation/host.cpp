@@ -46,6 +46,10 @@ void SilentHost::setPointer(Pointer /*pointer*/) {}
 
 void SilentHost::pumpEvents(Pump /*what*/) {}
 
+bool SilentHost::pumping() {
+    return false;
+}
+
 bool SilentHost::inputPending() {
     return false;
 }

@@ -22,6 +22,11 @@
 
 namespace vantor {
 
+bool isWindowsProgram(const std::filesystem::path& program) {
+    std::ifstream file(program, std::ios::binary);
+    return file.get() == 'M' && file.get() == 'Z';
+}
+
 #ifdef _WIN32
 
 std::uint32_t runToEnd(std::string_view command) {
@@ -118,11 +123,6 @@ std::vector<std::string> splitArguments(std::string_view text) {
     }
     finish();
     return arguments;
-}
-
-bool isWindowsProgram(const std::filesystem::path& program) {
-    std::ifstream file(program, std::ios::binary);
-    return file.get() == 'M' && file.get() == 'Z';
 }
 
 std::uint32_t waitFor(pid_t process) {

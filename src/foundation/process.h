@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string_view>
 
 namespace vantor {
@@ -18,5 +19,8 @@ inline constexpr std::uint32_t waitFailed = 0xFFFFFFFFU;
 /// Elsewhere than on Windows a file that begins with "MZ" runs through wine if that is installed, any other executable
 /// as it is, and one that was ended by a signal gives 128 and the signal's number.
 [[nodiscard]] std::uint32_t runToEnd(std::string_view command);
+
+/// Whether a file begins as the programs of Windows do, with "MZ".
+[[nodiscard]] bool isWindowsProgram(const std::filesystem::path& program);
 
 } // namespace vantor

@@ -13,6 +13,7 @@ class SilentHost : public Host {
     bool askYesNo(std::string_view text) override;
     void setPointer(Pointer pointer) override;
     void pumpEvents(Pump what) override;
+    bool pumping() override;
     bool inputPending() override;
     void sleepFor(int milliseconds) override;
     std::string shortDate(const Date& date) override;

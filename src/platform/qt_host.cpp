@@ -2,6 +2,8 @@
 // The Host of the running program: message boxes, the pointer, event pumps, the locale and the desktop.
 #include "platform/qt_host.h"
 
+#include "foundation/native_path.h"
+#include "foundation/process.h"
 #include "platform/code_page.h"
 
 #include <QApplication>
@@ -125,8 +127,10 @@ void QtHost::showPointer(Pointer pointer) {
 }
 
 void QtHost::pumpEvents(Pump what) {
+    ++m_pumps;
     QCoreApplication::processEvents(what == Pump::PaintAndTimers ? QEventLoop::ExcludeUserInputEvents
                                                                  : QEventLoop::AllEvents);
+    --m_pumps;
 }
 
 bool QtHost::inputPending() {
@@ -211,7 +215,13 @@ void QtHost::startProgram(std::string_view program, std::string_view arguments) 
     process.setNativeArguments(toQString(arguments)); // the line as the program wants it, quotes and all
     process.startDetached();
 #else
-    startDetached(toQtPath(program), QProcess::splitCommand(toQString(arguments)));
+    QStringList words = QProcess::splitCommand(toQString(arguments));
+    QString file = toQtPath(program);
+    if (isWindowsProgram(nativePath(program))) {
+        words.prepend(file);
+        file = QStringLiteral("wine");
+    }
+    startDetached(file, words);
 #endif
 }
 

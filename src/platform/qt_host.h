@@ -30,6 +30,7 @@ class QtHost : public Host {
     bool askYesNo(std::string_view text) override;
     void setPointer(Pointer pointer) override;
     void pumpEvents(Pump what) override;
+    bool pumping() override { return m_pumps > 0; }
     /// On Windows what the system tells. Elsewhere it can't be asked, and the answer is yes: a pump too many is
     /// harmless, one too few is a dead window.
     bool inputPending() override;
@@ -54,6 +55,7 @@ class QtHost : public Host {
 
     QPointer<QWidget> m_mainWindow;
     Pointer m_pointer = Pointer::Normal;
+    int m_pumps = 0; // one inside the other
     bool m_overridden = false; // our one entry on the application's stack of pointers
 };
 
