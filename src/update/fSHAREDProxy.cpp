@@ -1,0 +1,88 @@
+#include "update/fSHAREDProxy.h"
+
+#include "foundation/host.h"
+#include "foundation/settings_store.h"
+#include "foundation/trap.h"
+#include "platform/code_page.h"
+#include "ui_fSHAREDProxy.h"
+
+#include <cstdint>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view moduleName = "fSHAREDProxy";
+
+// Values of the key ProxyType.
+constexpr std::int16_t systemProxy = 0;
+constexpr std::int16_t noProxy = 1;
+constexpr std::int16_t manualProxy = 2;
+
+} // namespace
+
+fSHAREDProxy::fSHAREDProxy(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::fSHAREDProxy>()) {
+    m_ui->setupUi(this);
+    for (const QRadioButton* const option : {m_ui->optNoProxy, m_ui->optDefault, m_ui->optNamed}) {
+        connect(option, &QRadioButton::toggled, this, &fSHAREDProxy::enableFrame);
+    }
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &fSHAREDProxy::cmdOK_Click);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    // cmdHelp does nothing: there is no help on a topic.
+    const QFontMetrics metrics = fontMetrics();
+    m_ui->layoutForm->setSpacing(metrics.height() * 2 / 3);
+    m_ui->layoutForm->setContentsMargins(QMargins(1, 1, 1, 1) * metrics.height());
+    m_ui->txtServer->setMinimumWidth(metrics.averageCharWidth() * 40);
+    Form_Load();
+}
+
+fSHAREDProxy::~fSHAREDProxy() = default;
+
+void fSHAREDProxy::Form_Load() noexcept {
+    const StandardTrap trap{"sub form_load", moduleName};
+    const auto fill = [&trap](QLineEdit* box, std::string_view key) {
+        trap([&] { box->setText(toQString(sget(key, "").text())); });
+    };
+    fill(m_ui->txtServer, "ProxyServer");
+    fill(m_ui->txtPort, "ProxyPort");
+    fill(m_ui->txtUser, "ProxyUser");
+    fill(m_ui->txtPassword, "ProxyPwd");
+    fill(m_ui->txtPassword2, "ProxyPwd");
+    std::int16_t type = noProxy; // also where the store holds something else
+    trap([&] { type = sget("ProxyType", noProxy).int16(); });
+    trap([&] {
+        QRadioButton* const option = type == systemProxy   ? m_ui->optDefault
+                                     : type == manualProxy ? m_ui->optNamed
+                                                           : m_ui->optNoProxy;
+        option->setChecked(true);
+        option->setFocus();
+    });
+    enableFrame();
+}
+
+void fSHAREDProxy::enableFrame() noexcept {
+    const StandardTrap trap{"sub enableframe", moduleName};
+    trap([&] { m_ui->Frame1->setEnabled(m_ui->optNamed->isChecked()); });
+}
+
+void fSHAREDProxy::cmdOK_Click() noexcept {
+    const StandardTrap trap{"sub cmdok_click", moduleName};
+    if (m_ui->txtPassword->text() != m_ui->txtPassword2->text()) {
+        trap([] { host().message("Your passwords don't match.  Please retype them."); });
+        trap([&] { m_ui->txtPassword->setFocus(); });
+        return;
+    }
+    const auto store = [&trap](std::string_view key, const QLineEdit* box) {
+        trap([&] { sset(key, fromQString(box->text())); });
+    };
+    store("ProxyServer", m_ui->txtServer);
+    store("ProxyPort", m_ui->txtPort);
+    store("ProxyUser", m_ui->txtUser);
+    store("ProxyPwd", m_ui->txtPassword); // as it was typed; transfers need it in plain
+    sset("ProxyType", m_ui->optDefault->isChecked() ? systemProxy
+                      : m_ui->optNamed->isChecked() ? manualProxy
+                                                    : noProxy);
+    trap([&] { accept(); });
+}
+
+} // namespace vantor

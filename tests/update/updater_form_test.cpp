@@ -1,0 +1,108 @@
+// Tests of the updater's form, over a scripted transfer.
+#include "foundation/settings_store.h"
+#include "platform/code_page.h"
+#include "platform/qt_host.h"
+#include "support/fixture.h"
+#include "support/form_driver.h"
+#include "update/fSHAREDUpdater.h"
+#include "update/scripted_control.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTimer>
+
+namespace vantor::test {
+namespace {
+
+const std::string setup = "http://u.invalid/setup.exe";
+const UpdateSource source{"http://u.invalid/current", "http://u.invalid/details", "VantorUpd.exe"};
+
+class UpdaterFormTest : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        useHost(&m_host);
+        LoadSettings(path("Vantor2.ini"));
+        script.replies[source.currenturl] = {"2.0.0\r\n" + setup};
+        script.replies[source.detailsurl] = {"New in 2.0.0:\n- maps"};
+        script.replies[setup] = {std::string(30000, 'x')};
+        form = std::make_unique<fSHAREDUpdater>(nullptr, std::make_unique<ScriptedControl>(script));
+    }
+    void TearDown() override {
+        form.reset();
+        Fixture::TearDown();
+    }
+
+    /// What the user does while the next transfer waits.
+    void duringTransfer(std::function<void()> user) {
+        script.onRequest = [this, user = std::move(user)] {
+            script.onRequest = {};
+            QTimer::singleShot(0, form.get(), user);
+        };
+    }
+    [[nodiscard]] std::string label(std::string_view name) const {
+        return fromQString(control<QLabel>(*form, name).text());
+    }
+
+    TransferScript script;
+    std::unique_ptr<fSHAREDUpdater> form;
+
+  private:
+    QtHost m_host;
+};
+
+TEST_F(UpdaterFormTest, ShowsTheCheckAndItsDetails) {
+    form->updater().ShowandCheck(source);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_FALSE(form->isModal());
+    EXPECT_EQ(fromQString(form->windowTitle()), "Vantor Updater");
+    EXPECT_EQ(label("lblProgram"), "Vantor version 1.0.0");
+    EXPECT_EQ(label("lblUpdate"), "Version 2.0.0 is available!");
+    EXPECT_EQ(control<QLabel>(*form, "lblUpdate").palette().color(QPalette::WindowText), QColor(0, 128, 0));
+    click(*form, "cmdShowDetail");
+    EXPECT_EQ(control<QPlainTextEdit>(*form, "txtDetails").toPlainText(), QStringLiteral("New in 2.0.0:\n- maps"));
+
+    script.replies[source.currenturl] = {"<html>"};
+    click(*form, "cmdCheckAgain");
+    EXPECT_EQ(label("lblUpdate"), "Could not retrieve update status");
+    EXPECT_EQ(control<QLabel>(*form, "lblUpdate").palette().color(QPalette::WindowText), QColor(192, 0, 0));
+    pressKey(*form, Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+    // As good as new when it comes back.
+    script.replies[source.currenturl] = {"1.0.0\n"};
+    const Expectation dialog = expectDialog("fSHAREDUpdater", [this](QDialog& shown) {
+        EXPECT_TRUE(shown.isModal());
+        EXPECT_EQ(label("lblUpdate"), "Could not read update status from file");
+        EXPECT_EQ(control<QLabel>(*form, "lblUpdate").palette().color(QPalette::WindowText),
+                  form->palette().color(QPalette::WindowText));
+        EXPECT_TRUE(control<QPlainTextEdit>(*form, "txtDetails").toPlainText().isEmpty());
+        click(shown, "cmdExit");
+    });
+    form->updater().ShowandCheck(source);
+}
+
+TEST_F(UpdaterFormTest, TheBoxIsStoredByAClickAndKeptByACheck) {
+    form->updater().ShowandCheck(source);
+    auto& box = control<QCheckBox>(*form, "chkDisableAutoUpdate");
+    EXPECT_TRUE(box.isChecked()) << "off until the user allows it";
+    click(box);
+    EXPECT_FALSE(sget("DisableAutoUpdateCheck", true).flag());
+    click(*form, "cmdCheckAgain");
+    EXPECT_FALSE(box.isChecked());
+}
+
+TEST_F(UpdaterFormTest, TheProxyDialogMayComeUpDuringADownload) {
+    form->updater().ShowandCheck(source);
+    duringTransfer([this] { click(*form, "cmdProxy"); });
+    const Expectation dialog = expectDialog("fSHAREDProxy", [](QDialog& shown) {
+        click(shown, "optDefault");
+        click(shown, "cmdOK");
+    });
+    click(*form, "cmdDownload");
+    EXPECT_EQ(sget("ProxyType", std::int16_t{1}).int16(), 0);
+    EXPECT_TRUE(exists("VantorUpd.exe")) << "the download went on behind it";
+}
+
+} // namespace
+} // namespace vantor::test
