@@ -20,8 +20,10 @@
 #include <QLayout>
 #include <QShortcut>
 #include <QStyle>
+#include <QTimer>
 
 #include <initializer_list>
+#include <utility>
 
 namespace vantor {
 
@@ -38,8 +40,8 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     connectUtilityCommands();
     connectAircraftCommands();
     connectToolCommands();
+    connectUpdateCommands();
     connectShortcuts();
-    disablePlannedCommands();
 }
 
 frmMain::~frmMain() = default;
@@ -84,11 +86,6 @@ void frmMain::connectShortcuts() {
     press(QKeySequence(Qt::Key_Delete), ui->cmdDeleteLeg, ui->List2);
 }
 
-void frmMain::disablePlannedCommands() {
-    // A command that is planned and not there yet.
-    ui->cmdCheckUpdate->setEnabled(false);
-}
-
 void frmMain::formLoad() {
     try {
         for (int percent = 0; percent <= 100; percent += 5) {
@@ -118,6 +115,9 @@ void frmMain::showEvent(QShowEvent* event) {
     fitPanel();
     ui->picClunk->setPicture(clunkPicture(ui->picClunk->contentsRect().size(), devicePixelRatioF()));
     QMainWindow::showEvent(event);
+    if (!std::exchange(m_opened, true)) {
+        m_timer3->start();
+    }
 }
 
 void frmMain::resizeEvent(QResizeEvent* event) {
@@ -235,6 +235,7 @@ void frmMain::exitprog() noexcept {
 
 void frmMain::endProcess(int code) noexcept {
     m_ended = true;
+    stopUpdater();
     QCoreApplication::exit(code);
 }
 

@@ -9,12 +9,17 @@
 #include <QMainWindow>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
+class QTimer;
+
 namespace vantor {
 
+class TransferControl;
+class fSHAREDUpdater;
 class frmSchedEdit;
 
 namespace Ui {
@@ -79,6 +84,9 @@ class frmMain : public QMainWindow {
     std::string currentac;
     bool currentunique = false;
 
+    /// What the updater's transfers go through, asked for once at the first need; empty for the program's own control.
+    std::function<std::unique_ptr<TransferControl>()> transferControl;
+
     std::unique_ptr<Ui::frmMain> ui;
 
   protected:
@@ -95,7 +103,7 @@ class frmMain : public QMainWindow {
     void connectAircraftCommands();
     void connectToolCommands();
     void connectShortcuts();
-    void disablePlannedCommands();
+    void connectUpdateCommands();
     void fitPanel();
 
     // Life
@@ -160,6 +168,13 @@ class frmMain : public QMainWindow {
     void cmdDecompile_Click() noexcept;
     void cmdACReport_Click() noexcept;
 
+    // Newer versions
+    [[nodiscard]] fSHAREDUpdater& updater();
+    void cmdCheckUpdate_Click() noexcept;
+    void Timer3_Timer() noexcept;
+    [[nodiscard]] bool restartForInstall() noexcept;
+    void stopUpdater() noexcept;
+
     // Loading and saving
     class Running;
     class SplashSteps;
@@ -177,6 +192,10 @@ class frmMain : public QMainWindow {
     std::string m_timetableicao;
     // Commands that run now; a close that comes meanwhile waits for their end.
     int m_running = 0;
+    QTimer* m_timer3 = nullptr;          // the form's child
+    fSHAREDUpdater* m_updater = nullptr; // the form's child, from the first need on
+    bool m_changesGivenUp = false;       // the user agreed to lose them to an update
+    bool m_opened = false;
     bool m_ended = false;
     bool m_closeWaits = false;
 };

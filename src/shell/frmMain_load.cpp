@@ -205,6 +205,7 @@ void frmMain::cmdSaveFlights_Click() noexcept {
     savesc(flightsname);
     trap([&] { normalmouse(); });
     unsavedchanges = false;
+    m_changesGivenUp = false;
     trap([&] { host().message("Flight plans saved to " + flightsname); });
 }
 
