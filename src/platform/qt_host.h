@@ -55,7 +55,7 @@ class QtHost : public Host {
 
     QPointer<QWidget> m_mainWindow;
     Pointer m_pointer = Pointer::Normal;
-    int m_pumps = 0; // one inside the other
+    int m_pumps = 0;           // one inside the other
     bool m_overridden = false; // our one entry on the application's stack of pointers
 };
 
