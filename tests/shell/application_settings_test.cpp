@@ -30,12 +30,7 @@ TEST_F(ApplicationSettings, WithoutAFileEveryValueIsItsDefault) {
     EXPECT_FALSE(modeChosen());
     readsettings();
 
-    EXPECT_EQ(fsmode, 2);
     EXPECT_EQ(gmtoffset, 0.0F);
-    EXPECT_EQ(fs2k2path, "C:\\Program Files\\Microsoft Games\\FS2002\\");
-    EXPECT_EQ(fs2k4path, "C:\\Program Files\\Microsoft Games\\Flight Simulator 9\\");
-    EXPECT_EQ(fsicaofile, "C:\\Program Files\\Microsoft Games\\FS2002\\weather\\icao name.cfg");
-    EXPECT_EQ(fsaircraftpath, "C:\\Program Files\\Microsoft Games\\FS2002\\aircraft\\");
     EXPECT_EQ(compiletool, path("TTools.exe"));
     EXPECT_EQ(decompiletool, path("TTools.exe"));
     EXPECT_EQ(defaultFiles().flightplans, path("Flightplans.txt"));
@@ -77,12 +72,6 @@ TEST_F(ApplicationSettings, AnyModeButTwoActsAsFs2004) {
     EXPECT_EQ(configuredFiles(defaultFiles()).airports, path("Airports030528.txt"));
 }
 
-TEST_F(ApplicationSettings, AModeOfZeroIsNoneAndGivesTheDefault) {
-    read("FSMODE, 0 \r\n");
-    EXPECT_FALSE(modeChosen());
-    EXPECT_EQ(fsmode, 2);
-}
-
 TEST_F(ApplicationSettings, AValueOfTheWrongFormLeavesItsGlobalAndTheRestIsRead) {
     read("FSMODE, 4 \r\nGMTOFFSET,.25\r\n");
     ASSERT_EQ(gmtoffset, 0.25F);
@@ -93,6 +82,9 @@ TEST_F(ApplicationSettings, AValueOfTheWrongFormLeavesItsGlobalAndTheRestIsRead)
     EXPECT_EQ(actionText(1), "Type mismatch(13) in sub readsettings of module modSettingsLoadAndSave");
     EXPECT_EQ(actionText(2), "Overflow(6) in sub readsettings of module modSettingsLoadAndSave");
     EXPECT_FALSE(modeChosen()) << "a mode that can't be read is none";
+    read("FSMODE, 0 \r\n");
+    EXPECT_FALSE(modeChosen()) << "nor is 0, which gives the default";
+    EXPECT_EQ(fsmode, 2);
 }
 
 struct GmtCase {
@@ -119,14 +111,13 @@ TEST(GmtOffset, MinutesAreAlwaysAddedAndTheBoxesShowTheMagnitude) {
 }
 
 TEST(GmtOffset, EmptyBoxesAreFilledAndSingleCharactersPadded) {
-    GmtBoxes boxes{"  ", "7"};
-    completeGmtBoxes(boxes);
-    EXPECT_EQ(boxes.hour, "00");
-    EXPECT_EQ(boxes.minute, "07");
-    boxes = {"-5", ""};
-    completeGmtBoxes(boxes);
-    EXPECT_EQ(boxes.hour, "-5") << "two characters get no 0";
-    EXPECT_EQ(boxes.minute, "00");
+    const auto completed = [](const char* hour, const char* minute) {
+        GmtBoxes boxes{hour, minute};
+        completeGmtBoxes(boxes);
+        return boxes.hour + ":" + boxes.minute;
+    };
+    EXPECT_EQ(completed("  ", "7"), "00:07");
+    EXPECT_EQ(completed("-5", ""), "-5:00") << "two characters get no 0";
 }
 
 TEST(GmtOffset, ChecksTheHourFirst) {

@@ -1,16 +1,12 @@
-// The error report dialog, and the ways by which failures of the settings file reach it.
+// The error report dialog.
 #include "foundation/error_report.h"
 #include "foundation/error_report_text.h"
-#include "foundation/log.h"
-#include "foundation/settings_store.h"
 #include "platform/code_page.h"
 #include "shell/fSHAREDErrorRpt.h"
 #include "support/fixture.h"
 #include "support/form_driver.h"
-#include "support/full_disk.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -42,9 +38,6 @@ class ErrorDialog : public Fixture {
 TEST_F(ErrorDialog, ShowsTheFailureAndTheLog) {
     writeFile("log.txt", "first\r\nZ\xFCrich\r\n");
     shown("75 - <b>Path</b>\rsecond line", [&](QDialog& form) {
-        EXPECT_EQ(form.windowTitle(), QStringLiteral("Error Reporter"));
-        EXPECT_EQ(control<QLabel>(form, "lblError").text(), QStringLiteral("An error has ocurred:"));
-        EXPECT_EQ(control<QGroupBox>(form, "Frame1").title(), QStringLiteral("Error Details"));
         EXPECT_EQ(fromQString(control<QGroupBox>(form, "Frame2").title()), path("log.txt"));
         EXPECT_EQ(textIn(form, "txtError"), "75 - <b>Path</b>\nsecond line");
         EXPECT_EQ(textIn(form, "txtLog"), "first\nZ\xFCrich\n");
@@ -106,48 +99,6 @@ TEST_F(ErrorDialog, MailsAndPreviewsWithTheUsersComments) {
     EXPECT_EQ(readFile("fulllog.txt"), reportPreview(expected));
     EXPECT_EQ(recorder.viewedFiles, (std::vector<std::string>{path("fulllog.txt"), path("fulllog.txt")}));
 }
-
-TEST_F(ErrorDialog, AFailureMetMeanwhileOpensNoSecondDialog) {
-    shown("outer", [](QDialog&) { showerr("inner", ""); });
-    EXPECT_EQ(newestAction(), "inner in showerr of module mSHAREDShowError");
-}
-
-#ifndef _WIN32
-
-TEST_F(ErrorDialog, FailuresOfTheSettingsFileReachTheDialogOrTheirOwnBox) {
-    const std::string file = path("Vantor2.ini");
-    const std::string old = "FSMODE, 2 \r\n";
-    writeFile("Vantor2.ini", old);
-    LoadSettings(file);
-
-    // A vanished folder goes to the dialog; a folder in the file's place has a box of its own.
-    sset("other", "x");
-    {
-        const Expectation dialog = expectDialog("fSHAREDErrorRpt", [](QDialog& form) {
-            EXPECT_EQ(textIn(form, "txtError"), "76 - Path not found in SaveSettings");
-            click(form, "cmdExit");
-        });
-        savesettings(path("gone\\Vantor2.ini"));
-    }
-    std::filesystem::create_directories(folder() / "folder.ini");
-    savesettings(path("folder.ini"));
-    EXPECT_EQ(recorder.messages, std::vector<std::string>{"Unable to write to settings file - possibly read-only?"});
-
-    // A full disk asks for space and saves again.
-    recorder.messages.clear();
-    {
-        FullDisk disk(4);
-        recorder.onMessage = [&](std::string_view) {
-            EXPECT_EQ(readFile("Vantor2.ini"), old);
-            disk.release();
-        };
-        savesettings(file);
-    }
-    EXPECT_EQ(recorder.messages.size(), 1U);
-    EXPECT_EQ(readFile("Vantor2.ini"), old + "OTHER,x\r\n");
-}
-
-#endif
 
 } // namespace
 } // namespace vantor::test

@@ -3,7 +3,7 @@ target_sources(
   PRIVATE ${CMAKE_CURRENT_LIST_DIR}/application_settings_test.cpp ${CMAKE_CURRENT_LIST_DIR}/fSHAREDErrorRpt_test.cpp
           ${CMAKE_CURRENT_LIST_DIR}/tool_buttons_test.cpp ${CMAKE_CURRENT_LIST_DIR}/splash_about_test.cpp
           ${CMAKE_CURRENT_LIST_DIR}/frmSettings_test.cpp ${CMAKE_CURRENT_LIST_DIR}/program_path_test.cpp
-          ${CMAKE_CURRENT_LIST_DIR}/frmMain_life_test.cpp ${CMAKE_CURRENT_LIST_DIR}/frmMain_load_test.cpp
+          ${CMAKE_CURRENT_LIST_DIR}/frmMain_load_test.cpp
           ${CMAKE_CURRENT_LIST_DIR}/frmMain_lists_test.cpp ${CMAKE_CURRENT_LIST_DIR}/frmMain_window_test.cpp
           ${CMAKE_CURRENT_LIST_DIR}/update_commands_test.cpp)
 set_source_files_properties(

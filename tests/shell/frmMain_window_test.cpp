@@ -2,6 +2,7 @@
 // Its life: the first start, the mode, the ways out, and the keyboard's way through it.
 #include "core/tables.h"
 #include "foundation/log.h"
+#include "foundation/settings_store.h"
 #include "platform/code_page.h"
 #include "shell/application_loop.h"
 #include "shell/application_settings.h"
@@ -30,6 +31,10 @@ std::string missingCaption(frmMain& form) {
     return fromQString(control<QGroupBox>(form, "FrameFSAC").title());
 }
 
+bool chosen(frmMain& form, std::string_view option) {
+    return control<QRadioButton>(form, option).isChecked();
+}
+
 class FirstStartTest : public Fixture {
   protected:
     void SetUp() override {
@@ -44,16 +49,13 @@ class FirstStartTest : public Fixture {
 TEST_F(FirstStartTest, AsksForTheModeUntilOneWasChosen) {
     {
         frmMain form;
-        {
-            const Expectation boxes = answerBoxes({chooseMode});
-            form.formLoad();
-        }
+        const Expectation boxes = answerBoxes({chooseMode});
+        form.formLoad();
         form.show();
         EXPECT_EQ(fromQString(form.windowTitle()), "Vantor " + appversion());
-        EXPECT_TRUE(control<QRadioButton>(form, "optFS2k2").isChecked());
+        EXPECT_TRUE(chosen(form, "optFS2k2"));
         EXPECT_EQ(fsmode, 2);
         EXPECT_EQ(missingCaption(form), "AI Aircraft missing from FS2002");
-        EXPECT_EQ(control<ComboBox>(form, "cmbPC1").rowCount(), 21);
         EXPECT_EQ(control<ComboBox>(form, "cmbPC1").text(), "0%");
         EXPECT_FALSE(control<QPushButton>(form, "cmdPrint").isEnabled());
         EXPECT_EQ(logTexts().at(4), "Vantor version " + appversion() + " starting.");
@@ -62,11 +64,27 @@ TEST_F(FirstStartTest, AsksForTheModeUntilOneWasChosen) {
         EXPECT_FALSE(exists("Vantor2.ini")) << "a choice is written at the exit";
         EXPECT_EQ(exitCodeOf([&] { click(form, "cmdExit"); }), 0);
     }
-    EXPECT_TRUE(exists("Vantor2.ini"));
+    EXPECT_EQ(readFile("Vantor2.ini"), "FSMODE, 4 \r\n");
     frmMain second;
     second.formLoad(); // no box
-    EXPECT_TRUE(control<QRadioButton>(second, "optFS2k4").isChecked());
+    EXPECT_TRUE(chosen(second, "optFS2k4"));
     EXPECT_EQ(missingCaption(second), "AI Aircraft missing from FS2004");
+}
+
+TEST_F(FirstStartTest, AnyOtherModeStartsAsFs2004AndKeepsItsNumber) {
+    writeFile("Vantor2.ini", "FSMODE, 3 \r\n");
+    frmMain form;
+    form.formLoad();
+    EXPECT_TRUE(chosen(form, "optFS2k4"));
+    EXPECT_EQ(sget("FSMode", std::int16_t{0}).int16(), 3);
+}
+
+TEST_F(FirstStartTest, AStartThatFailsTellsItAndEnds) {
+    std::filesystem::create_directory(folder() / "log.txt");
+    frmMain form;
+    const Expectation boxes = answerBoxes({{"Error 75 - Path/File access error"}});
+    EXPECT_EQ(exitCodeOf([&] { form.formLoad(); }), 0);
+    EXPECT_TRUE(form.ended());
 }
 
 TEST_F(FirstStartTest, WithoutTrafficTheListIsItsClosingRow) {
@@ -101,47 +119,32 @@ class LifeTest : public MainWindowFixture {
 TEST_F(LifeTest, AModeSwitchKeepsWhatIsLoadedAndShown) {
     press("cmdListall");
     clickRow(list("List1"), 1);
-    const std::string settings = readFile("Vantor2.ini");
     press("optFS2k4");
     EXPECT_EQ(missingCaption(form()), "AI Aircraft missing from FS2004");
     EXPECT_EQ(fsmode, 4);
     EXPECT_EQ(plansuffix, "030528");
     EXPECT_EQ(schedulecount, 4);
-    EXPECT_EQ(list("List1").rowCount(), 5);
     EXPECT_EQ(list("List1").currentRow(), 1);
     EXPECT_EQ(list("List2").rowCount(), 2);
     EXPECT_EQ(list("List3").rowCount(), 2);
     press("optFS2k2");
     EXPECT_EQ(missingCaption(form()), "AI Aircraft missing from FS2002");
     EXPECT_EQ(plansuffix, "030528") << "only a load changes it";
-    EXPECT_EQ(readFile("Vantor2.ini"), settings);
-}
-
-TEST_F(LifeTest, ExitWithoutChangesSavesTheSettingsAndTheRecentActions) {
-    press("optFS2k4");
-    EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), 0);
-    EXPECT_TRUE(form().ended());
-    EXPECT_FALSE(form().isVisible());
-    EXPECT_NE(readFile("Vantor2.ini").find("FSMODE, 4 \r\n"), std::string::npos);
-    EXPECT_TRUE(logHas("Listing last 40 actions: "));
-    EXPECT_EQ(logTexts().back(), "End of actions list");
-    EXPECT_EQ(aircraftcount, 0);
 }
 
 TEST_F(LifeTest, ExitWithChangesAsks) {
     changeSomething();
     std::filesystem::remove(folder() / "Vantor2.ini");
-    {
-        const Expectation boxes = answerBoxes({{loseChanges, QMessageBox::No}});
-        EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), stillRuns);
-    }
+    EXPECT_EQ(exitCodeOf([this] { press("cmdExit", {{loseChanges, QMessageBox::No}}); }), stillRuns);
     EXPECT_FALSE(form().ended());
     EXPECT_TRUE(form().isVisible());
     EXPECT_EQ(aircraftcount, 4);
     EXPECT_TRUE(exists("Vantor2.ini")) << "settings are saved whatever the answer";
-    const Expectation boxes = answerBoxes({{loseChanges, QMessageBox::Yes}});
-    EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), 0);
+    EXPECT_EQ(exitCodeOf([this] { press("cmdExit", {{loseChanges, QMessageBox::Yes}}); }), 0);
     EXPECT_TRUE(form().ended());
+    EXPECT_FALSE(form().isVisible());
+    EXPECT_EQ(aircraftcount, 0);
+    EXPECT_TRUE(logHas("Listing last 40 actions: "));
 }
 
 TEST_F(LifeTest, TheCloseBoxClosesWhateverTheAnswer) {

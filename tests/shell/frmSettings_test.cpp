@@ -1,6 +1,7 @@
 // Tests of the settings dialog, driven by real clicks and keys.
 #include "core/tables.h"
 #include "foundation/settings_store.h"
+#include "foundation/text.h"
 #include "platform/code_page.h"
 #include "platform/qt_host.h"
 #include "shell/application_settings.h"
@@ -67,13 +68,7 @@ class FrmSettings : public test::Fixture {
 std::function<void(QDialog&)> choose(std::string_view title, const std::string& path) {
     return [title = std::string(title), path](QDialog& dialog) {
         EXPECT_EQ(fromQString(dialog.windowTitle()), title);
-        auto& name = control<QLineEdit>(dialog, "fileNameEdit");
-        name.setText(toQtPath(path)); // as if pasted: typed slashes move the dialog while its lists are still read
-        test::pressKey(name, Qt::Key_Return);
-        // The first Enter may go to the list of completions.
-        if (dialog.isVisible()) {
-            test::pressKey(name, Qt::Key_Return);
-        }
+        test::enterFileName(dialog, toQtPath(path));
     };
 }
 
@@ -82,7 +77,6 @@ void cancel(QDialog& dialog) {
 }
 
 TEST_F(FrmSettings, OpensWithTheStoreAndTheDefaultsOfBothModes) {
-    EXPECT_EQ(form->windowTitle(), QStringLiteral("Settings"));
     EXPECT_EQ(label("lblFS2k2Path"), "D:\\FS2002\\");
     EXPECT_EQ(label("lblFS2k4Path"), "C:\\Program Files\\Microsoft Games\\Flight Simulator 9\\");
     EXPECT_EQ(label("lblAircraft0"), path("Aircraft.txt"));
@@ -133,53 +127,39 @@ TEST_F(FrmSettings, NegativeHoursWithMinutesMoveTowardsGmtAtEveryOk) {
 }
 
 TEST_F(FrmSettings, OkStoresEveryControlInTheFileAndReadsTheSettingsAnew) {
-    {
-        const test::Expectation dialog =
-            expectDialog("fileDialog", choose("Select your airports.txt file", path("mine\\Ports.txt")));
-        writeFile("mine\\Ports.txt", "");
-        click(*form, "cmdPickAirports1");
-    }
+    writeFile("mine\\Ports.txt", "");
+    const test::Expectation dialog =
+        expectDialog("fileDialog", choose("Select your airports.txt file", path("mine\\Ports.txt")));
+    click(*form, "cmdPickAirports1");
     typeOffset("", "-");
     test::pressKey(*form, Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
 
-    LoadSettings(settingsFile());
-    EXPECT_EQ(sget("FS2k2Path", "").text(), "D:\\FS2002\\");
-    EXPECT_EQ(sget("FS2k4Path", "").text(), "C:\\Program Files\\Microsoft Games\\Flight Simulator 9\\");
-    EXPECT_EQ(sget("AircraftTxt2k2", "").text(), path("Aircraft.txt"));
-    EXPECT_EQ(sget("AirportsTxt2k2", "").text(), path("Airports.txt"));
-    EXPECT_EQ(sget("FlightplansTxt2k2", "").text(), path("Flightplans.txt"));
-    EXPECT_EQ(sget("AircraftTxt2k4", "").text(), path("Aircraft030528.txt"));
-    EXPECT_EQ(sget("AirportsTxt2k4", "").text(), path("mine\\Ports.txt"));
-    EXPECT_EQ(sget("FlightplansTxt2k4", "").text(), path("Flightplans030528.txt"));
-    EXPECT_EQ(sget("GMTOffset", 1.0F).single(), 0.0F);
-    EXPECT_EQ(sget("FSMode", std::int16_t{0}).int16(), 2) << "keys of others stay";
+    // Sorted, and keys of others stay.
+    EXPECT_EQ(readFile("Vantor2.ini"),
+              "AIRCRAFTTXT2K2," + path("Aircraft.txt") + "\r\nAIRCRAFTTXT2K4," + path("Aircraft030528.txt") +
+                  "\r\nAIRPORTSTXT2K2," + path("Airports.txt") + "\r\nAIRPORTSTXT2K4," + path("mine\\Ports.txt") +
+                  "\r\nFLIGHTPLANSTXT2K2," + path("Flightplans.txt") + "\r\nFLIGHTPLANSTXT2K4," +
+                  path("Flightplans030528.txt") +
+                  "\r\nFS2K2PATH,D:\\FS2002\\\r\nFS2K4PATH,C:\\Program Files\\Microsoft Games\\Flight Simulator 9\\\r\n"
+                  "FSMODE, 2 \r\nGMTOFFSET, 0 \r\n");
 }
 
 TEST_F(FrmSettings, TheChooserOfEachButtonSetsItsOwnLabelAndACancelLeavesIt) {
-    struct Pick {
-        const char* button;
-        const char* label;
-        const char* title;
-    };
-    for (const Pick& pick : {Pick{"cmdPickAircraft0", "lblAircraft0", "Select your aircraft.txt file"},
-                             Pick{"cmdPickAircraft1", "lblAircraft1", "Select your aircraft.txt file"},
-                             Pick{"cmdPickAirports0", "lblAirports0", "Select your airports.txt file"},
-                             Pick{"cmdPickAirports1", "lblAirports1", "Select your airports.txt file"},
-                             Pick{"cmdPickFlightplans0", "lblFlightplans0", "Select your flightplans.txt file"},
-                             Pick{"cmdPickFlightplans1", "lblFlightplans1", "Select your flightplans.txt file"}}) {
-        SCOPED_TRACE(pick.button);
-        const std::string chosen = path(std::string("other\\") + pick.label + ".txt");
-        writeFile(std::string("other\\") + pick.label + ".txt", "");
-        {
-            const test::Expectation dialog = expectDialog("fileDialog", choose(pick.title, chosen));
-            click(*form, pick.button);
+    for (const std::string kind : {"Aircraft", "Airports", "Flightplans"}) {
+        for (const char* const mode : {"0", "1"}) {
+            const std::string which = kind + mode;
+            SCOPED_TRACE(which);
+            writeFile("other\\" + which + ".txt", "");
+            const std::string chosen = path("other\\" + which + ".txt");
+            const test::Expectation dialogs[] = {
+                expectDialog("fileDialog", choose("Select your " + lower(kind) + ".txt file", chosen)),
+                expectDialog("fileDialog", &cancel)};
+            for (int i = 0; i < 2; ++i) {
+                click(*form, "cmdPick" + which);
+                EXPECT_EQ(label("lbl" + which), chosen);
+            }
         }
-        EXPECT_EQ(label(pick.label), chosen);
-        EXPECT_EQ(fromQString(control<PathLabel>(*form, pick.label).toolTip()), chosen);
-        const test::Expectation dialog = expectDialog("fileDialog", &cancel);
-        click(*form, pick.button);
-        EXPECT_EQ(label(pick.label), chosen);
     }
 }
 

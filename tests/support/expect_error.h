@@ -1,8 +1,9 @@
-// Test support: the number of the error that a statement raises.
+// Test support: the number of the error that a statement raises, and its words.
 #pragma once
 
 #include "foundation/error.h"
 
+#include <string>
 #include <utility>
 
 namespace vantor::test {
@@ -17,6 +18,17 @@ int errorOf(Statement&& statement) {
         return error.number();
     } catch (...) {
         return currentError().number();
+    }
+}
+
+/// Number and words of the error raised by `statement`, as in "13 Type mismatch"; "none" when it raises none.
+template <class Statement>
+std::string faultOf(Statement&& statement) {
+    try {
+        std::forward<Statement>(statement)();
+        return "none";
+    } catch (const Error& error) {
+        return std::to_string(error.number()) + " " + error.description();
     }
 }
 

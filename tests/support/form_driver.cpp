@@ -151,6 +151,29 @@ void typeOver(QWidget& field, std::string_view text) {
     QTest::keyClicks(&field, toQString(text));
 }
 
+void enterFileName(QDialog& dialog, const QString& name) {
+    auto& edit = control<QLineEdit>(dialog, "fileNameEdit");
+    edit.setFocus();
+    edit.setText(name); // as if pasted: typed slashes move the dialog while its lists are still read
+    QTest::keyClick(&edit, Qt::Key_Return);
+    // The first Enter may go to the list of completions.
+    if (dialog.isVisible()) {
+        QTest::keyClick(&edit, Qt::Key_Return);
+    }
+}
+
+QRect extentOf(const QImage& image, const std::function<bool(QRgb)>& matches) {
+    QRect found;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (matches(image.pixel(x, y))) {
+                found |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return found;
+}
+
 void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(&widget, key, modifiers);
 }

@@ -6,6 +6,7 @@
 #include "platform/list_box.h"
 
 #include <QDialog>
+#include <QImage>
 #include <QMessageBox>
 #include <QObject>
 #include <QString>
@@ -44,6 +45,10 @@ void doubleClickRow(ListBox& list, int row);
 void pickRow(ComboBox& combo, int row);
 /// Takes what stands in a text field or combo box away and types a text.
 void typeOver(QWidget& field, std::string_view text);
+/// Enters a name in the toolkit's own file dialog and accepts it.
+void enterFileName(QDialog& dialog, const QString& name);
+/// Where the pixels of these colours stand in a picture; null where there are none.
+[[nodiscard]] QRect extentOf(const QImage& image, const std::function<bool(QRgb)>& matches);
 /// Presses one key.
 void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 

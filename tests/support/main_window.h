@@ -10,9 +10,12 @@
 
 #include <QLineEdit>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace vantor::test {
 
@@ -51,6 +54,16 @@ class MainWindowFixture : public Fixture {
 
     [[nodiscard]] frmMain& form() const { return *m_form; }
     void press(std::string_view button) const { click(*m_form, button); }
+    /// Presses a button that these message boxes answer, in this order.
+    void press(std::string_view button, std::vector<BoxAnswer> answers) const {
+        const Expectation boxes = answerBoxes(std::move(answers));
+        press(button);
+    }
+    /// Presses a button that opens this dialog, which is handed to `user`.
+    void press(std::string_view button, std::string_view dialog, std::function<void(QDialog&)> user) const {
+        const Expectation expected = expectDialog(dialog, std::move(user));
+        press(button);
+    }
     void type(std::string_view box, std::string_view text) const { typeOver(control<QLineEdit>(*m_form, box), text); }
     [[nodiscard]] std::string box(std::string_view name) const {
         return fromQString(control<QLineEdit>(*m_form, name).text());
@@ -61,11 +74,7 @@ class MainWindowFixture : public Fixture {
     /// Saves the flight plans, loads them anew and gives the file.
     [[nodiscard]] std::string saveAndReload() const {
         const std::string file = path("Flightplans.txt");
-        {
-            const Expectation boxes =
-                answerBoxes({{"Overwrite " + file + "?", QMessageBox::Yes}, {"Flight plans saved to " + file}});
-            press("cmdSaveFlights");
-        }
+        press("cmdSaveFlights", {{"Overwrite " + file + "?", QMessageBox::Yes}, {"Flight plans saved to " + file}});
         EXPECT_FALSE(m_form->unsavedchanges);
         press("cmdReload");
         return readFile("Flightplans.txt");
