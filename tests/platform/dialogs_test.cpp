@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QPrinter>
 #include <QTemporaryDir>
 
@@ -18,7 +17,7 @@
 namespace vantor {
 namespace {
 
-using test::control;
+using test::enterFileName;
 using test::expectDialog;
 
 class DialogsTest : public testing::Test {
@@ -27,19 +26,6 @@ class DialogsTest : public testing::Test {
         EXPECT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("sub")));
         QFile file(folder.filePath(QStringLiteral("plan.txt")));
         EXPECT_TRUE(file.open(QFile::WriteOnly));
-    }
-
-    // Types a name into the file dialog and accepts it with Enter.
-    static void answer(QDialog& dialog, const QString& name) {
-        auto& edit = control<QLineEdit>(dialog, "fileNameEdit");
-        edit.setFocus();
-        edit.selectAll();
-        QTest::keyClicks(&edit, name);
-        QTest::keyClick(&edit, Qt::Key_Return);
-        // The first Enter may go to the list of completions.
-        if (dialog.isVisible()) {
-            QTest::keyClick(&edit, Qt::Key_Return);
-        }
     }
 
     QTemporaryDir folder;
@@ -51,20 +37,17 @@ TEST_F(DialogsTest, AskForFilenameStartsInTheFilesFolder) {
         auto& chooser = dynamic_cast<QFileDialog&>(dialog);
         EXPECT_EQ(chooser.windowTitle(), QStringLiteral("Select your aircraft.txt file"));
         EXPECT_EQ(chooser.directory().canonicalPath(), QDir(folder.path()).canonicalPath());
-        answer(dialog, QStringLiteral("plan.txt"));
+        enterFileName(dialog, QStringLiteral("plan.txt"));
     });
     EXPECT_EQ(askforFilename("Select your aircraft.txt file", root + "\\old.txt"), root + "\\plan.txt");
-}
-
-TEST_F(DialogsTest, ACancelGivesAnEmptyText) {
-    const auto dialogs = expectDialog("fileDialog", [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    const auto cancelled = expectDialog("fileDialog", [](QDialog& dialog) { test::pressKey(dialog, Qt::Key_Escape); });
     EXPECT_EQ(askforFilename("Title", root + "\\old.txt", "*.TXT"), "");
 }
 
 TEST_F(DialogsTest, AFileNeedNotExistAndThePatternIsTheOneFilter) {
     const auto dialogs = expectDialog("fileDialog", [&](QDialog& dialog) {
         EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).nameFilters(), QStringList{QStringLiteral("*.TXT")});
-        answer(dialog, QStringLiteral("new.txt"));
+        enterFileName(dialog, QStringLiteral("new.txt"));
     });
     cSharedFileSel chooser;
     chooser.SetCaption("Choose a flight plan");
@@ -81,7 +64,8 @@ TEST_F(DialogsTest, AFolderIsChosenWithoutATrailingBackslash) {
     chooser.SetCaption("Please locate the Flight Sim folder");
     chooser.DefaultPath(root + "\\");
     {
-        const auto dialogs = expectDialog("fileDialog", [](QDialog& dialog) { answer(dialog, QStringLiteral("sub")); });
+        const auto dialogs =
+            expectDialog("fileDialog", [](QDialog& dialog) { enterFileName(dialog, QStringLiteral("sub")); });
         chooser.GetPath();
     }
     EXPECT_FALSE(chooser.Cancelled());
@@ -106,22 +90,15 @@ TEST_F(DialogsTest, WithoutAStartFolderTheProgramsIsTaken) {
 
 TEST(FileSelTest, OneOfTwoTrailingBackslashesIsDropped) {
     cSharedFileSel chooser;
-    chooser.DefaultPath("C:\\\\");
-    EXPECT_EQ(chooser.DefaultPath(), "C:\\");
-    chooser.DefaultPath("\\\\");
-    EXPECT_EQ(chooser.DefaultPath(), "\\\\");
-    chooser.DefaultPath("C:");
-    EXPECT_EQ(chooser.DefaultPath(), "C:");
-    chooser.DefaultPath("C:\\");
-    EXPECT_EQ(chooser.DefaultPath(), "C:\\");
+    for (const auto& [given, kept] : {std::pair{"C:\\\\", "C:\\"}, {"\\\\", "\\\\"}, {"C:", "C:"}, {"C:\\", "C:\\"}}) {
+        chooser.DefaultPath(given);
+        EXPECT_EQ(chooser.DefaultPath(), kept);
+    }
 }
 
 TEST(PrinterChoiceTest, AChoiceHoldsForTheRunAndACancelChangesNothing) {
     QWidget owner;
-    const auto dialogs = expectDialog("printDialog", [](QDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Schedule"));
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
+    const auto dialogs = expectDialog("printDialog", [](QDialog& dialog) { test::pressKey(dialog, Qt::Key_Escape); });
     QPrinter& before = currentPrinter();
     before.setDocName(QStringLiteral("kept"));
     chooseprinter(&owner, "Schedule");

@@ -1,9 +1,7 @@
 // Tests of the Qt side of the program.
 // The picture box: twips to pixels, colours with red in the low byte, and what stays on the surface.
 #include "platform/picture_box.h"
-
-#include <QImage>
-#include <QTest>
+#include "support/form_driver.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -25,13 +23,11 @@ class PictureBoxTest : public testing::Test {
 
     [[nodiscard]] QRgb pixel(int x, int y) { return box.surface().toImage().pixel(x, y); }
     [[nodiscard]] int inked() {
-        const QImage image = box.surface().toImage();
         int count = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                count += image.pixel(x, y) != qRgb(255, 255, 255) ? 1 : 0;
-            }
-        }
+        static_cast<void>(test::extentOf(box.surface().toImage(), [&](QRgb pixel) {
+            count += pixel != qRgb(255, 255, 255) ? 1 : 0;
+            return false;
+        }));
         return count;
     }
 
@@ -86,29 +82,12 @@ TEST_F(PictureBoxTest, LinesAndTextsGoWhereTheyAreTold) {
     const double width = box.textWidth("M");
     const double height = box.textHeight("M");
     box.drawText(750, 300, "M");
-    const QImage image = box.surface().toImage();
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixel(x, y) != qRgb(255, 255, 255)) {
-                ink |= QRect(x, y, 1, 1);
-            }
-        }
-    }
+    const QRect ink = test::extentOf(box.surface().toImage(), [](QRgb pixel) { return pixel != qRgb(255, 255, 255); });
     ASSERT_FALSE(ink.isEmpty());
     const QRect told(48, 18, static_cast<int>(width / 15) + 5, static_cast<int>(height / 15) + 5);
     EXPECT_TRUE(told.contains(ink));
     box.setFontSize(24);
     EXPECT_NEAR(box.textHeight("M"), 2 * height, 45);
-}
-
-TEST_F(PictureBoxTest, SystemColoursWipeTheSurface) {
-    box.fillBox(0, 0, 1500, 900, red);
-    QPalette palette = box.palette();
-    palette.setColor(QPalette::Window, QColor(10, 20, 30));
-    box.setPalette(palette);
-    box.useSystemColours();
-    EXPECT_EQ(pixel(50, 30), qRgb(10, 20, 30));
 }
 
 TEST_F(PictureBoxTest, ContentSurvivesPaintingAndGrowing) {
@@ -135,6 +114,11 @@ TEST_F(PictureBoxTest, APictureStandsInPlaceOfTheDrawing) {
     EXPECT_EQ(box.grab().toImage().pixel(50, 30), qRgb(0, 255, 0));
     box.setPicture({});
     EXPECT_EQ(box.grab().toImage().pixel(50, 30), qRgb(255, 255, 255));
+    QPalette palette = box.palette();
+    palette.setColor(QPalette::Window, QColor(10, 20, 30));
+    box.setPalette(palette);
+    box.useSystemColours(); // wipes the surface
+    EXPECT_EQ(pixel(50, 30), qRgb(10, 20, 30));
 }
 
 TEST_F(PictureBoxTest, MouseAndKeysClick) {

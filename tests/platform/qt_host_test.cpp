@@ -32,9 +32,6 @@ TEST_F(QtHostTest, BoxesShowPlainTextAndGiveTheButton) {
     EXPECT_TRUE(qtHost.askYesNo("Sure?"));
     EXPECT_FALSE(qtHost.askYesNo("Sure?"));
     EXPECT_FALSE(qtHost.askYesNo("Sure?")); // Escape
-}
-
-TEST_F(QtHostTest, ACarriageReturnEndsALine) {
     EXPECT_EQ(boxText("Disk full:\rtry again\r\nor not\n"), QStringLiteral("Disk full:\ntry again\nor not\n"));
 }
 
@@ -81,14 +78,12 @@ TEST_F(QtHostTest, ABoxShowsTheArrowDuringABusyCommand) {
 }
 
 TEST_F(QtHostTest, PumpsRunTimers) {
-    bool ran = false;
-    QTimer::singleShot(0, &looker, [&] { ran = true; });
-    qtHost.pumpEvents(Pump::PaintAndTimers);
-    EXPECT_TRUE(ran);
-    ran = false;
-    QTimer::singleShot(0, &looker, [&] { ran = true; });
-    qtHost.pumpEvents(Pump::Everything);
-    EXPECT_TRUE(ran);
+    for (const Pump pump : {Pump::PaintAndTimers, Pump::Everything}) {
+        bool ran = false;
+        QTimer::singleShot(0, &looker, [&] { ran = true; });
+        qtHost.pumpEvents(pump);
+        EXPECT_TRUE(ran);
+    }
 }
 
 TEST_F(QtHostTest, LocaleWordsComeFromTheSystem) {
@@ -96,7 +91,6 @@ TEST_F(QtHostTest, LocaleWordsComeFromTheSystem) {
     EXPECT_EQ(qtHost.shortDate({2001, 12, 25}),
               fromQString(locale.toString(QDate(2001, 12, 25), QLocale::ShortFormat)));
     EXPECT_EQ(qtHost.weekdayName(1), fromQString(locale.standaloneDayName(Qt::Sunday)));
-    EXPECT_EQ(qtHost.weekdayName(2), fromQString(locale.standaloneDayName(Qt::Monday)));
     EXPECT_EQ(qtHost.weekdayName(7), fromQString(locale.standaloneDayName(Qt::Saturday)));
     EXPECT_EQ(qtHost.booleanWord(true), "True");
     EXPECT_EQ(qtHost.booleanWord(false), "False");
