@@ -4,6 +4,7 @@
 #include "core/tables.h"
 #include "foundation/log.h"
 #include "foundation/native_path.h"
+#include "support/expect_error.h"
 #include "support/fixture.h"
 
 #include <string>
@@ -55,13 +56,7 @@ TEST_F(AircraftTest, EmptyAndMissingFilesTellTheSame) {
         if (present) {
             writeFile("Aircraft.txt", "");
         }
-        try {
-            LoadAircraft(path("Aircraft.txt"), nullptr);
-            FAIL();
-        } catch (const Error& error) {
-            EXPECT_EQ(error.number(), 23000);
-            EXPECT_EQ(error.description(), expected);
-        }
+        EXPECT_EQ(test::faultOf([&] { LoadAircraft(path("Aircraft.txt"), nullptr); }), "23000 " + expected);
     }
     EXPECT_EQ(aircraftrecord("AC#1"), -1);
     load("// nothing else\r\n");
@@ -70,13 +65,7 @@ TEST_F(AircraftTest, EmptyAndMissingFilesTellTheSame) {
 
 TEST_F(AircraftTest, BadSpeedStopsTheLoadWithTheLineCountLeft) {
     writeFile("Aircraft.txt", "AC#1,100,x\r\nAC#2,abc,y\r\nAC#3,100,z\r\n");
-    try {
-        LoadAircraft(path("Aircraft.txt"), nullptr);
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_EQ(error.number(), 13);
-        EXPECT_EQ(error.description(), "Type mismatch in LoadAircraft");
-    }
+    EXPECT_EQ(test::faultOf([&] { LoadAircraft(path("Aircraft.txt"), nullptr); }), "13 Type mismatch in LoadAircraft");
     EXPECT_EQ(aircraftcount, 3);
     EXPECT_EQ(aircraft[1].acnum.text(), "AC#1");
 }

@@ -2,6 +2,7 @@
 #include "core/airports_file.h"
 #include "core/codes.h"
 #include "core/tables.h"
+#include "support/expect_error.h"
 #include "support/fixture.h"
 
 #include <string>
@@ -15,13 +16,13 @@ class AirportsTest : public test::Fixture {
         writeFile("Airports.txt", bytes);
         LoadAirports(path("Airports.txt"), nullptr);
     }
+    void nameThem(std::string_view names) {
+        fsicaofile = path("icao name.cfg");
+        writeFile("icao name.cfg", names);
+        LoadAirportTitles(nullptr);
+    }
     std::string fault(std::string_view bytes) {
-        try {
-            load(bytes);
-        } catch (const Error& error) {
-            return std::to_string(error.number()) + " " + error.description();
-        }
-        return "none";
+        return test::faultOf([&] { load(bytes); });
     }
 };
 
@@ -52,18 +53,14 @@ TEST_F(AirportsTest, FaultsCountTheAcceptedLines) {
 
 TEST_F(AirportsTest, NamesComeFromTheSimulatorsFile) {
     load(twoAirports);
-    fsicaofile = path("icao name.cfg");
-    writeFile("icao name.cfg", "no equals\r\n ksea =Seattle=Tacoma\nXXXX=unknown\rYPPHXY=" + std::string(70, 'n'));
-    LoadAirportTitles(nullptr);
+    nameThem("no equals\r\n ksea =Seattle=Tacoma\nXXXX=unknown\rYPPHXY=" + std::string(70, 'n'));
     EXPECT_EQ(airporttitle("KSEA"), "Seattle=Tacoma");
     EXPECT_EQ(airporttitle("YPPHXY"), std::string(60, 'n'));
 }
 
 TEST_F(AirportsTest, AnAirportInSmallLettersIsNotNamedAndNotFound) {
     load("ksea,N1* 1.1',E1* 1.1',5\r\n");
-    fsicaofile = path("icao name.cfg");
-    writeFile("icao name.cfg", "ksea=Seattle\r\n");
-    LoadAirportTitles(nullptr);
+    nameThem("ksea=Seattle\r\n");
     EXPECT_EQ(airports.HashGetSlot(1).title.text(), "");
     EXPECT_EQ(airports.HashFind("KSEA").slot, -1);
 }

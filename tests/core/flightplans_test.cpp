@@ -1,10 +1,11 @@
 // The flight plan file: what the reader makes of lines and what the writer puts back.
-#include "core/aircraft_table.h"
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
 #include "core/tables.h"
 #include "foundation/log.h"
+#include "support/expect_error.h"
 #include "support/fixture.h"
+#include "support/traffic.h"
 
 #include <string>
 
@@ -16,26 +17,11 @@ class FlightplansTest : public test::Fixture {
     void SetUp() override {
         Fixture::SetUp();
         // Along the equator: sixty miles to a degree.
-        addAirport("AAAA", 0);
-        addAirport("BBBB", 1);
-        addAirport("CCCC", 10);
-        addAircraft("AC#1", 100);
-        addAircraft("AC#2", 600);
-    }
-
-    static void addAirport(std::string_view code, float longitude) {
-        AirportRec record;
-        record.icao = code;
-        record.longdeg = longitude;
-        airports.HashAdd(record);
-    }
-
-    static void addAircraft(std::string_view code, float speed) {
-        AircraftRec record;
-        record.acnum = code;
-        record.cruisespeed = speed;
-        aircraft.append(record);
-        aircraftcount = aircraft.size();
+        test::addAirport("AAAA", "");
+        test::addAirport("BBBB", "", 0, 1);
+        test::addAirport("CCCC", "", 0, 10);
+        test::addAircraft("AC#1", "", 100);
+        test::addAircraft("AC#2", "", 600);
     }
 
     void load(std::string_view bytes) {
@@ -44,12 +30,7 @@ class FlightplansTest : public test::Fixture {
     }
 
     std::string fault(std::string_view bytes) {
-        try {
-            load(bytes);
-        } catch (const Error& error) {
-            return std::to_string(error.number()) + " " + error.description();
-        }
-        return "none";
+        return test::faultOf([&] { load(bytes); });
     }
 
     std::string saved() {
@@ -158,13 +139,7 @@ TEST_F(FlightplansTest, EmptyMissingAndUnreadable) {
     EXPECT_EQ(fault(""), "23000 " + path("Flightplans.txt") +
                              " missing or empty.   Please run this program in the TrafficTools path AFTER you have "
                              "decompiled Traffic.BGL");
-    try {
-        LoadSched(nullptr, path("absent.txt"));
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_EQ(error.number(), 53);
-        EXPECT_EQ(error.description(), "File not found in LoadSched");
-    }
+    EXPECT_EQ(test::faultOf([&] { LoadSched(nullptr, path("absent.txt")); }), "53 File not found in LoadSched");
     EXPECT_EQ(fault("AC#1,N,1%,6H,IFR,06:00:00,07:00:00,40000,F,1,AAAA\r\n"), "6 Overflow in LoadSched");
 }
 
@@ -220,9 +195,7 @@ TEST_F(FlightplansTest, DeletedLegsAndTheirCommas) {
     load("AC#1,N1,1%,6H,IFR,01:00:00,02:00:00,1,F,1,AAAA,03:00:00,04:00:00,2,F,2,BBBB,05:00:00,06:00:00,3,F,3,CCCC\r\n"
          "AC#2,N2,1%,6H,IFR,01:00:00,02:00:00,1,F,1,AAAA\r\n");
     const auto erase = [](std::int32_t recnum, std::int32_t leg, bool deleted) {
-        ScheduleRec record = schedules.HashGetSlot(recnum);
-        record.legs[leg].deleted = deleted;
-        schedules.HashPutSlot(recnum, record);
+        test::changeSchedule(recnum, [&](ScheduleRec& record) { record.legs[leg].deleted = deleted; });
     };
     const std::string head = "AC#1,N1,1%,6H,IFR,";
     const std::string leg1 = "01:00:00,02:00:00, 1 ,F,1,AAAA,";
@@ -241,9 +214,7 @@ TEST_F(FlightplansTest, DeletedLegsAndTheirCommas) {
     EXPECT_EQ(schedulecount, 2); // the bare header is counted and dropped
     EXPECT_EQ(schedules.HashGetSlot(1).tailnumber.text(), "N2");
 
-    ScheduleRec record = schedules.HashGetSlot(1);
-    record.deleted = true;
-    schedules.HashPutSlot(1, record);
+    test::changeSchedule(1, [](ScheduleRec& record) { record.deleted = true; });
     EXPECT_EQ(saved(), "");
 }
 

@@ -1,21 +1,13 @@
 // Positions, distances and flight times.
 #include "core/great_circle.h"
-#include "core/tables.h"
 #include "foundation/log.h"
 #include "support/fixture.h"
+#include "support/traffic.h"
 
 namespace vantor {
 namespace {
 
 using GreatCircleTest = test::Fixture;
-
-void addAirport(std::string_view code, float latitude, float longitude) {
-    AirportRec record;
-    record.icao = code;
-    record.latdeg = latitude;
-    record.longdeg = longitude;
-    airports.HashAdd(record);
-}
 
 TEST_F(GreatCircleTest, DigitsBehindThePointAreSeconds) {
     EXPECT_DOUBLE_EQ(convertlatlongtodegrees("S31* 56.40'"), -(31 + 56 / 60.0 + 40 / 3600.0));
@@ -36,8 +28,8 @@ TEST_F(GreatCircleTest, OddTextsAreFaultsInTheRingAndLeaveZeroes) {
 }
 
 TEST_F(GreatCircleTest, OneDegreeIsSixtyMiles) {
-    addAirport("AAAA", 0, 0);
-    addAirport("BBBB", 0, 1);
+    test::addAirport("AAAA", "");
+    test::addAirport("BBBB", "", 0, 1);
     EXPECT_NEAR(flightdistance("AAAA", "BBBB "), 60, 1e-6);
     EXPECT_NEAR(flightdistance("BBBB", "AAAA"), 60, 1e-6);
     EXPECT_EQ(flightdistance("AAAA", "AAAA"), 0);
