@@ -157,12 +157,30 @@ TEST_F(LegStoreTest, DropsSecondsAndRoundsTheLevel) {
     EXPECT_EQ(leg().flightlevel, 232);
 }
 
-TEST_F(LegStoreTest, ABadDepartureChangesNothing) {
+// What stops the store ahead of the first field: the number of the leg, and what stands in the controls.
+TEST_F(LegStoreTest, AFaultAheadOfTheFieldsChangesNothing) {
+    struct Fault {
+        std::int16_t number;
+        const char* time;
+        const char* altitude;
+        const char* aircraft;
+        bool speaksOfTheTime;
+    };
     const ScheduleRec before = sched;
-    for (const char* const text : {"", "abc", "25:00", "10", "10:60"}) {
-        controls.time = text;
-        EXPECT_EQ(store(), (LegStored{false, true})) << text;
-        EXPECT_EQ(sched, before) << text;
+    for (const Fault& fault :
+         {Fault{secondLeg, "", "230", "AC#1", true}, Fault{secondLeg, "abc", "230", "AC#1", true},
+          Fault{secondLeg, "25:00", "230", "AC#1", true}, Fault{secondLeg, "10", "230", "AC#1", true},
+          Fault{secondLeg, "10:60", "230", "AC#1", true},
+          Fault{secondLeg, "10:00", "high", "AC#1", true},   // it has no words of its own
+          Fault{secondLeg, "10:00", "32768", "AC#1", false}, // and one that is too high has none at all
+          Fault{secondLeg, "10:00", "230", "AC#9 - Gone", false}, Fault{3, "10:00", "230", "AC#1", false},
+          Fault{3, "x", "230", "AC#1", true}}) { // the time is read before the leg is looked for
+        SCOPED_TRACE(std::string(fault.time) + " " + fault.altitude + " " + fault.aircraft);
+        controls.time = fault.time;
+        controls.altitude = fault.altitude;
+        controls.aircraft = fault.aircraft;
+        EXPECT_EQ(storeleg(sched, fault.number, controls), (LegStored{false, fault.speaksOfTheTime}));
+        EXPECT_EQ(sched, before);
     }
     EXPECT_EQ(invalidTimeError().number(), 23000);
     EXPECT_EQ(invalidTimeError().description(),
@@ -184,29 +202,6 @@ TEST_F(LegStoreTest, ABadArrivalKeepsWhatWasStoredBefore) {
     EXPECT_EQ(leg().flightnum, before.flightnum);
     EXPECT_EQ(leg().legtype, before.legtype);
     EXPECT_FALSE(leg().tng);
-}
-
-TEST_F(LegStoreTest, ABadLevelSpeaksOfTheTimeAndATooHighOneOfNothing) {
-    const LegRec before = leg();
-    controls.altitude = "high";
-    EXPECT_TRUE(store().invalidTime);
-    EXPECT_EQ(leg(), before);
-    controls.altitude = "32768";
-    EXPECT_FALSE(store().invalidTime);
-    EXPECT_EQ(leg(), before);
-}
-
-TEST_F(LegStoreTest, AnUnknownAircraftOrLegEndsTheStoreSilently) {
-    const ScheduleRec before = sched;
-    controls.aircraft = "AC#9 - Gone";
-    EXPECT_EQ(store(), LegStored{});
-    EXPECT_EQ(sched, before);
-    controls.aircraft = "AC#1 - Jet";
-    EXPECT_EQ(storeleg(sched, 3, controls), LegStored{});
-    EXPECT_EQ(sched, before);
-    // The time is read before the leg is looked for.
-    controls.time = "x";
-    EXPECT_TRUE(storeleg(sched, 3, controls).invalidTime);
 }
 
 } // namespace

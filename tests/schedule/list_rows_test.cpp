@@ -1,4 +1,5 @@
 #include "schedule/list_rows.h"
+#include "support/expect_error.h"
 #include "support/fixture.h"
 #include "support/traffic.h"
 
@@ -31,6 +32,8 @@ TEST_F(ScheduleListTest, ShowsASchedule) {
     addSchedule("AC#12, VH-ABC ,100%,24HR,ifr", loopOver({"YPPH", "YPEA", "YMML", "YSSY"}));
     addSchedule("AC#7,X,100%,24HR,IFR", loopOver({"YPPH", "YPEA"}));
     addSchedule("AC#12,V,50%,WEEK,VF", loopOver({"YPPH"}));
+    addSchedule("AC#1,N1,100%,24HR,IFR", {}); // no legs: never shown
+    countDroppedLine();
     changeSchedule(2, [](ScheduleRec& record) { record.deleted = true; });
     // An unknown aircraft shows its code twice, and short rules keep their padding.
     EXPECT_EQ(list("", "").rows, (ListRows{{"AC#12 - Boeing 737-400 VH-ABC (IFR,4 legs)", 1},
@@ -39,40 +42,26 @@ TEST_F(ScheduleListTest, ShowsASchedule) {
                                            {"", 0}}));
 }
 
-TEST_F(ScheduleListTest, ClosesAnEmptyListWithOneRow) {
-    EXPECT_EQ(list("", "").rows, (ListRows{{"", 0}}));
-    addSchedule("AC#1,N1,100%,24HR,IFR", {}); // no legs: never shown
-    countDroppedLine();
-    EXPECT_EQ(list("", "").rows, (ListRows{{"", 0}}));
-}
-
 TEST_F(ScheduleListTest, FiltersByAirportAndByAircraft) {
     addSchedule("AC#1,A,100%,24HR,IFR", loopOver({"KSEA", "KPDX"}));
     addSchedule("AC#2,B,100%,24HR,IFR", loopOver({"KSFO", "KLAX"}));
     addSchedule("ac#1,C,100%,24HR,IFR", loopOver({"KSEA", "KLAX"}));
     addSchedule("AC#1,D,100%,24HR,IFR", loopOver({"ksea", "KOAK"}));
-    const auto numbers = [](const Listing& listing) {
-        std::vector<std::int32_t> result;
+    // What is listed: the frame's caption, and the records' numbers.
+    const auto listed = [](std::string_view icao, std::string_view ac) {
+        const Listing listing = list(icao, ac);
+        std::string result = std::string(listing.caption.value_or("")) + ":";
         for (const ListRow& row : listing.rows) {
-            result.push_back(row.itemData);
+            result += " " + std::to_string(row.itemData);
         }
         return result;
     };
     // Case counts in both; each list ends with its empty row.
-    EXPECT_EQ(numbers(list("KSEA", "")), (std::vector<std::int32_t>{1, 3, 0}));
-    EXPECT_EQ(numbers(list("", "AC#1")), (std::vector<std::int32_t>{1, 4, 0}));
-    EXPECT_EQ(numbers(list("KSEA", "AC#1")), (std::vector<std::int32_t>{1, 0}));
-    EXPECT_EQ(numbers(list("KXXX", "")), (std::vector<std::int32_t>{0}));
-}
-
-TEST_F(ScheduleListTest, NamesWhatItLists) {
-    EXPECT_EQ(list("", "").caption, "Listing all flights");
-    EXPECT_EQ(list("", "AC#1").caption, "Showing all flights by AC#1");
-    EXPECT_EQ(list("KSEA", "AC#1").caption, "Showing all flights in or out of KSEA");
-    EXPECT_EQ(list("KSEA", "", true).caption, "Aircraft which visit KSEA");
-    EXPECT_EQ(list("", "AC#1", true).caption, "Airports visited by AC#1");
-    EXPECT_EQ(list("KSEA", "AC#1", true).caption, "Airports visited by AC#1");
-    EXPECT_EQ(list("", "", true).caption, std::nullopt);
+    EXPECT_EQ(listed("", ""), "Listing all flights: 1 2 3 4 0");
+    EXPECT_EQ(listed("KSEA", ""), "Showing all flights in or out of KSEA: 1 3 0");
+    EXPECT_EQ(listed("", "AC#1"), "Showing all flights by AC#1: 1 4 0");
+    EXPECT_EQ(listed("KSEA", "AC#1"), "Showing all flights in or out of KSEA: 1 0");
+    EXPECT_EQ(listed("KXXX", ""), "Showing all flights in or out of KXXX: 0");
 }
 
 TEST_F(ScheduleListTest, StopsAtItsLimit) {
@@ -104,7 +93,9 @@ TEST_F(ScheduleListTest, ListsTheAircraftOfAnAirportInOrderOfVisit) {
     addSchedule("AC#9,C,100%,24HR,IFR", loopOver({"KSEA", "KPDX"}));
     addSchedule("AC#3,D,100%,24HR,IFR", loopOver({"KLAX", "KPDX"}));
     EXPECT_EQ(list("KSEA", "", true).rows, (ListRows{{"AC#9 - AC#9", 0}, {"AC#1 - Boeing", 0}, {"", 0}}));
+    EXPECT_EQ(list("KSEA", "", true).caption, "Aircraft which visit KSEA");
     EXPECT_EQ(list("", "", true).rows, (ListRows{{"", 0}}));
+    EXPECT_EQ(list("", "", true).caption, std::nullopt);
 }
 
 TEST_F(ScheduleListTest, ListsTheAirportsOfAnAircraftSorted) {
@@ -115,8 +106,10 @@ TEST_F(ScheduleListTest, ListsTheAirportsOfAnAircraftSorted) {
     addSchedule("AC#2,C,100%,24HR,IFR", loopOver({"EDDF"}));
     EXPECT_EQ(list("", "AC#1", true).rows,
               (ListRows{{"kaaa - ", 0}, {"KSEA - Seattle", 0}, {"LFPG - LFPG", 0}, {"", 0}}));
+    EXPECT_EQ(list("", "AC#1", true).caption, "Airports visited by AC#1");
     // With both filters the airport's own legs give the aircraft, the others give airports.
     EXPECT_EQ(texts(list("LFPG", "AC#1", true).rows), (Texts{"AC#1 - AC#1", "kaaa - ", "KSEA - Seattle", ""}));
+    EXPECT_EQ(list("LFPG", "AC#1", true).caption, "Airports visited by AC#1");
 }
 
 TEST_F(ScheduleListTest, TellsOddCodesApartByTheirText) {
@@ -133,13 +126,8 @@ TEST_F(ScheduleListTest, TellsWhereAFaultHappened) {
     addSchedule("AC#1,B,100%,24HR,IFR", loopOver({"KSEA", "KPDX"}));
     changeSchedule(2, [](ScheduleRec& record) { record.legcount = 3; });
     Listing listing;
-    try {
-        listSchedules("KLAX", "", false, listing);
-        FAIL() << "the leg past the end was read";
-    } catch (const ListingFault& fault) {
-        EXPECT_EQ(fault.number(), 9);
-        EXPECT_EQ(fault.description(), "Error 'Subscript out of range' showing leg 3 of schedule 2");
-    }
+    EXPECT_EQ(faultOf([&] { listSchedules("KLAX", "", false, listing); }),
+              "9 Error 'Subscript out of range' showing leg 3 of schedule 2");
     EXPECT_TRUE(listing.rows.empty());
 
     // What was listed ahead of the fault stays, without the closing row.
@@ -171,22 +159,19 @@ TEST_F(ScheduleListTest, SaysWhatARowAllows) {
     addSchedule("XX1,B,100%,24HR,IFR", loopOver({"KSEA"}));
     changeSchedule(2, [](ScheduleRec& record) { record.deleted = true; });
 
-    const ScheduleButtons none = scheduleButtons(1, 0, "AC#1 - Boeing");
-    EXPECT_FALSE(none.editSchedule || none.copy || none.deleteSchedule || none.swapAircraft);
-    EXPECT_EQ(none.deleteCaption, std::nullopt);
-
-    const ScheduleButtons one = scheduleButtons(1, 1, scheduleRow(schedules.peek(1)));
-    EXPECT_TRUE(one.editSchedule && one.copy && one.deleteSchedule && one.swapAircraft);
-    EXPECT_EQ(one.deleteCaption, "Delete");
-
-    const ScheduleButtons two = scheduleButtons(2, 1, scheduleRow(schedules.peek(1)));
-    EXPECT_FALSE(two.editSchedule || two.copy);
-    EXPECT_TRUE(two.deleteSchedule && two.swapAircraft);
-
-    const ScheduleButtons deleted = scheduleButtons(1, 2, scheduleRow(schedules.peek(2)));
-    EXPECT_TRUE(deleted.deleteSchedule);
-    EXPECT_FALSE(deleted.swapAircraft); // no AC# code in its row
-    EXPECT_EQ(deleted.deleteCaption, "Undelete");
+    // The states of Edit, Copy, Delete and Swap Aircraft, and the caption of Delete.
+    const auto allowed = [](std::size_t selected, std::int32_t recnum, std::string_view row) {
+        const ScheduleButtons buttons = scheduleButtons(selected, recnum, row);
+        std::string states;
+        for (const bool state : {buttons.editSchedule, buttons.copy, buttons.deleteSchedule, buttons.swapAircraft}) {
+            states += state ? '+' : '-';
+        }
+        return states + " " + std::string(buttons.deleteCaption.value_or("as it was"));
+    };
+    EXPECT_EQ(allowed(1, 0, "AC#1 - Boeing"), "---- as it was");
+    EXPECT_EQ(allowed(1, 1, scheduleRow(schedules.peek(1))), "++++ Delete");
+    EXPECT_EQ(allowed(2, 1, scheduleRow(schedules.peek(1))), "--++ Delete");
+    EXPECT_EQ(allowed(1, 2, scheduleRow(schedules.peek(2))), "+++- Undelete"); // no AC# code in its row
 }
 
 TEST_F(ScheduleListTest, TellsTheKindsOfRowsApart) {

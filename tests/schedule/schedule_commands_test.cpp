@@ -32,7 +32,6 @@ TEST_F(ScheduleCommandsTest, TheDefaultScheduleCarriesTheNumberOfTheOneBefore) {
     EXPECT_EQ(made.rules.text(), "IFR");
     EXPECT_FALSE(made.weekly);
     ASSERT_EQ(made.legcount, 2);
-    ASSERT_EQ(made.legs.size(), 2);
     LegRec leg = makeLeg("YPPH", "YPEA", "12:00:00", "123", 0);
     leg.hashindex = 3001;
     leg.arr = "00:00:00";
@@ -111,29 +110,21 @@ TEST_F(ScheduleCommandsTest, TogglesALeg) {
 }
 
 TEST(FindText, WalksFromHitToHit) {
-    const ListRows rows = {{"KSEA - Seattle"}, {"KPDX - Portland"}, {"ESSA - Stockholm"}, {""}};
-    std::int16_t last = -1;
-    EXPECT_EQ(findtext(rows, "sea", last), FindResult::Found);
-    EXPECT_EQ(last, 0);
-    EXPECT_EQ(findtext(rows, "STOCK", last), FindResult::Found);
-    EXPECT_EQ(last, 2);
-    EXPECT_EQ(findtext(rows, "stock", last), FindResult::AtEnd);
-    last = 0; // as the dialog starts: the first row is missed
-    EXPECT_EQ(findtext(rows, "seattle", last), FindResult::NoMore);
-    EXPECT_EQ(last, 0);
-    EXPECT_EQ(findtext(rows, "port", last), FindResult::Found);
-    EXPECT_EQ(last, 1);
-}
-
-TEST(FindText, AnEmptyTextMatchesAllButEmptyRows) {
-    const ListRows rows = {{"A"}, {""}, {"B"}, {""}};
-    std::int16_t last = -1;
-    EXPECT_EQ(findtext(rows, "", last), FindResult::Found);
-    EXPECT_EQ(last, 0);
-    EXPECT_EQ(findtext(rows, "", last), FindResult::Found);
-    EXPECT_EQ(last, 2);
-    EXPECT_EQ(findtext(rows, "", last), FindResult::AtEnd);
-    EXPECT_EQ(last, 2);
+    struct Step {
+        const char* text;
+        std::int16_t from;
+        FindResult result;
+        std::int16_t to;
+    };
+    const ListRows rows = {{"KSEA - Seattle"}, {"KPDX - Portland"}, {""}, {"ESSA - Stockholm"}, {""}};
+    for (const Step& step : {Step{"sea", -1, FindResult::Found, 0}, Step{"STOCK", 0, FindResult::Found, 3},
+                             Step{"stock", 3, FindResult::AtEnd, 3}, Step{"seattle", 0, FindResult::NoMore, 0},
+                             Step{"", -1, FindResult::Found, 0}, // an empty text matches all but empty rows
+                             Step{"", 1, FindResult::Found, 3}, Step{"", 3, FindResult::AtEnd, 3}}) {
+        std::int16_t last = step.from;
+        EXPECT_EQ(findtext(rows, step.text, last), step.result) << step.text << " from " << step.from;
+        EXPECT_EQ(last, step.to) << step.text << " from " << step.from;
+    }
 }
 
 } // namespace
