@@ -9,9 +9,8 @@ namespace {
 
 class DeleteByAirportTest : public Fixture {
   protected:
-    static std::int32_t addLoop(std::initializer_list<std::string_view> icaos) {
-        return addSchedule("AC#1,N1,100%,24HR,IFR", loopOver(icaos));
-    }
+    static std::int32_t addLegs(const std::vector<LegRec>& legs) { return addSchedule("AC#1,N1,100%,24HR,IFR", legs); }
+    static std::int32_t addLoop(std::initializer_list<std::string_view> icaos) { return addLegs(loopOver(icaos)); }
 
     // As in "x KLAX-KSEA" for a deleted leg; a deleted schedule starts with "X".
     static std::string stateOf(std::int32_t recnum) {
@@ -53,36 +52,26 @@ TEST_F(DeleteByAirportTest, MarksLegsAndWholeSchedules) {
     EXPECT_EQ(stateOf(5), "xKSFO-KLAX xKLAX-KSFO KSFO-KSEA xKSEA-KLAX xKLAX-KSFO");
 }
 
-TEST_F(DeleteByAirportTest, RepairCountsBeforeTheLegIsLookedAt) {
+TEST_F(DeleteByAirportTest, RepairsTheLegBefore) {
+    // In a chain that an earlier change has broken, the leg before a deleted one flies on to where that one began.
+    const std::int32_t before =
+        addLegs({makeLeg("KPDX", "KSEA"), makeLeg("KSFO", "KLAX"), makeLeg("LFPG", "EGLL"), makeLeg("EGKK", "KSFO")});
     // Leg 1 is deleted by its destination, and its origin goes into the last leg, which no longer matches by its own
     // destination but stands still afterwards and goes in the second pass.
-    const std::int32_t r = addSchedule("AC#1,N1,100%,24HR,IFR",
-                                       {makeLeg("KSEA", "KLAX"), makeLeg("KSFO", "KPDX"), makeLeg("KSEA", "KLAX")});
+    const std::int32_t last = addLegs({makeLeg("KSEA", "KLAX"), makeLeg("KSFO", "KPDX"), makeLeg("KSEA", "KLAX")});
+    const std::int32_t two = addLegs({makeLeg("KSEA", "KLAX"), makeLeg("KPDX", "KSEA")}); // get no repair
     deleteByAirport("KLAX");
-    EXPECT_EQ(stateOf(r), "xKSEA-KLAX KSFO-KPDX xKSEA-KSEA");
-}
-
-// In a chain that an earlier change has broken, the leg before a deleted one flies on to where that one began.
-TEST_F(DeleteByAirportTest, RepairsTheLegBefore) {
-    const std::int32_t r = addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("KPDX", "KSEA"), makeLeg("KSFO", "KLAX"),
-                                                                 makeLeg("LFPG", "EGLL"), makeLeg("EGKK", "KSFO")});
-    deleteByAirport("KLAX");
-    EXPECT_EQ(stateOf(r), "KPDX-KSFO xKSFO-KLAX LFPG-EGLL EGKK-KSFO");
+    EXPECT_EQ(stateOf(before), "KPDX-KSFO xKSFO-KLAX LFPG-EGLL EGKK-KSFO");
+    EXPECT_EQ(stateOf(last), "xKSEA-KLAX KSFO-KPDX xKSEA-KSEA");
+    EXPECT_EQ(stateOf(two), "xKSEA-KLAX KPDX-KSEA");
 }
 
 TEST_F(DeleteByAirportTest, LegsThatStandStillGoOnlyBesideAMatch) {
-    const std::vector<LegRec> legs{makeLeg("EGLL", "EGLL"), makeLeg("EGLL", "LFPG"), makeLeg("LFPG", "EGLL")};
-    const std::int32_t first = addSchedule("AC#1,N1,100%,24HR,IFR", legs);
+    const std::int32_t first = addLegs({makeLeg("EGLL", "EGLL"), makeLeg("EGLL", "LFPG"), makeLeg("LFPG", "EGLL")});
     deleteByAirport("KLAX");
     EXPECT_EQ(stateOf(first), "EGLL-EGLL EGLL-LFPG LFPG-EGLL");
     deleteByAirport("LFPG");
     EXPECT_EQ(stateOf(first), "xEGLL-EGLL xEGLL-LFPG xLFPG-EGLL");
-}
-
-TEST_F(DeleteByAirportTest, TwoLegsGetNoRepair) {
-    const std::int32_t r = addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("KSEA", "KLAX"), makeLeg("KPDX", "KSEA")});
-    deleteByAirport("KLAX");
-    EXPECT_EQ(stateOf(r), "xKSEA-KLAX KPDX-KSEA");
 }
 
 TEST_F(DeleteByAirportTest, PatternsMatchTheFirstCharacters) {
@@ -99,7 +88,7 @@ TEST_F(DeleteByAirportTest, PatternsMatchTheFirstCharacters) {
 }
 
 TEST_F(DeleteByAirportTest, AShortDestinationEndsTheMatter) {
-    const std::int32_t r = addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("KLAX", "L52"), makeLeg("L52", "KLAX")});
+    const std::int32_t r = addLegs({makeLeg("KLAX", "L52"), makeLeg("L52", "KLAX")});
     deleteByAirport("KLAX");
     EXPECT_EQ(stateOf(r), "KLAX-L52 xL52-KLAX");
     deleteByAirport("KLAXXXXXX"); // longer than any code

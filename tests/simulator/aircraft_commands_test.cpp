@@ -32,9 +32,7 @@ class AircraftCommands : public MainWindowFixture {
 
     [[nodiscard]] std::string savedAircraft() const {
         const std::string file = path("Aircraft.txt");
-        const Expectation boxes =
-            answerBoxes({{"Overwrite " + file + "?", QMessageBox::Yes}, {"Aircraft saved to " + file}});
-        press("cmdSaveAircraft");
+        press("cmdSaveAircraft", {{"Overwrite " + file + "?", QMessageBox::Yes}, {"Aircraft saved to " + file}});
         return readFile("Aircraft.txt");
     }
 };
@@ -43,19 +41,13 @@ TEST_F(AircraftCommands, SubstitutesAMissingAircraft) {
     ASSERT_EQ(rowsOf(list("List3").rows()), "AC#2 - \"Gone\"|AC#5 - \"Lost\"|");
     press("cmdSubAC"); // nothing is picked: no dialog
     clickRow(list("List3"), 0);
-    {
-        const Expectation dialog = expectDialog("frmAircraftSub", cancel);
-        press("cmdSubAC");
-    }
+    press("cmdSubAC", "frmAircraftSub", cancel);
     EXPECT_FALSE(form().unsavedchanges);
     EXPECT_EQ(list("List3").rowCount(), 2);
-    {
-        const Expectation dialog = expectDialog("frmAircraftSub", [&](QDialog& sub) {
-            EXPECT_EQ(rowsOf(control<ListBox>(sub, "List1").rows()), "AC#1 - \"Boeing 737\"|AC#3 - \"Airbus\"||");
-            pickAircraft(sub, 1);
-        });
-        press("cmdSubAC");
-    }
+    press("cmdSubAC", "frmAircraftSub", [&](QDialog& sub) {
+        EXPECT_EQ(rowsOf(control<ListBox>(sub, "List1").rows()), "AC#1 - \"Boeing 737\"|AC#3 - \"Airbus\"||");
+        pickAircraft(sub, 1);
+    });
     EXPECT_TRUE(form().unsavedchanges);
     EXPECT_EQ(rowsOf(list("List3").rows()), "AC#5 - \"Lost\"|");
     EXPECT_EQ(rowsOf(combo("cmbAC").rows()),
@@ -68,8 +60,7 @@ TEST_F(AircraftCommands, SubstitutesAMissingAircraft) {
 TEST_F(AircraftCommands, ARowWithoutMatchLeavesTheListAlone) {
     clickRow(list("List3"), 1);
     combo("cmbAC").setRowText(3, "AC#5 - \"Renamed\"");
-    const Expectation dialog = expectDialog("frmAircraftSub", [&](QDialog& sub) { pickAircraft(sub, 0); });
-    press("cmdSubAC");
+    press("cmdSubAC", "frmAircraftSub", [&](QDialog& sub) { pickAircraft(sub, 0); });
     EXPECT_EQ(rowsOf(list("List3").rows()), "AC#2 - \"Gone\"|");
     EXPECT_EQ(aircraft[4].title.text(), "\"Lost\"");
     EXPECT_FALSE(form().unsavedchanges);
@@ -77,25 +68,16 @@ TEST_F(AircraftCommands, ARowWithoutMatchLeavesTheListAlone) {
 
 TEST_F(AircraftCommands, AddsSimulatorAircraft) {
     const std::string question = "This will add any new FS Aircraft to AIRCRAFT.TXT.  Are you sure?";
-    {
-        const Expectation boxes = answerBoxes({{question, QMessageBox::No}});
-        press("cmdAddFS");
-    }
+    press("cmdAddFS", {{question, QMessageBox::No}});
     EXPECT_FALSE(form().unsavedchanges);
-    {
-        const Expectation boxes = answerBoxes({{question, QMessageBox::Yes}});
-        press("cmdAddFS");
-    }
+    press("cmdAddFS", {{question, QMessageBox::Yes}});
     EXPECT_TRUE(form().unsavedchanges);
     EXPECT_EQ(combo("cmbAC").rowText(3), "AC#4 - \"New one\"");
     EXPECT_EQ(combo("cmbAC").currentRow(), 0);
     EXPECT_EQ(savedAircraft(), "AC#1,250,\"Boeing 737\"\r\nAC#2,300,\"Gone\"\r\nAC#3,400,\"Airbus\"\r\n"
                                "AC#4,250,\"New one\"\r\nAC#5,120,\"Lost\"\r\n");
     form().unsavedchanges = false;
-    {
-        const Expectation boxes = answerBoxes({{question, QMessageBox::Yes}, {"No new aircraft found"}});
-        press("cmdAddFS");
-    }
+    press("cmdAddFS", {{question, QMessageBox::Yes}, {"No new aircraft found"}});
     EXPECT_TRUE(form().unsavedchanges); // whether or not anything new turned up
 }
 
@@ -103,15 +85,9 @@ TEST_F(AircraftCommands, DeletesAnAircraftWithItsSchedules) {
     press("cmdListall");
     clickRow(list("List3"), 0); // AC#2 into the combo box
     const std::string question = "Are you sure?  This will also delete all schedules for this aircraft.";
-    {
-        const Expectation boxes = answerBoxes({{question, QMessageBox::No}});
-        press("cmdDeleteAC");
-    }
+    press("cmdDeleteAC", {{question, QMessageBox::No}});
     EXPECT_FALSE(form().unsavedchanges);
-    {
-        const Expectation boxes = answerBoxes({{question, QMessageBox::Yes}});
-        press("cmdDeleteAC");
-    }
+    press("cmdDeleteAC", {{question, QMessageBox::Yes}});
     EXPECT_TRUE(form().unsavedchanges);
     EXPECT_EQ(rowsOf(list("List3").rows()), "AC#5 - \"Lost\"|");
     EXPECT_EQ(rowsOf(combo("cmbAC").rows()), "AC#1 - \"Boeing 737\"|AC#3 - \"Airbus\"|AC#5 - \"Lost\"|");
@@ -128,18 +104,12 @@ TEST_F(AircraftCommands, SwapsTheAircraftOfSelectedSchedules) {
     clickRow(list("List1"), 1);
     clickRow(list("List1"), 4, Qt::ControlModifier); // the closing row takes no part
     clickRow(list("List1"), 2, Qt::ControlModifier);
-    {
-        const Expectation dialog = expectDialog("frmAircraftSub", cancel);
-        press("cmdSwapAC");
-    }
+    press("cmdSwapAC", "frmAircraftSub", cancel);
     EXPECT_FALSE(form().unsavedchanges);
-    {
-        const Expectation dialog = expectDialog("frmAircraftSub", [&](QDialog& sub) {
-            EXPECT_EQ(fromQString(control<QLabel>(sub, "lblCurrent").text()), "AC#2");
-            pickAircraft(sub, 1);
-        });
-        press("cmdSwapAC");
-    }
+    press("cmdSwapAC", "frmAircraftSub", [&](QDialog& sub) {
+        EXPECT_EQ(fromQString(control<QLabel>(sub, "lblCurrent").text()), "AC#2");
+        pickAircraft(sub, 1);
+    });
     EXPECT_TRUE(form().unsavedchanges);
     EXPECT_EQ(list("List1").currentRow(), 2);
     EXPECT_TRUE(list("List1").rowText(1).starts_with("AC#3 - \"Airbus\" GBBB"));

@@ -91,36 +91,5 @@ TEST_F(AircraftReportTest, AFaultEndsTheReportAndTheLinesSoFarStay) {
     EXPECT_TRUE(recorder.messages.empty());
 }
 
-TEST_F(AircraftReportTest, TheDemosSimulators) {
-    const auto copied = [&](const std::string& name) {
-        fs::copy(fs::path(VANTOR_DEMO) / name, folder() / name, fs::copy_options::recursive);
-        fsaircraftpath = path(name + "\\aircraft\\");
-    };
-    const auto texture = [&](const std::string& name, const std::string& variant) {
-        return at(name) + " texture folder 'textures." + variant + "' is missing.\r\n";
-    };
-    const auto model = [&](const std::string& name, const std::string& file) {
-        return at(name) + " air file " + file + ".AIR is missing.\r\n";
-    };
-    const auto unused = [&](const std::string& name, const std::string& small, const std::string& capitals) {
-        return at(name) + "texture." + small + " folder found but " + capitals +
-               " variant not in AIRCRAFT.CFG file.\r\n";
-    };
-    copied("FS2002");
-    EXPECT_EQ(report(), texture("A320", "saffron2") + unused("B747_400", "bluegum_old", "BLUEGUM_OLD") + "\r\n" +
-                            model("B767_300", "B763ER") + texture("Beech1900D", "kowhai_new") +
-                            texture("MD82", "polarsnd") + unused("MD82", "polarsund", "POLARSUND") +
-                            unused("MD82", "polarsund_2001", "POLARSUND_2001") + "\r\n" + texture("PA28", "stripes") +
-                            model("PC9", "PC9") + unused("Saab340", "blank", "BLANK") + "\r\n");
-    copied("FS2004");
-    EXPECT_EQ(report(), texture("A319", "tirreno2004") + unused("A319", "tirreno", "TIRRENO") + "\r\n" +
-                            texture("A320", "quetzal_n") + model("A340_300", "A343_HSW") +
-                            texture("b737-300", "danube1") + unused("B747-400", "tsubame_99", "TSUBAME_99") + "\r\n" +
-                            model("BAe146", "BAE146") + model("BAe146", "BAE146") +
-                            unused("CRJ200", "primer", "PRIMER") + unused("CRJ200", "white", "WHITE") + "\r\n" +
-                            texture("Dash8-Q300", "islander") + texture("Fokker 100", "lutece_old") +
-                            unused("MD82", "gullwing", "GULLWING") + "\r\n");
-}
-
 } // namespace
 } // namespace vantor::test
