@@ -69,19 +69,20 @@ TEST_F(ErrorReportTest, ThePreviewMarksWhereTheMailWillBeCut) {
 
 TEST_F(ErrorReportTest, AFailureMetWhileOneIsShownGoesToTheRing) {
     std::vector<std::string> shown;
-    useErrorReporter([&](std::string_view text, std::string_view) {
-        shown.emplace_back(text);
+    useErrorReporter([&](std::string_view text, std::string_view topic) {
+        shown.push_back(std::string(text).append(topic));
         if (text == "outer") {
             showerr("inner", "");
         }
     });
     showerr("outer", "");
     EXPECT_EQ(newestAction(), "inner in showerr of module mSHAREDShowError");
-    showerr("next", "");
-    EXPECT_EQ(shown, (std::vector<std::string>{"outer", "next"}));
+    showerr("next", " topic");
+    EXPECT_EQ(shown, (std::vector<std::string>{"outer", "next topic"}));
 
     useErrorReporter([](std::string_view, std::string_view) { throw std::runtime_error("no window"); });
     showerr("lost", "");
+    EXPECT_EQ(newestAction(), "no window(51) in showerr of module mSHAREDShowError");
     useErrorReporter({});
     showerr("plain", ""); // the fault above did not block the way
     EXPECT_EQ(recorder.messages, std::vector<std::string>{"plain"});

@@ -1,5 +1,4 @@
 // Numbered errors, the mapping of the system's failures to them, and the standard trap.
-#include "foundation/error_report.h"
 #include "foundation/log.h"
 #include "foundation/trap.h"
 #include "support/expect_error.h"
@@ -61,20 +60,6 @@ TEST_F(Errors, ATrapHoldsWhenTheLogIsOutOfReach) {
         trap([&] { throw Error(1000 + fault, "Fault"); });
     }
     EXPECT_EQ(newestAction(), "Fault(1120) in sub x of module m");
-}
-
-TEST_F(Errors, FailuresAreShownAndNothingComesBack) {
-    showerr("plain", "");
-    EXPECT_EQ(recorder.messages, std::vector<std::string>{"plain"});
-
-    std::string shown;
-    useErrorReporter([&](std::string_view text, std::string_view topic) {
-        shown = std::string(text).append("|").append(topic);
-        throw Error(ErrorCode::InternalError);
-    });
-    showerr("text", "topic");
-    EXPECT_EQ(shown, "text|topic");
-    EXPECT_EQ(newestAction(), "Internal error(51) in showerr of module mSHAREDShowError");
 }
 
 } // namespace

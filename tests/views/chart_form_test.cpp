@@ -5,7 +5,6 @@
 #include "support/traffic.h"
 #include "views/frmChart.h"
 
-#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 
@@ -22,16 +21,8 @@ class ChartFormTest : public Fixture {
 
     // Where a colour stands in the chart; null when it doesn't.
     static QRect extent(QDialog& form, QRgb colour) {
-        const QImage image = control<PictureBox>(form, "picChart").surface().toImage();
-        QRect found;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixel(x, y) == colour) {
-                    found |= QRect(x, y, 1, 1);
-                }
-            }
-        }
-        return found;
+        return extentOf(control<PictureBox>(form, "picChart").surface().toImage(),
+                        [&](QRgb pixel) { return pixel == colour; });
     }
 
     // Shows the chart of an airport and hands it to `user`.
@@ -50,21 +41,13 @@ class ChartFormTest : public Fixture {
     const QRgb blue = qRgb(0, 0, 255);
 };
 
-TEST_F(ChartFormTest, ShowsTheAirportAndTheDailyView) {
+TEST_F(ChartFormTest, ShowsTheAirportDailyAndADayOfTheListDrawsAnew) {
     show("AAAA - Some & Where", [&](QDialog& form) {
-        EXPECT_EQ(form.windowTitle(), QStringLiteral("Chart"));
         EXPECT_EQ(control<QLabel>(form, "lblTraffic").text(), QStringLiteral("AAAA - Some & Where"));
-        EXPECT_EQ(control<ComboBox>(form, "cmbDay").text(), "Daily");
-        EXPECT_EQ(control<ComboBox>(form, "cmbDay").rowCount(), 8);
-        EXPECT_EQ(control<ComboBox>(form, "cmbDay").rowText(7), "Sat Only");
+        auto& days = control<ComboBox>(form, "cmbDay");
+        EXPECT_EQ(days.text(), "Daily");
         EXPECT_FALSE(extent(form, red).isNull());
         EXPECT_TRUE(extent(form, blue).isNull());
-    });
-}
-
-TEST_F(ChartFormTest, ADayOfTheListDrawsAnew) {
-    show("AAAA", [&](QDialog& form) {
-        auto& days = control<ComboBox>(form, "cmbDay");
         pickRow(days, 2); // Monday is day 1
         EXPECT_TRUE(extent(form, red).isNull());
         EXPECT_FALSE(extent(form, blue).isNull());
