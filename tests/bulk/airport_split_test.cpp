@@ -7,7 +7,6 @@
 namespace vantor::test {
 namespace {
 
-const char* const columns = "AC#1,N1,100%,24HR,IFR";
 const std::string unknown = " is not a recognised airport code.  Add the airport to Airports.txt before using it.";
 
 class AirportSplitTest : public Fixture {
@@ -43,7 +42,7 @@ TEST_F(AirportSplitTest, DealsOutTheSharesOfTheTable) {
         std::string expected;
         std::string dealt;
         for (int i = 0; i < 28; ++i) { // 42 legs: two cycles
-            addSchedule(columns, i % 2 == 0 ? loopOver({"EGLL", "LFPG"}) : loopOver({"LFPG", "EGLL", "KSEA", "EGLL"}));
+            addLegs(i % 2 == 0 ? loopOver({"EGLL", "LFPG"}) : loopOver({"LFPG", "EGLL", "KSEA", "EGLL"}));
         }
         EXPECT_EQ(replaceicao("EGLL", "EGKK", "EGSS", share.percent),
                   "Changed " + std::to_string(2 * share.first) + " EGLL to EGKK and " +
@@ -62,8 +61,8 @@ TEST_F(AirportSplitTest, DealsOutTheSharesOfTheTable) {
 }
 
 TEST_F(AirportSplitTest, TheNextLegStartsAtTheNewAirport) {
-    addSchedule(columns, loopOver({"LFPG", "EGLL", "KSEA", "EGLL"}));
-    addSchedule(columns, loopOver({"LFPG", "egll"}));
+    addLegs(loopOver({"LFPG", "EGLL", "KSEA", "EGLL"}));
+    addLegs(loopOver({"LFPG", "egll"}));
     changeSchedule(1, [](ScheduleRec& schedule) { schedule.legs[2].deleted = true; });
     SplitBoxes boxes{" egll", "egkk ", " egss", "50%"};
     EXPECT_EQ(splitAirport(boxes),
@@ -76,7 +75,7 @@ TEST_F(AirportSplitTest, TheNextLegStartsAtTheNewAirport) {
 }
 
 TEST_F(AirportSplitTest, RunsWithAnyAirportToTakeFrom) {
-    addSchedule(columns, loopOver({"LFPG", "EGLL"}));
+    addLegs(loopOver({"LFPG", "EGLL"}));
     SplitBoxes boxes{"", "EGKK", "EGSS", "5%"};
     EXPECT_EQ(splitAirport(boxes), (BulkOutcome{"Changed 0  to EGKK and 0  to EGSS", true, true}));
     boxes = {"EGLL", "EGLL", "EGLL", "0%"};
@@ -85,7 +84,7 @@ TEST_F(AirportSplitTest, RunsWithAnyAirportToTakeFrom) {
 }
 
 TEST_F(AirportSplitTest, RefusesAndLeavesTheTrafficAlone) {
-    addSchedule(columns, loopOver({"LFPG", "EGLL"}));
+    addLegs(loopOver({"LFPG", "EGLL"}));
     const auto refusal = [](SplitBoxes boxes) {
         const BulkOutcome outcome = splitAirport(boxes);
         EXPECT_FALSE(outcome.setsUnsaved || outcome.clearsLists);
@@ -99,7 +98,7 @@ TEST_F(AirportSplitTest, RefusesAndLeavesTheTrafficAlone) {
 }
 
 TEST_F(AirportSplitTest, MovesOneAircraft) {
-    addSchedule("AC#1,N1,100%,24HR,IFR", loopOver({"EGLL", "LFPG", "EGSS"}));
+    addLegs(loopOver({"EGLL", "LFPG", "EGSS"}));
     addSchedule("AC#2,N2,100%,24HR,IFR", loopOver({"EGLL", "LFPG"}));
     addSchedule("AC#1,N3,100%,24HR,IFR", {makeLeg("EGLL", "LFPG"), makeLeg("LFPG", "KSEA")}); // an origin alone
     addSchedule("AC#1,N4,100%,24HR,IFR", {makeLeg("EGLL", "EGLL"), makeLeg("EGLL", "LFPG")});

@@ -9,7 +9,6 @@ namespace {
 
 class DeleteByAirportTest : public Fixture {
   protected:
-    static std::int32_t addLegs(const std::vector<LegRec>& legs) { return addSchedule("AC#1,N1,100%,24HR,IFR", legs); }
     static std::int32_t addLoop(std::initializer_list<std::string_view> icaos) { return addLegs(loopOver(icaos)); }
 
     // As in "x KLAX-KSEA" for a deleted leg; a deleted schedule starts with "X".

@@ -14,7 +14,7 @@ class FlightLevelTest : public Fixture {
   protected:
     void SetUp() override {
         Fixture::SetUp();
-        addSchedule("AC#1,N1,100%,24HR,IFR", loopOver({"KSEA", "KLAX", "KSEA", "KLAX"}));
+        addLegs(loopOver({"KSEA", "KLAX", "KSEA", "KLAX"}));
         addSchedule("AC#2,N2,100%,24HR,IFR", loopOver({"EGLL", "LFPG"}));
         changeSchedule(1, [](ScheduleRec& schedule) {
             schedule.deleted = true; // deleted ones change like others

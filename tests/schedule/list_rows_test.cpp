@@ -32,7 +32,7 @@ TEST_F(ScheduleListTest, ShowsASchedule) {
     addSchedule("AC#12, VH-ABC ,100%,24HR,ifr", loopOver({"YPPH", "YPEA", "YMML", "YSSY"}));
     addSchedule("AC#7,X,100%,24HR,IFR", loopOver({"YPPH", "YPEA"}));
     addSchedule("AC#12,V,50%,WEEK,VF", loopOver({"YPPH"}));
-    addSchedule("AC#1,N1,100%,24HR,IFR", {}); // no legs: never shown
+    addLegs({}); // no legs: never shown
     countDroppedLine();
     changeSchedule(2, [](ScheduleRec& record) { record.deleted = true; });
     // An unknown aircraft shows its code twice, and short rules keep their padding.

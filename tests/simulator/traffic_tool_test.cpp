@@ -29,10 +29,10 @@ class MissingAirportsTest : public Fixture {
 
 TEST_F(MissingAirportsTest, EachCodeOnceInTheOrderOfFirstMeeting) {
     EXPECT_EQ(found(), "-");
-    addSchedule("AC#1,N1,100%,24HR,IFR", loopOver({"EGLL", "LFPG"}));
+    addLegs(loopOver({"EGLL", "LFPG"}));
     EXPECT_EQ(found(), "-");
-    addSchedule("AC#1,N2,100%,24HR,IFR", loopOver({"ZZZZ", "EGLL", "AAAA"}));
-    addSchedule("AC#1,N3,100%,24HR,IFR", loopOver({"AAAA", "egll"})); // case counts
+    addLegs(loopOver({"ZZZZ", "EGLL", "AAAA"}));
+    addLegs(loopOver({"AAAA", "egll"})); // case counts
     recorder.pointers.clear();
     EXPECT_EQ(found(), "AAAA ZZZZ egll ");
     EXPECT_EQ(recorder.pointers.front(), Pointer::Busy);
@@ -40,16 +40,16 @@ TEST_F(MissingAirportsTest, EachCodeOnceInTheOrderOfFirstMeeting) {
 }
 
 TEST_F(MissingAirportsTest, DeletedAndDestinationsAloneDontCount) {
-    const std::int32_t gone = addSchedule("AC#1,N1,100%,24HR,IFR", loopOver({"AAAA", "BBBB"}));
+    const std::int32_t gone = addLegs(loopOver({"AAAA", "BBBB"}));
     changeSchedule(gone, [](ScheduleRec& schedule) { schedule.deleted = true; });
-    const std::int32_t leg = addSchedule("AC#1,N2,100%,24HR,IFR", {makeLeg("CCCC", "EGLL"), makeLeg("EGLL", "DDDD")});
+    const std::int32_t leg = addLegs({makeLeg("CCCC", "EGLL"), makeLeg("EGLL", "DDDD")});
     changeSchedule(leg, [](ScheduleRec& schedule) { schedule.legs[1].deleted = true; });
     countDroppedLine();
     EXPECT_EQ(found(), "-");
 }
 
 TEST_F(MissingAirportsTest, ACodeInsideTheListIsNotAdded) {
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("XABC", "EGLL"), makeLeg("ABC", "EGLL"), makeLeg("XAB", "EGLL")});
+    addLegs({makeLeg("XABC", "EGLL"), makeLeg("ABC", "EGLL"), makeLeg("XAB", "EGLL")});
     EXPECT_EQ(found(), "XABC XAB "); // ABC and its blank stand in XABC and its blank, XAB and its blank don't
     EXPECT_EQ(found("12XABC XAB "), "12XABC XAB ");
 }
@@ -59,15 +59,14 @@ TEST_F(MissingAirportsTest, AnAirportCalledLikeAMissIsMissing) {
     addAirport("-1.0", "odd");
     addAirport("-1X", "odd");
     addAirport("-2", "odd");
-    addSchedule("AC#1,N1,100%,24HR,IFR",
-                {makeLeg("-1", "EGLL"), makeLeg("-1.0", "EGLL"), makeLeg("-1X", "EGLL"), makeLeg("-2", "EGLL")});
+    addLegs({makeLeg("-1", "EGLL"), makeLeg("-1.0", "EGLL"), makeLeg("-1X", "EGLL"), makeLeg("-2", "EGLL")});
     EXPECT_EQ(found(), "-1 -1.0 ");
 }
 
 TEST_F(MissingAirportsTest, AScheduleWithFewerLegsThanItTellsIsRecordedAndPassed) {
-    const std::int32_t broken = addSchedule("AC#1,N1,100%,24HR,IFR", loopOver({"EGLL", "LFPG"}));
+    const std::int32_t broken = addLegs(loopOver({"EGLL", "LFPG"}));
     changeSchedule(broken, [](ScheduleRec& schedule) { schedule.legcount = 3; });
-    addSchedule("AC#1,N2,100%,24HR,IFR", loopOver({"ZZZZ", "EGLL"}));
+    addLegs(loopOver({"ZZZZ", "EGLL"}));
     EXPECT_EQ(found(), "ZZZZ ");
     EXPECT_TRUE(newestAction().starts_with("Subscript out of range(9) in function airportsmissing")) << newestAction();
 }

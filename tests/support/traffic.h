@@ -102,6 +102,11 @@ inline std::int32_t addSchedule(std::string_view columns, const std::vector<LegR
     return record.recnum;
 }
 
+/// Adds a plain schedule of these legs: of AC#1, daily.
+inline std::int32_t addLegs(const std::vector<LegRec>& legs) {
+    return addSchedule("AC#1,N1,100%,24HR,IFR", legs);
+}
+
 /// Changes a stored schedule: `change` gets a copy, which is written back.
 template <class Change>
 void changeSchedule(std::int32_t recnum, Change&& change) {

@@ -15,7 +15,7 @@ class ChartFormTest : public Fixture {
   protected:
     void SetUp() override {
         Fixture::SetUp();
-        addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "BBBB", "06:00:00")});
+        addLegs({makeLeg("AAAA", "BBBB", "06:00:00")});
         addSchedule("AC#1,N1,100%,WEEK,IFR", {makeWeeklyLeg(1, "BBBB", "AAAA", "18:00:00")});
     }
 

@@ -71,7 +71,7 @@ TEST_F(GatesTest, DeletedAndWeeklyAreLeftOutButNotTheNextLeg) {
     // The leg after the last is the first: a lone leg waits for its own departure.
     LegRec lone = makeLeg("AAAA", "AAAA", "15:00:00");
     lone.arr = "13:00:00";
-    addSchedule("AC#1,N1,100%,24HR,IFR", {lone});
+    addLegs({lone});
     EXPECT_EQ(counted(), "13:1 14:1 15:1 ");
 }
 

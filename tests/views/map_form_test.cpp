@@ -19,7 +19,7 @@ class MapFormTest : public Fixture {
         Fixture::SetUp();
         addAirport("AAAA", "A", 0, 0);
         addAirport("BBBB", "B", 60, 120);
-        addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "BBBB")});
+        addLegs({makeLeg("AAAA", "BBBB")});
     }
 
     // Shows the map with an airport picked and hands it to `user`.

@@ -17,8 +17,7 @@ class MovementChartTest : public Fixture {
     }
 
     void addDepartures(int count, std::string_view dep) {
-        addSchedule("AC#1,N1,100%,24HR,IFR",
-                    std::vector<LegRec>(static_cast<std::size_t>(count), makeLeg("AAAA", "BBBB", dep)));
+        addLegs(std::vector<LegRec>(static_cast<std::size_t>(count), makeLeg("AAAA", "BBBB", dep)));
     }
 
     RecordingCanvas canvas;
@@ -26,7 +25,7 @@ class MovementChartTest : public Fixture {
 
 TEST_F(MovementChartTest, BarsStandInPairsOnTheirHours) {
     addDepartures(4, "02:00:00");
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("CCCC", "AAAA", "03:00:00")});
+    addLegs({makeLeg("CCCC", "AAAA", "03:00:00")});
     drawMovementChart(canvas, "AAAA - Somewhere", dailyView);
 
     ASSERT_GE(canvas.calls.size(), 3U);

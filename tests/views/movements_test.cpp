@@ -59,7 +59,7 @@ TEST_F(MovementsTest, WeeklySchedulesCountOnTheirDay) {
 TEST_F(MovementsTest, DeletedOnesDoNotCountAndARoundLegIsADeparture) {
     changeSchedule(addRound("02:00:00", "03:00:00", "24HR"), [](ScheduleRec& s) { s.deleted = true; });
     changeSchedule(addRound("04:00:00", "05:00:00", "24HR"), [](ScheduleRec& s) { s.legs[1].deleted = true; });
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "AAAA", "07:00:00")});
+    addLegs({makeLeg("AAAA", "AAAA", "07:00:00")});
     countDroppedLine();
     EXPECT_EQ(movements(dailyView), "7:1 / 5:1 ");
 }
@@ -77,7 +77,7 @@ TEST_F(MovementsTest, APeriodThatLeadsNowhereCountsOnce) {
 
 TEST_F(MovementsTest, ACountStaysWithinSixteenBits) {
     for (int i = 0; i < 37; ++i) {
-        addSchedule("AC#1,N1,100%,24HR,IFR", std::vector<LegRec>(900, makeLeg("AAAA", "BBBB", "01:00:00")));
+        addLegs(std::vector<LegRec>(900, makeLeg("AAAA", "BBBB", "01:00:00")));
     }
     EXPECT_EQ(movements(dailyView), "1:32767 / ");
     EXPECT_EQ(newestAction(), "Overflow(6) in sub countflights of module modCountFlights");

@@ -24,8 +24,7 @@ class PrintingTest : public Fixture {
         addAircraft("AC#1", "\"Boeing 737-400\"");
         addAirport("YPPH", "Perth, Western Australia");
         addAirport("YPEA", "Pearce");
-        addSchedule("AC#1,N1,100%,24HR,IFR",
-                    {makeLeg("YPEA", "YPPH", "11:00:00"), makeLeg("YPPH", "YPEA", "12:30:00")});
+        addLegs({makeLeg("YPEA", "YPPH", "11:00:00"), makeLeg("YPPH", "YPEA", "12:30:00")});
     }
 
     [[nodiscard]] QString pdf() const { return QString::fromStdString((folder() / "schedule.pdf").string()); }

@@ -45,7 +45,7 @@ class RouteMapTest : public Fixture {
 };
 
 TEST_F(RouteMapTest, LineMarkAndLabelToTheUnit) {
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "BBBB")});
+    addLegs({makeLeg("AAAA", "BBBB")});
     drawRouteMap(canvas, "aaaa");
     // A lies at (4000, 1700), B at (4400, 2100); a character is 90 wide and 200 high.
     EXPECT_EQ(canvas.calls, (std::vector<CanvasCall>{
@@ -55,20 +55,20 @@ TEST_F(RouteMapTest, LineMarkAndLabelToTheUnit) {
 }
 
 TEST_F(RouteMapTest, AnArrivalGoesToTheOriginOfTheLegBefore) {
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "BBBB"), makeLeg("BBBB", "CCCC"), makeLeg("CCCC", "AAAA")});
+    addLegs({makeLeg("AAAA", "BBBB"), makeLeg("BBBB", "CCCC"), makeLeg("CCCC", "AAAA")});
     EXPECT_EQ(linesOf("CCCC"), "rAAAA gAAAA ");
     // A first leg sees the last origin of the schedule before, and the very first leg of all sees none.
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("BBBB", "CCCC")});
+    addLegs({makeLeg("BBBB", "CCCC")});
     EXPECT_EQ(linesOf("CCCC"), "rAAAA gAAAA rCCCC ");
     EXPECT_EQ(linesOf("BBBB"), "gCCCC ");
 }
 
 TEST_F(RouteMapTest, DeletedAndWeeklyAreDrawnUnknownAirportsAreNot) {
-    changeSchedule(addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "BBBB")}),
-                   [](ScheduleRec& schedule) { schedule.deleted = true; });
-    changeSchedule(addSchedule("AC#1,N1,100%,WEEK,IFR", {makeWeeklyLeg(1, "AAAA", "CCCC")}),
-                   [](ScheduleRec& schedule) { schedule.legs[1].deleted = true; });
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "ZZZZ")});
+    addLegs({makeLeg("AAAA", "BBBB")});
+    changeSchedule(1, [](ScheduleRec& schedule) { schedule.deleted = true; });
+    addSchedule("AC#1,N1,100%,WEEK,IFR", {makeWeeklyLeg(1, "AAAA", "CCCC")});
+    changeSchedule(2, [](ScheduleRec& schedule) { schedule.legs[1].deleted = true; });
+    addLegs({makeLeg("AAAA", "ZZZZ")});
     countDroppedLine();
     EXPECT_EQ(linesOf("AAAA"), "gBBBB gCCCC ");
     // An unknown centre lies at 0, 0.
@@ -77,22 +77,15 @@ TEST_F(RouteMapTest, DeletedAndWeeklyAreDrawnUnknownAirportsAreNot) {
 }
 
 TEST_F(RouteMapTest, ALegToItsOwnOriginIsDrawnInBothColours) {
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "AAAA"), makeLeg("AAAA", "AAAA")});
+    addLegs({makeLeg("AAAA", "AAAA"), makeLeg("AAAA", "AAAA")});
     EXPECT_EQ(linesOf("AAAA"), "rAAAA gAAAA ");
     EXPECT_EQ(canvas.all<DrawnLine>()[0], (DrawnLine{4000, 1700, 4000, 1700, red}));
 }
 
 TEST_F(RouteMapTest, OfEqualRoutesTheLastDrawnStands) {
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "BBBB"), makeLeg("AAAA", "CCCC"), makeLeg("BBBB", "CCCC"),
-                                          makeLeg("CCCC", "AAAA"), makeLeg("AAAA", "BBBB")});
+    addLegs({makeLeg("AAAA", "BBBB"), makeLeg("AAAA", "CCCC"), makeLeg("BBBB", "CCCC"), makeLeg("CCCC", "AAAA"),
+             makeLeg("AAAA", "BBBB")});
     EXPECT_EQ(linesOf("AAAA"), "gCCCC rBBBB gBBBB ");
-}
-
-TEST_F(RouteMapTest, WithoutAirportsOnlyTheCentreShows) {
-    resetTables();
-    addSchedule("AC#1,N1,100%,24HR,IFR", {makeLeg("AAAA", "BBBB")});
-    drawRouteMap(canvas, "AAAA");
-    EXPECT_EQ(canvas.calls, (std::vector<CanvasCall>{Cleared{}, DrawnText{3600 - 45, 1800 - 100, "o"}}));
 }
 
 TEST(MapWindow, LayoutFollowsTheWindowUnlessTooSmall) {

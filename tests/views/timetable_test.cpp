@@ -36,12 +36,12 @@ class TimetableTest : public Fixture {
 };
 
 TEST_F(TimetableTest, ToldToTheCharacterInClockOrder) {
-    addSchedule("AC#1,N1,100%,24HR,IFR",
-                {leg("YPEA", "YPPH", "11:00:00", "12:30:00", "7"), leg("YPPH", "YPEA", "12:30:00", "13:05:00", "8")});
+    addLegs({leg("YPEA", "YPPH", "11:00:00", "12:30:00", "7"), leg("YPPH", "YPEA", "12:30:00", "13:05:00", "8")});
     addSchedule("AC#9,N1,100%,24HR,IFR", {leg("YPPH", "ZZZZ", "09:15:00", "10:00:00", "9")});
-    EXPECT_EQ(texts("YPPH"),
-              (Rows{"09:15 >D> Flight 9 to ZZZZ  AC: AC#9", "12:30 <A< Flight 7 from Pearce AC: \"Boeing 737-400\"",
-                    "12:30 >D> Flight 8 to Pearce  AC: \"Boeing 737-400\"", ""}));
+    addSchedule("AC#9,N1,100%,24HR,IFR", {leg("YPPH", "YPPH", "10:00:00", "11:00:00", "5")}); // departs only
+    EXPECT_EQ(texts("YPPH"), (Rows{"09:15 >D> Flight 9 to ZZZZ  AC: AC#9", "10:00 >D> Flight 5 to Perth  AC: AC#9",
+                                   "12:30 <A< Flight 7 from Pearce AC: \"Boeing 737-400\"",
+                                   "12:30 >D> Flight 8 to Pearce  AC: \"Boeing 737-400\"", ""}));
     // The other airport's name goes up to its comma.
     EXPECT_EQ(texts("YPEA"), (Rows{"11:00 >D> Flight 7 to Perth  AC: \"Boeing 737-400\"",
                                    "13:05 <A< Flight 8 from Perth AC: \"Boeing 737-400\"", ""}));
@@ -61,9 +61,9 @@ TEST_F(TimetableTest, EachRepetitionHasItsRow) {
 }
 
 TEST_F(TimetableTest, DeletedWeeklyAndOtherCasesAreLeftOut) {
-    const std::int32_t first = addSchedule("AC#1,N1,100%,24HR,IFR", {leg("YPPH", "YPEA", "01:00:00", "02:00:00")});
+    const std::int32_t first = addLegs({leg("YPPH", "YPEA", "01:00:00", "02:00:00")});
     addSchedule("AC#1,N1,100%,WEEK,IFR", {makeWeeklyLeg(1, "YPPH", "YPEA"), makeWeeklyLeg(2, "YPEA", "YPPH")});
-    addSchedule("AC#1,N1,100%,24HR,IFR", {leg("ypph", "ypea", "03:00:00", "04:00:00")});
+    addLegs({leg("ypph", "ypea", "03:00:00", "04:00:00")});
     countDroppedLine();
     EXPECT_EQ(texts("YPPH").size(), 2U);
     changeSchedule(first, [](ScheduleRec& schedule) { schedule.legs[1].deleted = true; });
@@ -75,15 +75,9 @@ TEST_F(TimetableTest, DeletedWeeklyAndOtherCasesAreLeftOut) {
     EXPECT_EQ(texts("YPPH"), Rows{""});
 }
 
-TEST_F(TimetableTest, ALegToItsOwnOriginDepartsOnly) {
-    addSchedule("AC#1,N1,100%,24HR,IFR", {leg("YPPH", "YPPH", "10:00:00", "11:00:00", "5")});
-    EXPECT_EQ(texts("YPPH"), (Rows{"10:00 >D> Flight 5 to Perth  AC: \"Boeing 737-400\"", ""}));
-}
-
 TEST_F(TimetableTest, SortedByTheShiftedTime) {
     gmtoffset = 8.0F / 24.0F;
-    addSchedule("AC#1,N1,100%,24HR,IFR",
-                {leg("YPPH", "YPEA", "08:00:00", "08:30:00", "1"), leg("YPPH", "YPEA", "20:00:00", "20:30:00", "2")});
+    addLegs({leg("YPPH", "YPEA", "08:00:00", "08:30:00", "1"), leg("YPPH", "YPEA", "20:00:00", "20:30:00", "2")});
     ASSERT_EQ(texts("YPPH").size(), 3U);
     EXPECT_EQ(texts("YPPH")[0].substr(0, 18), "04:00 >D> Flight 2");
     EXPECT_EQ(texts("YPPH")[1].substr(0, 18), "16:00 >D> Flight 1");
@@ -91,7 +85,7 @@ TEST_F(TimetableTest, SortedByTheShiftedTime) {
 
 TEST_F(TimetableTest, EqualRowsStayAndCaseDoesNotCount) {
     for (const char* flight : {"b", "A", "B", "b"}) {
-        addSchedule("AC#1,N1,100%,24HR,IFR", {leg("YPPH", "YPEA", "08:00:00", "08:30:00", flight)});
+        addLegs({leg("YPPH", "YPEA", "08:00:00", "08:30:00", flight)});
     }
     std::string flights;
     for (const std::string& row : texts("YPPH")) {
@@ -101,8 +95,7 @@ TEST_F(TimetableTest, EqualRowsStayAndCaseDoesNotCount) {
 }
 
 TEST_F(TimetableTest, FaultsAreRecordedAndTheRestStands) {
-    addSchedule("AC#1,N1,100%,24HR,IFR",
-                {leg("YPPH", "YPEA", "25:00:00", "08:30:00", "1"), leg("YPPH", "YPEA", "09:00:00", "9:xx", "2")});
+    addLegs({leg("YPPH", "YPEA", "25:00:00", "08:30:00", "1"), leg("YPPH", "YPEA", "09:00:00", "9:xx", "2")});
     EXPECT_EQ(texts("YPPH").size(), 2U);
     EXPECT_EQ(newestAction(), "Type mismatch(13) in sub displaytimetable of module frmMain");
     addSchedule("AC#1,N1,100%,XHR,IFR", {leg("YPPH", "YPEA", "10:00:00", "11:00:00", "3")});
