@@ -42,22 +42,9 @@ class FlightplansTest : public test::Fixture {
 TEST_F(FlightplansTest, ReadsHeaderAndClosedLoop) {
     load("ac#1,n1,50%,24hr,ifr,06:00:00,07:00:00,350,f,101,aaaa,08:00:00,09:00:00, 80 ,r,102,cccc\r\n");
     ASSERT_EQ(schedulecount, 1);
-    const ScheduleRec record = schedules.HashGetSlot(1);
-    EXPECT_EQ(record.recnum, 1);
-    EXPECT_EQ(record.acnum.text(), "AC#1");
-    EXPECT_EQ(record.tailnumber.text(), "N1");
-    EXPECT_EQ(record.period.text(), "24HR");
-    EXPECT_FALSE(record.weekly);
-    ASSERT_EQ(record.legcount, 2);
-    EXPECT_EQ(record.legs[1].fromicao.text(), "CCCC");
-    EXPECT_EQ(record.legs[2].fromicao.text(), "AAAA");
-    EXPECT_EQ(record.legs[2].hashindex, 1002);
-    EXPECT_EQ(record.legs[1].depday, -1);
-    EXPECT_EQ(record.legs[1].arrday, 0);
-    EXPECT_EQ(record.legs[1].distance, 600.0F);
-    EXPECT_EQ(record.legs[1].flighthours, 6.0F);
-    EXPECT_EQ(record.legs[2].flightlevel, 80);
-    EXPECT_EQ(record.legs[2].legtype.text(), "R");
+    EXPECT_EQ(test::textOf(schedules.peek(1)), "1 AC#1 N1 50% 24HR IFR"
+                                               " | CCCC-AAAA -1/06:00:00 0/07:00:00 350 F101 600nm 6.00h 1001"
+                                               " | AAAA-CCCC -1/08:00:00 0/09:00:00 80 R102 600nm 6.00h 1002");
 }
 
 TEST_F(FlightplansTest, CommentsBlanksAndShortLines) {
@@ -90,16 +77,8 @@ TEST_F(FlightplansTest, DroppedLinesMayRunBeyondTheTable) {
 
 TEST_F(FlightplansTest, WideValuesAreCut) {
     load("AC#12345678,N123456789012345,100.5%,WEEKLY,VFRX,3/06:00:00,3/07:00:00,1,FX,1234567890123,AAAAAAA\r\n");
-    const ScheduleRec record = schedules.HashGetSlot(1);
-    EXPECT_EQ(record.acnum.text(), "AC#1234567");
-    EXPECT_EQ(record.tailnumber.text(), "N12345678901");
-    EXPECT_EQ(record.percent.text(), "100.");
-    EXPECT_EQ(record.period.text(), "WEEK");
-    EXPECT_TRUE(record.weekly);
-    EXPECT_EQ(record.rules.text(), "VFR");
-    EXPECT_EQ(record.legs[1].legtype.text(), "F");
-    EXPECT_EQ(record.legs[1].flightnum.text(), "123456789012");
-    EXPECT_EQ(record.legs[1].toicao.text(), "AAAAAA");
+    EXPECT_EQ(test::textOf(schedules.peek(1)), "1 AC#1234567 N12345678901 100. WEEK VFR weekly"
+                                               " | AAAAAA-AAAAAA 3/06:00:00 3/07:00:00 1 F123456789012 0nm 0.00h 1001");
 }
 
 TEST_F(FlightplansTest, UnknownAircraftInheritTheSpeedAbove) {
@@ -113,18 +92,14 @@ TEST_F(FlightplansTest, UnknownAircraftInheritTheSpeedAbove) {
 TEST_F(FlightplansTest, ArrivalMarksAndDays) {
     load("AC#1,N,1%,WEEK,IFR,6/23:00:00,TNG@6/23:30:00,1,F,1,BBBB,0/06:00:00,4/07:00:00,1,F,1,AAAA,"
          "6/10:00:00,12:00:00,1,F,1,CCCC,2/10:00:00,@12:00:00,1,F,1,AAAA\r\n");
-    const ScheduleRec record = schedules.HashGetSlot(1);
-    EXPECT_TRUE(record.legs[1].atflag);
-    EXPECT_TRUE(record.legs[1].tng);
-    EXPECT_EQ(record.legs[1].arr.text(), "23:30:00");
-    EXPECT_EQ(record.legs[1].arrday, 6);
-    // Without "@" the file's day gives way to a computed one: an hour or more goes to the next day.
-    EXPECT_FALSE(record.legs[2].atflag);
-    EXPECT_EQ(record.legs[2].arr.text(), "07:00:00");
-    EXPECT_EQ(record.legs[2].arrday, 1); // sixty miles at 100 knots round to an hour, and 1 + 6:00 is above 1
-    EXPECT_EQ(record.legs[3].arrday, 0); // six hours from a Saturday
-    EXPECT_EQ(record.legs[4].arrday, 0); // fixed, and no day told
-    EXPECT_EQ(record.legs[4].arr.text(), "12:00:00");
+    // Without "@" the file's day gives way to a computed one: an hour or more goes to the next day. Sixty miles at 100
+    // knots round to an hour, and 1 + 6:00 is above 1; the third flies six hours from a Saturday; the last is fixed,
+    // and no day is told.
+    EXPECT_EQ(test::textOf(schedules.peek(1)), "1 AC#1 N 1% WEEK IFR weekly"
+                                               " | AAAA-BBBB 6/23:00:00 @TNG6/23:30:00 1 F1 60nm 1.00h 1001"
+                                               " | BBBB-AAAA 0/06:00:00 1/07:00:00 1 F1 60nm 1.00h 1002"
+                                               " | AAAA-CCCC 6/10:00:00 0/12:00:00 1 F1 600nm 6.00h 1003"
+                                               " | CCCC-AAAA 2/10:00:00 @0/12:00:00 1 F1 600nm 6.00h 1004");
 }
 
 TEST_F(FlightplansTest, HalfAnHourIsRoundedToTheEvenHour) {

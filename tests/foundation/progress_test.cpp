@@ -45,6 +45,9 @@ TEST_F(Progress, NothingDoneClearsTheBox) {
     clock.advance(1);
     showprogressstring(&box, -5, 100, "Start");
     EXPECT_EQ(box.calls.at(1), CanvasCall{Cleared{}});
+    box.calls.clear();
+    PrintCentered(&box, "No data", true, 0, 0);
+    EXPECT_EQ(box.calls, (Calls{Cleared{}, DrawnText{1185, 200, "No data"}}));
 }
 
 TEST_F(Progress, WithoutTextTheGivenColourHolds) {
@@ -78,11 +81,6 @@ TEST_F(Progress, AMissingBoxIsOneEntryInTheRing) {
     EXPECT_EQ(actionText(2), "");
     PrintCentered(nullptr, "x", true, 0, 0);
     EXPECT_NE(actionText(2), "");
-}
-
-TEST_F(Progress, CentredTextInAClearedBox) {
-    PrintCentered(&box, "No data", true, 0, 0);
-    EXPECT_EQ(box.calls, (Calls{Cleared{}, DrawnText{1185, 200, "No data"}}));
 }
 
 TEST_F(Progress, PumpsAreThrottled) {

@@ -32,6 +32,7 @@ TEST_F(Settings, ValuesConvert) {
     EXPECT_EQ(errorOf([] { (void)SettingValue("").int16(); }), 13);
     EXPECT_EQ(errorOf([] { (void)SettingValue("yes").flag(); }), 13);
     EXPECT_EQ(errorOf([] { (void)SettingValue("40000").int16(); }), 6);
+    EXPECT_EQ(SettingValue(-0.25F).written(), "-0.25 ");
     EXPECT_EQ(SettingValue(std::int32_t{2}).text(), "2");
     EXPECT_EQ(SettingValue(" x ").text(), " x ");
 }

@@ -1,14 +1,10 @@
 // Tests of looking at schedules and changing them.
 // The buttons under the main window's lists, driven with clicks from list to editor and back.
 #include "core/tables.h"
-#include "platform/qt_host.h"
 #include "schedule/list_rows.h"
-#include "shell/frmMain.h"
-#include "support/fixture.h"
-#include "support/form_driver.h"
+#include "support/main_window.h"
 #include "support/traffic.h"
 
-#include <QLineEdit>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -16,11 +12,10 @@
 namespace vantor::test {
 namespace {
 
-class ScheduleButtonsTest : public Fixture {
+class ScheduleButtonsTest : public WindowFixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
-        useHost(&qtHost);
+        WindowFixture::SetUp();
         for (const char* const icao : {"AAAA", "BBBB", "CCCC", "DDDD"}) {
             addAirport(icao, "Town");
         }
@@ -29,47 +24,32 @@ class ScheduleButtonsTest : public Fixture {
         addSchedule("AC#1,ONE,50%,6h,IFR", loopOver({"AAAA", "BBBB", "CCCC"})); // C-A A-B B-C
         addSchedule("AC#2,TWO,50%,6h,IFR", loopOver({"CCCC", "DDDD"}));
         addSchedule("AC#1,TRE,50%,6h,VFR", loopOver({"AAAA", "BBBB"}));
-        window = std::make_unique<frmMain>();
+        open();
         combo("cmbAC").setRows(aircraftRows(true));
         combo("cmbAC").setCurrentRow(0);
         combo("cmbICAO").setRows(airportRows());
         combo("cmbICAO").setCurrentRow(0);
-        window->resize(1000, 700);
-        window->show();
-        window->displaylist("", "", "", false, 0);
+        form().resize(1000, 700);
+        form().show();
+        form().displaylist("", "", "", false, 0);
     }
 
-    void TearDown() override {
-        window->hide();
-        window.reset();
-        Fixture::TearDown();
-    }
-
-    ListBox& list(std::string_view name) { return control<ListBox>(*window, name); }
-    ComboBox& combo(std::string_view name) { return control<ComboBox>(*window, name); }
-    QPushButton& button(std::string_view name) { return control<QPushButton>(*window, name); }
-    void press(std::string_view name) { click(button(name)); }
-    void pressWith(std::string_view name, const std::function<void(QDialog&)>& user) {
-        const auto dialogs = expectDialog("frmSchedEdit", user);
-        press(name);
-    }
     // Captions carry the mark of their key.
-    std::string caption(std::string_view name) { return button(name).text().remove(QChar(u'&')).toStdString(); }
+    std::string caption(std::string_view name) {
+        return control<QPushButton>(form(), name).text().remove(QChar(u'&')).toStdString();
+    }
     static bool deleted(std::int32_t recnum) { return schedules.peek(recnum).deleted; }
-
-    QtHost qtHost;
-    std::unique_ptr<frmMain> window;
 };
 
 TEST_F(ScheduleButtonsTest, EditsAScheduleOfAFilteredList) {
-    window->displaylist("", "AC#1", "", false, 0);
+    form().displaylist("", "AC#1", "", false, 0);
     clickRow(list("List1"), 1);
-    pressWith("cmdEditSchedule", [](QDialog& dialog) {
+    press("cmdEditSchedule", "frmSchedEdit", [](QDialog& dialog) {
         EXPECT_EQ(control<ListBox>(dialog, "List1").rowCount(), 2);
         typeOver(control<QLineEdit>(dialog, "txtRego"), "NEW");
         click(dialog, "cmdOK");
     });
-    EXPECT_TRUE(window->unsavedchanges);
+    EXPECT_TRUE(form().unsavedchanges);
     EXPECT_EQ(schedules.peek(3).tailnumber.text(), "NEW");
     EXPECT_EQ(list("List1").currentText(), "AC#1 - Jet NEW (VFR,2 legs)");
     EXPECT_EQ(list("List2").rowCount(), 2);
@@ -78,39 +58,39 @@ TEST_F(ScheduleButtonsTest, EditsAScheduleOfAFilteredList) {
 TEST_F(ScheduleButtonsTest, CancelLeavesTheTablesAlone) {
     const ScheduleRec before = schedules.peek(2);
     clickRow(list("List1"), 1);
-    pressWith("cmdEditSchedule", [](QDialog& dialog) {
+    press("cmdEditSchedule", "frmSchedEdit", [](QDialog& dialog) {
         click(dialog, "cmdDeleteLeg");
         pressKey(dialog, Qt::Key_Escape);
     });
     EXPECT_EQ(schedules.peek(2), before);
-    EXPECT_FALSE(window->unsavedchanges);
+    EXPECT_FALSE(form().unsavedchanges);
     clickRow(list("List1"), 1);
     clickRow(list("List2"), 1);
-    pressWith("cmdEditLeg", [](QDialog& dialog) {
+    press("cmdEditLeg", "frmSchedEdit", [](QDialog& dialog) {
         EXPECT_EQ(control<ListBox>(dialog, "List1").currentRow(), 1);
         click(dialog, "cmdCancel");
     });
     EXPECT_EQ(schedules.peek(2), before);
-    EXPECT_TRUE(window->unsavedchanges); // set before the editor opens
+    EXPECT_TRUE(form().unsavedchanges); // set before the editor opens
 }
 
 TEST_F(ScheduleButtonsTest, EditLegGoesByTheRowOnAFilteredList) {
-    window->displaylist("BBBB", "", "", true, 0); // aircraft that visit BBBB
+    form().displaylist("BBBB", "", "", true, 0); // aircraft that visit BBBB
     combo("cmbICAO").setCurrentRow(1);
     clickRow(list("List1"), 0);
     // Legs to or from BBBB of both schedules of AC#1: two of three, then two of two.
     ASSERT_EQ(list("List2").rowCount(), 4);
     clickRow(list("List2"), 2);
-    pressWith("cmdEditLeg", [](QDialog& dialog) {
+    press("cmdEditLeg", "frmSchedEdit", [](QDialog& dialog) {
         // More rows than the schedule has legs: the editor stays on the first leg.
         EXPECT_EQ(control<ListBox>(dialog, "List1").rowCount(), 2);
         EXPECT_EQ(control<ListBox>(dialog, "List1").currentRow(), 0);
         click(dialog, "cmdCancel");
     });
-    window->displaylegs(true, 1, "BBBB");
+    form().displaylegs(true, 1, "BBBB");
     ASSERT_EQ(list("List2").rowCount(), 2);
     clickRow(list("List2"), 0); // leg 2 of the schedule stands in row 0
-    pressWith("cmdEditLeg", [](QDialog& dialog) {
+    press("cmdEditLeg", "frmSchedEdit", [](QDialog& dialog) {
         EXPECT_EQ(control<ListBox>(dialog, "List1").currentRow(), 0);
         typeOver(control<QLineEdit>(dialog, "txtFlightNum"), "55");
         click(dialog, "cmdOK");
@@ -120,8 +100,8 @@ TEST_F(ScheduleButtonsTest, EditLegGoesByTheRowOnAFilteredList) {
 
 TEST_F(ScheduleButtonsTest, AddShowsTheNewScheduleOfTheChosenAircraft) {
     combo("cmbAC").setCurrentRow(1);
-    window->displaylist("", "AC#1", "", false, 0);
-    pressWith("cmdAddSchedule", [](QDialog& dialog) {
+    form().displaylist("", "AC#1", "", false, 0);
+    press("cmdAddSchedule", "frmSchedEdit", [](QDialog& dialog) {
         EXPECT_EQ(control<ComboBox>(dialog, "cmbAircraft").text(), "AC#2 - Prop");
         EXPECT_EQ(control<ListBox>(dialog, "List1").rowText(1), "YPPH - YPEA");
         click(dialog, "cmdOK");
@@ -134,10 +114,10 @@ TEST_F(ScheduleButtonsTest, AddShowsTheNewScheduleOfTheChosenAircraft) {
     EXPECT_TRUE(schedules.peek(3).legs[1].deleted);
     EXPECT_FALSE(schedules.peek(4).legs[1].deleted);
 
-    window->unsavedchanges = false;
-    pressWith("cmdAddSchedule", [](QDialog& dialog) { click(dialog, "cmdCancel"); });
+    form().unsavedchanges = false;
+    press("cmdAddSchedule", "frmSchedEdit", [](QDialog& dialog) { click(dialog, "cmdCancel"); });
     EXPECT_EQ(schedulecount, 4);
-    EXPECT_FALSE(window->unsavedchanges);
+    EXPECT_FALSE(form().unsavedchanges);
 }
 
 TEST_F(ScheduleButtonsTest, CopyStaysOnTheSource) {
@@ -148,7 +128,7 @@ TEST_F(ScheduleButtonsTest, CopyStaysOnTheSource) {
     EXPECT_EQ(list("List1").currentRow(), 0);
     clickRow(list("List1"), 3);
     EXPECT_EQ(list("List2").itemData(0), 1001); // the copy's legs act on the source
-    EXPECT_TRUE(window->unsavedchanges);
+    EXPECT_TRUE(form().unsavedchanges);
 }
 
 TEST_F(ScheduleButtonsTest, DeleteTogglesEachSelectedSchedule) {
@@ -161,7 +141,7 @@ TEST_F(ScheduleButtonsTest, DeleteTogglesEachSelectedSchedule) {
     EXPECT_EQ(list("List2").rowCount(), 3);
 
     clickRow(list("List1"), 1, Qt::ShiftModifier);
-    EXPECT_FALSE(button("cmdEditSchedule").isEnabled());
+    EXPECT_FALSE(control<QPushButton>(form(), "cmdEditSchedule").isEnabled());
     press("cmdDeleteSchedule"); // one deleted and one not: they swap
     EXPECT_FALSE(deleted(1));
     EXPECT_TRUE(deleted(2));
@@ -184,14 +164,13 @@ TEST_F(ScheduleButtonsTest, DeleteLegTogglesEachSelectedLeg) {
 }
 
 TEST_F(ScheduleButtonsTest, FindMovesTheAirportBox) {
-    const auto dialogs = expectDialog("frmFind", [](QDialog& dialog) {
+    press("cmdFind1", "frmFind", [](QDialog& dialog) {
         typeOver(control<QLineEdit>(dialog, "txtSearchString"), "ccc");
         click(dialog, "cmdFirst");
         click(dialog, "cmdOK");
     });
-    press("cmdFind1");
     EXPECT_EQ(combo("cmbICAO").text(), "CCCC - Town");
-    EXPECT_EQ(control<QLineEdit>(*window, "txtICAO1").text(), QStringLiteral("CCCC")); // it is a click
+    EXPECT_EQ(box("txtICAO1"), "CCCC"); // it is a click
 }
 
 } // namespace

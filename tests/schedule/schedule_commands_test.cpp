@@ -24,23 +24,9 @@ class ScheduleCommandsTest : public Fixture {
 
 TEST_F(ScheduleCommandsTest, TheDefaultScheduleCarriesTheNumberOfTheOneBefore) {
     const ScheduleRec made = defaultschedule("ac#7 - Boeing");
-    EXPECT_EQ(made.recnum, 4);
-    EXPECT_EQ(made.acnum.text(), "AC#7");
-    EXPECT_EQ(made.tailnumber.text(), "X");
-    EXPECT_EQ(made.percent.text(), "50%");
-    EXPECT_EQ(made.period.text(), "6h");
-    EXPECT_EQ(made.rules.text(), "IFR");
-    EXPECT_FALSE(made.weekly);
-    ASSERT_EQ(made.legcount, 2);
-    LegRec leg = makeLeg("YPPH", "YPEA", "12:00:00", "123", 0);
-    leg.hashindex = 3001;
-    leg.arr = "00:00:00";
-    leg.depday = 1;
-    leg.flightlevel = 150;
-    EXPECT_EQ(made.legs[1], leg);
-    leg.hashindex = 3002;
-    leg.dep = "12:30:00";
-    EXPECT_EQ(made.legs[2], leg);
+    EXPECT_EQ(textOf(made), "4 AC#7 X 50% 6h IFR"
+                            " | YPPH-YPEA 1/12:00:00 0/00:00:00 150 F123 0nm 0.00h 3001"
+                            " | YPPH-YPEA 1/12:30:00 0/00:00:00 150 F123 0nm 0.00h 3002");
     EXPECT_EQ(schedulecount, 3);
 
     addschedule(made, "sub test");

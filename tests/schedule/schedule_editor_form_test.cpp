@@ -113,7 +113,6 @@ TEST_F(ScheduleEditorTest, ShowsTheScheduleAndItsFirstLeg) {
     clickRow(list(), 1);
     EXPECT_EQ(at<QLabel>("lblDistance").toolTip(), QString());
     EXPECT_EQ(at<QLabel>("lblDistance").palette().color(QPalette::WindowText), QColor(0, 128, 0));
-    EXPECT_TRUE(at<QPushButton>("cmdOK").isDefault());
 }
 
 TEST_F(ScheduleEditorTest, OkHandsBackEveryField) {
@@ -131,20 +130,11 @@ TEST_F(ScheduleEditorTest, OkHandsBackEveryField) {
     pressKey(at<QLineEdit>("txtAltitude"), Qt::Key_Return); // OK is the default button
     ASSERT_FALSE(editor->isVisible());
     EXPECT_FALSE(editor->cancelled);
-    const ScheduleRec edited = editor->editedsched();
-    EXPECT_EQ(edited.acnum.text(), "AC#123");
-    EXPECT_EQ(edited.tailnumber.text(), "123456789012");
-    EXPECT_EQ(edited.percent.text(), "1000");
-    EXPECT_EQ(edited.rules.text(), "IFR");
-    EXPECT_EQ(edited.period.text(), "24h");
-    const LegRec& leg = edited.legs[1];
-    EXPECT_EQ(leg.dep.text(), "09:05:00");
-    EXPECT_EQ(leg.arr.text(), "09:21:00");
-    EXPECT_EQ(leg.flightlevel, 310);
-    EXPECT_EQ(leg.flightnum.text(), "77");
-    EXPECT_EQ(leg.legtype.text(), "R");
-    EXPECT_TRUE(leg.tng);
-    EXPECT_EQ(edited.legs[2], schedules.peek(1).legs[2]); // never visited, never computed
+    // Legs that were never visited are never computed.
+    EXPECT_EQ(textOf(editor->editedsched()), "1 AC#123 123456789012 1000 24h IFR"
+                                             " | CCCC-AAAA -1/09:05:00 TNG0/09:21:00 310 R77 0nm 0.00h 1001"
+                                             " | AAAA-BBBB -1/12:00:00 0/12:00:00 200 F1 100nm 0.00h 1002"
+                                             " | BBBB-CCCC -1/12:00:00 0/12:00:00 200 F1 100nm 0.00h 1003");
 }
 
 TEST_F(ScheduleEditorTest, ChangesBothAirportsOfALeg) {
@@ -173,8 +163,6 @@ TEST_F(ScheduleEditorTest, AddsAndInsertsLegs) {
     // Setting the row again is a click, which stores the leg that was shown.
     EXPECT_EQ(legs(), "*AAAA-BBBB BBBB-AAAA");
     EXPECT_EQ(editor->editedsched().legs[1].flightlevel, 111);
-    EXPECT_EQ(editor->editedsched().legs[2].hashindex, 0);
-    EXPECT_EQ(editor->editedsched().legs[2].dep.text(), "08:00:00");
     click(*editor, "cmdInsertLeg");
     // The store of the old leg 1 hits the new one, which now has that number.
     EXPECT_EQ(legs(), "*AAAA-AAAA AAAA-BBBB BBBB-AAAA");
@@ -266,11 +254,7 @@ TEST_F(ScheduleEditorTest, AWeeklyScheduleGetsItsDays) {
     pickRow(combo("cmbDay1"), 3);
     type("txtETA", "23:45");
     clickRow(list(), 1); // stored: the departure without a day jumps to Sunday
-    const LegRec stored = editor->editedsched().legs[1];
-    EXPECT_EQ(stored.depday, 0);
-    EXPECT_EQ(stored.arrday, 2);
-    EXPECT_EQ(stored.arr.text(), "23:45:00");
-    EXPECT_TRUE(stored.atflag);
+    EXPECT_EQ(textOf(editor->editedsched().legs[1]), "CCCC-AAAA 0/12:00:00 @2/23:45:00 200 F1 0nm 0.00h 1001");
     EXPECT_FALSE(combo("cmbDay1").isVisible());
     pressKey(list(), Qt::Key_Up);
     EXPECT_EQ(combo("cmbDay0").text(), "Sun");

@@ -35,70 +35,52 @@ bool chosen(frmMain& form, std::string_view option) {
     return control<QRadioButton>(form, option).isChecked();
 }
 
-class FirstStartTest : public Fixture {
-  protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        useHost(&m_host);
-    }
-
-  private:
-    QtHost m_host;
-};
+class FirstStartTest : public WindowFixture {};
 
 TEST_F(FirstStartTest, AsksForTheModeUntilOneWasChosen) {
-    {
-        frmMain form;
-        const Expectation boxes = answerBoxes({chooseMode});
-        form.formLoad();
-        form.show();
-        EXPECT_EQ(fromQString(form.windowTitle()), "Vantor " + appversion());
-        EXPECT_TRUE(chosen(form, "optFS2k2"));
-        EXPECT_EQ(fsmode, 2);
-        EXPECT_EQ(missingCaption(form), "AI Aircraft missing from FS2002");
-        EXPECT_EQ(control<ComboBox>(form, "cmbPC1").text(), "0%");
-        EXPECT_FALSE(control<QPushButton>(form, "cmdPrint").isEnabled());
-        EXPECT_EQ(logTexts().at(4), "Vantor version " + appversion() + " starting.");
-        EXPECT_EQ(schedulecount, 0) << "nothing is loaded at the start";
-        click(form, "optFS2k4");
-        EXPECT_FALSE(exists("Vantor2.ini")) << "a choice is written at the exit";
-        EXPECT_EQ(exitCodeOf([&] { click(form, "cmdExit"); }), 0);
-    }
+    const Expectation boxes = answerBoxes({chooseMode});
+    open().formLoad();
+    form().show();
+    EXPECT_EQ(fromQString(form().windowTitle()), "Vantor " + appversion());
+    EXPECT_TRUE(chosen(form(), "optFS2k2"));
+    EXPECT_EQ(fsmode, 2);
+    EXPECT_EQ(missingCaption(form()), "AI Aircraft missing from FS2002");
+    EXPECT_EQ(combo("cmbPC1").text(), "0%");
+    EXPECT_EQ(logTexts().at(4), "Vantor version " + appversion() + " starting.");
+    EXPECT_EQ(schedulecount, 0) << "nothing is loaded at the start";
+    press("optFS2k4");
+    EXPECT_FALSE(exists("Vantor2.ini")) << "a choice is written at the exit";
+    EXPECT_EQ(exitCodeOf([&] { press("cmdExit"); }), 0);
     EXPECT_EQ(readFile("Vantor2.ini"), "FSMODE, 4 \r\n");
-    frmMain second;
-    second.formLoad(); // no box
-    EXPECT_TRUE(chosen(second, "optFS2k4"));
-    EXPECT_EQ(missingCaption(second), "AI Aircraft missing from FS2004");
+    open().formLoad(); // no box
+    EXPECT_TRUE(chosen(form(), "optFS2k4"));
+    EXPECT_EQ(missingCaption(form()), "AI Aircraft missing from FS2004");
 }
 
 TEST_F(FirstStartTest, AnyOtherModeStartsAsFs2004AndKeepsItsNumber) {
     writeFile("Vantor2.ini", "FSMODE, 3 \r\n");
-    frmMain form;
-    form.formLoad();
-    EXPECT_TRUE(chosen(form, "optFS2k4"));
+    open().formLoad();
+    EXPECT_TRUE(chosen(form(), "optFS2k4"));
     EXPECT_EQ(sget("FSMode", std::int16_t{0}).int16(), 3);
 }
 
 TEST_F(FirstStartTest, AStartThatFailsTellsItAndEnds) {
     std::filesystem::create_directory(folder() / "log.txt");
-    frmMain form;
     const Expectation boxes = answerBoxes({{"Error 75 - Path/File access error"}});
-    EXPECT_EQ(exitCodeOf([&] { form.formLoad(); }), 0);
-    EXPECT_TRUE(form.ended());
+    EXPECT_EQ(exitCodeOf([&] { open().formLoad(); }), 0);
+    EXPECT_TRUE(form().ended());
 }
 
 TEST_F(FirstStartTest, WithoutTrafficTheListIsItsClosingRow) {
     writeFile("Vantor2.ini", "FSMODE, 2 \r\n");
-    frmMain form;
-    form.formLoad();
-    form.show();
-    auto& list = control<ListBox>(form, "List1");
-    click(form, "cmdListall");
-    EXPECT_EQ(list.rowCount(), 1);
-    EXPECT_EQ(list.currentRow(), 0);
-    clickRow(list, 0);
-    EXPECT_EQ(control<ListBox>(form, "List2").rowCount(), 0);
-    EXPECT_FALSE(control<QPushButton>(form, "cmdDeleteSchedule").isEnabled());
+    open().formLoad();
+    form().show();
+    press("cmdListall");
+    EXPECT_EQ(list("List1").rowCount(), 1);
+    EXPECT_EQ(list("List1").currentRow(), 0);
+    clickRow(list("List1"), 0);
+    EXPECT_EQ(list("List2").rowCount(), 0);
+    EXPECT_FALSE(control<QPushButton>(form(), "cmdDeleteSchedule").isEnabled());
     EXPECT_TRUE(newestAction().empty()) << newestAction();
 }
 

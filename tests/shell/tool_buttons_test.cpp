@@ -76,16 +76,6 @@ TEST_F(ToolButtons, CommandLinesAcrossModesAndLoads) {
     EXPECT_EQ(decompileNow(), oneCall(" [/de]"));
 }
 
-TEST_F(ToolButtons, CommandLineAfterLoadSelectedPlansFromAnotherFolder) {
-    installTool();
-    writeFile("Other plans\\flightplans_Summer.txt", schedule("AC#1,GAAA", "LFPG", "EGLL"));
-    const Expectation boxes =
-        answerBoxes({{"Do you want to load the associated aircraft and airport files?", QMessageBox::No}});
-    press("cmdLoadFlightPlan", "fileDialog",
-          [&](QDialog& dialog) { enterFileName(dialog, toQtPath(path("Other plans\\flightplans_Summer.txt"))); });
-    EXPECT_EQ(compileNow('2'), oneCall(" [/co_SUMMER] [/t2]"));
-}
-
 TEST_F(ToolButtons, CompileStopsWhereItCannotBeRightAndAsksOneQuestion) {
     installTool();
     EXPECT_EQ(compile({"This will update Flight Simulator 2002 with your changes - are you sure?", QMessageBox::No}),

@@ -19,25 +19,12 @@
 
 namespace vantor::test {
 
-/// Two missing aircraft of four, four airports, four schedules, and a simulator with three titles. The window stands
-/// with all of it loaded.
-class MainWindowFixture : public Fixture {
+/// A main window that the test opens, and the ways to its controls.
+class WindowFixture : public Fixture {
   protected:
     void SetUp() override {
         Fixture::SetUp();
         useHost(&m_host);
-        writeFile("Aircraft.txt", "AC#1,250,\"Boeing 737\"\r\nAC#2,300,\"Gone\"\r\nAC#3,400,\"Airbus\"\r\n"
-                                  "AC#5,120,\"Lost\"\r\n");
-        writeFile("Airports.txt", "EGLL,N51* 28.39',W0* 27.41',80\r\nLFPG,N49* 0.46',E2* 33.00',392\r\n"
-                                  "EGKK,N51* 8.53',W0* 11.25',202\r\nEGSS,N51* 53.06',E0* 14.06',348\r\n");
-        writeFile("Flightplans.txt", schedule("AC#1,GAAA", "LFPG", "EGLL") + schedule("AC#2,GBBB", "EGSS", "LFPG") +
-                                         schedule("AC#2,GCCC", "LFPG", "EGLL") + schedule("AC#3,GDDD", "EGLL", "EGKK"));
-        writeFile("FS\\aircraft\\A\\aircraft.cfg", "title=Boeing 737\r\ntitle=Airbus\r\ntitle=New one\r\n");
-        writeFile("Vantor2.ini", "FSMODE, 2 \r\nFS2K2PATH," + path("FS\\") + "\r\n");
-        m_form = std::make_unique<frmMain>();
-        m_form->formLoad();
-        m_form->show();
-        press("cmdReload");
     }
 
     void TearDown() override {
@@ -45,13 +32,10 @@ class MainWindowFixture : public Fixture {
         Fixture::TearDown();
     }
 
-    /// A line of the flight plan file with two legs, as the program writes it.
-    static std::string schedule(const std::string& front, const std::string& first, const std::string& second,
-                                const std::string& percent = "100%", const std::string& level = "200") {
-        return front + "," + percent + ",24HR,IFR,06:00:00,07:00:00, " + level + " ,F,1," + first +
-               ",12:00:00,13:00:00, 200 ,F,2," + second + "\r\n";
+    frmMain& open() {
+        m_form = std::make_unique<frmMain>();
+        return *m_form;
     }
-
     [[nodiscard]] frmMain& form() const { return *m_form; }
     void press(std::string_view button) const { click(*m_form, button); }
     /// Presses a button that these message boxes answer, in this order.
@@ -71,18 +55,45 @@ class MainWindowFixture : public Fixture {
     [[nodiscard]] ListBox& list(std::string_view name) const { return control<ListBox>(*m_form, name); }
     [[nodiscard]] ComboBox& combo(std::string_view name) const { return control<ComboBox>(*m_form, name); }
 
+  private:
+    QtHost m_host;
+    std::unique_ptr<frmMain> m_form;
+};
+
+/// Two missing aircraft of four, four airports, four schedules, and a simulator with three titles. The window stands
+/// with all of it loaded.
+class MainWindowFixture : public WindowFixture {
+  protected:
+    void SetUp() override {
+        WindowFixture::SetUp();
+        writeFile("Aircraft.txt", "AC#1,250,\"Boeing 737\"\r\nAC#2,300,\"Gone\"\r\nAC#3,400,\"Airbus\"\r\n"
+                                  "AC#5,120,\"Lost\"\r\n");
+        writeFile("Airports.txt", "EGLL,N51* 28.39',W0* 27.41',80\r\nLFPG,N49* 0.46',E2* 33.00',392\r\n"
+                                  "EGKK,N51* 8.53',W0* 11.25',202\r\nEGSS,N51* 53.06',E0* 14.06',348\r\n");
+        writeFile("Flightplans.txt", schedule("AC#1,GAAA", "LFPG", "EGLL") + schedule("AC#2,GBBB", "EGSS", "LFPG") +
+                                         schedule("AC#2,GCCC", "LFPG", "EGLL") + schedule("AC#3,GDDD", "EGLL", "EGKK"));
+        writeFile("FS\\aircraft\\A\\aircraft.cfg", "title=Boeing 737\r\ntitle=Airbus\r\ntitle=New one\r\n");
+        writeFile("Vantor2.ini", "FSMODE, 2 \r\nFS2K2PATH," + path("FS\\") + "\r\n");
+        open().formLoad();
+        form().show();
+        press("cmdReload");
+    }
+
+    /// A line of the flight plan file with two legs, as the program writes it.
+    static std::string schedule(const std::string& front, const std::string& first, const std::string& second,
+                                const std::string& percent = "100%", const std::string& level = "200") {
+        return front + "," + percent + ",24HR,IFR,06:00:00,07:00:00, " + level + " ,F,1," + first +
+               ",12:00:00,13:00:00, 200 ,F,2," + second + "\r\n";
+    }
+
     /// Saves the flight plans, loads them anew and gives the file.
     [[nodiscard]] std::string saveAndReload() const {
         const std::string file = path("Flightplans.txt");
         press("cmdSaveFlights", {{"Overwrite " + file + "?", QMessageBox::Yes}, {"Flight plans saved to " + file}});
-        EXPECT_FALSE(m_form->unsavedchanges);
+        EXPECT_FALSE(form().unsavedchanges);
         press("cmdReload");
         return readFile("Flightplans.txt");
     }
-
-  private:
-    QtHost m_host;
-    std::unique_ptr<frmMain> m_form;
 };
 
 } // namespace vantor::test

@@ -4,9 +4,11 @@
 
 #include "core/codes.h"
 #include "core/tables.h"
+#include "foundation/numbers.h"
 #include "foundation/text.h"
 
 #include <cstdint>
+#include <gtest/gtest.h>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -105,6 +107,33 @@ inline std::int32_t addSchedule(std::string_view columns, const std::vector<LegR
 /// Adds a plain schedule of these legs: of AC#1, daily.
 inline std::int32_t addLegs(const std::vector<LegRec>& legs) {
     return addSchedule("AC#1,N1,100%,24HR,IFR", legs);
+}
+
+/// All that stands in a leg, as in "KSEA-KPDX 1/12:00:00 @TNG2/13:00:00 200 F1 603nm 2.41h 1001": days, times, marks,
+/// level, kind and flight number, distance, hours and number; an "x" ahead when it is deleted.
+inline std::string textOf(const LegRec& leg) {
+    std::string text = leg.deleted ? "x" : "";
+    text.append(leg.fromicao.text()).append("-").append(leg.toicao.text()).append(" ");
+    text.append(std::to_string(leg.depday)).append("/").append(leg.dep.text()).append(leg.atflag ? " @" : " ");
+    text.append(leg.tng ? "TNG" : "").append(std::to_string(leg.arrday)).append("/").append(leg.arr.text());
+    text.append(" ").append(std::to_string(leg.flightlevel)).append(" ").append(leg.legtype.text());
+    text.append(leg.flightnum.text()).append(" ").append(shortestSingle(leg.distance)).append("nm ");
+    return text + fixedNumber(static_cast<double>(leg.flighthours), 2) + "h " + std::to_string(leg.hashindex);
+}
+
+/// All that stands in a schedule: number and first five columns, and its legs behind bars.
+inline std::string textOf(const ScheduleRec& schedule) {
+    std::string text = (schedule.deleted ? "x" : "") + std::to_string(schedule.recnum);
+    for (const std::string_view column : {schedule.acnum.text(), schedule.tailnumber.text(), schedule.percent.text(),
+                                          schedule.period.text(), schedule.rules.text()}) {
+        text.append(" ").append(column);
+    }
+    text += schedule.weekly ? " weekly" : "";
+    for (const LegRec& leg : schedule.legs) {
+        text += " | " + textOf(leg);
+    }
+    EXPECT_EQ(schedule.legcount, schedule.legs.size());
+    return text;
 }
 
 /// Changes a stored schedule: `change` gets a copy, which is written back.

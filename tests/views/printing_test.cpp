@@ -2,10 +2,8 @@
 #include "platform/code_page.h"
 #include "platform/printer_choice.h"
 #include "schedule/list_rows.h"
-#include "shell/frmMain.h"
 #include "support/expect_error.h"
-#include "support/fixture.h"
-#include "support/form_driver.h"
+#include "support/main_window.h"
 #include "support/traffic.h"
 #include "views/frmSchedulePrint.h"
 
@@ -17,16 +15,8 @@
 namespace vantor::test {
 namespace {
 
-class PrintingTest : public Fixture {
+class PrintingTest : public WindowFixture {
   protected:
-    // The window's start drops the traffic of before: call it behind that.
-    static void addTraffic() {
-        addAircraft("AC#1", "\"Boeing 737-400\"");
-        addAirport("YPPH", "Perth, Western Australia");
-        addAirport("YPEA", "Pearce");
-        addLegs({makeLeg("YPEA", "YPPH", "11:00:00"), makeLeg("YPPH", "YPEA", "12:30:00")});
-    }
-
     [[nodiscard]] QString pdf() const { return QString::fromStdString((folder() / "schedule.pdf").string()); }
 
     void printToPdf(QPrinter& printer) const {
@@ -122,49 +112,47 @@ TEST_F(PrintingTest, ARefusedJobIsAnError) {
 }
 
 TEST_F(PrintingTest, TheMainWindowPrintsWhatItsListShows) {
-    frmMain window;
+    writeFile("Vantor2.ini", "FSMODE, 2 \r\n");
+    frmMain& window = open();
     window.formLoad();
-    addTraffic();
+    addAircraft("AC#1", "\"Boeing 737-400\"");
+    addAirport("YPPH", "Perth, Western Australia");
+    addAirport("YPEA", "Pearce");
+    addLegs({makeLeg("YPEA", "YPPH", "11:00:00"), makeLeg("YPPH", "YPEA", "12:30:00")});
     auto& print = control<QPushButton>(window, "cmdPrint");
-    auto& rows = control<ListBox>(window, "List2");
+    ListBox& rows = list("List2");
     EXPECT_FALSE(print.isEnabled());
     window.show();
 
     rows.setEnabled(false);
-    control<ComboBox>(window, "cmbICAO").setRows(airportRows());
-    control<ComboBox>(window, "cmbICAO").setCurrentRow(0);
-    click(window, "cmdTimeTable");
+    combo("cmbICAO").setRows(airportRows());
+    combo("cmbICAO").setCurrentRow(0);
+    press("cmdTimeTable");
     EXPECT_EQ(window.timetableicao(), "YPPH");
     EXPECT_TRUE(rows.isEnabled());
     ASSERT_EQ(rows.rowCount(), 3);
     EXPECT_EQ(rows.rowText(1), "12:30 >D> Flight 1 to Pearce  AC: \"Boeing 737-400\"");
     EXPECT_EQ(rows.rowText(2), "");
 
-    click(window, "cmdGates"); // leaves the timetable's airport as it was
+    press("cmdGates"); // leaves the timetable's airport as it was
     EXPECT_EQ(rows.rowCount(), 183);
     EXPECT_TRUE(print.isEnabled());
     window.displaytimetable("ypph - Perth");
 
     printToPdf(currentPrinter());
-    {
-        const Expectation dialog = expectDialog("printDialog", [](QDialog& asked) {
-            EXPECT_EQ(asked.windowTitle(), QStringLiteral("Schedule"));
-            asked.reject(); // a cancel does not stop the printing
-        });
-        click(window, "cmdPrint");
-    }
+    press("cmdPrint", "printDialog", [](QDialog& asked) {
+        EXPECT_EQ(asked.windowTitle(), QStringLiteral("Schedule"));
+        asked.reject(); // a cancel does not stop the printing
+    });
     ASSERT_EQ(pages().size(), 1U);
     const QStringList expected{QStringLiteral("Schedule for Perth, Western Australia"),
                                QStringLiteral("11:00 <A< Flight 1 from Pearce AC: Boeing 737-400"),
                                QStringLiteral("12:30 >D> Flight 1 to Pearce AC: Boeing 737-400")};
-    EXPECT_EQ(pages()[0], expected) << pages()[0].join(QLatin1Char('|')).toStdString();
+    EXPECT_EQ(pages()[0], expected);
 
     // A job that the printer refuses leaves its description in the log.
     currentPrinter().setOutputFileName(QStringLiteral("/no/such/folder/schedule.pdf"));
-    {
-        const Expectation dialog = expectDialog("printDialog", [](QDialog& asked) { asked.reject(); });
-        click(window, "cmdPrint");
-    }
+    press("cmdPrint", "printDialog", [](QDialog& asked) { asked.reject(); });
     EXPECT_EQ(logTexts().back(), "Printer error");
     window.settimetableicao("");
     EXPECT_FALSE(print.isEnabled());
