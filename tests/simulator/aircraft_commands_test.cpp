@@ -16,14 +16,6 @@ class AircraftCommands : public MainWindowFixture {
         MainWindowFixture::SetUp();
     }
 
-    static std::string rowsOf(const ListRows& rows) {
-        std::string all;
-        for (const ListRow& row : rows) {
-            all += row.text + "|";
-        }
-        return all;
-    }
-
     static void pickAircraft(QDialog& dialog, int row) {
         clickRow(control<ListBox>(dialog, "List1"), row);
         click(dialog, "cmdOK");

@@ -31,13 +31,7 @@ class FrmAircraftSub : public Fixture {
         return form.substitutetext + "|" + form.substituterow;
     }
 
-    static std::string rowsOf(const QDialog& dialog) {
-        std::string all;
-        for (const ListRow& row : control<ListBox>(dialog, "List1").rows()) {
-            all += row.text + "|";
-        }
-        return all;
-    }
+    static std::string offered(const QDialog& dialog) { return rowsOf(control<ListBox>(dialog, "List1").rows()); }
 
     frmAircraftSub form;
 
@@ -50,16 +44,16 @@ TEST_F(FrmAircraftSub, OffersFiltersAndAsksForARow) {
                   const std::string all = "AC#1 - \"Boeing 737\"|AC#2 - \"Airbus\"|AC#3 - \"BOEING 747\"||";
                   EXPECT_EQ(fromQString(control<QLabel>(dialog, "lblCurrent").text()), "AC#9 - \"Gone & lost\"");
                   EXPECT_FALSE(control<ListBox>(dialog, "List2").isVisible());
-                  EXPECT_EQ(rowsOf(dialog), all);
+                  EXPECT_EQ(offered(dialog), all);
                   auto& filter = control<QLineEdit>(dialog, "txtFilter");
                   typeOver(filter, "boeing");
-                  EXPECT_EQ(rowsOf(dialog), "AC#1 - \"Boeing 737\"|AC#3 - \"BOEING 747\"|");
+                  EXPECT_EQ(offered(dialog), "AC#1 - \"Boeing 737\"|AC#3 - \"BOEING 747\"|");
                   click(dialog, "cmdClear");
                   EXPECT_TRUE(filter.text().isEmpty());
-                  EXPECT_EQ(rowsOf(dialog), all);
+                  EXPECT_EQ(offered(dialog), all);
                   filter.setText(QStringLiteral("air")); // as code or a paste by the mouse may leave it
                   click(dialog, "cmdApply");
-                  EXPECT_EQ(rowsOf(dialog), "AC#2 - \"Airbus\"|");
+                  EXPECT_EQ(offered(dialog), "AC#2 - \"Airbus\"|");
                   {
                       const Expectation boxes = answerBoxes({{"Please click a substitute aircraft in the list box"}});
                       click(dialog, "cmdOK");

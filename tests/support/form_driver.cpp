@@ -151,6 +151,14 @@ void typeOver(QWidget& field, std::string_view text) {
     QTest::keyClicks(&field, toQString(text));
 }
 
+std::string rowsOf(const ListRows& rows) {
+    std::string all;
+    for (const ListRow& row : rows) {
+        all += row.text + "|";
+    }
+    return all;
+}
+
 void enterFileName(QDialog& dialog, const QString& name) {
     auto& edit = control<QLineEdit>(dialog, "fileNameEdit");
     edit.setFocus();

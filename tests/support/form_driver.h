@@ -45,6 +45,8 @@ void doubleClickRow(ListBox& list, int row);
 void pickRow(ComboBox& combo, int row);
 /// Takes what stands in a text field or combo box away and types a text.
 void typeOver(QWidget& field, std::string_view text);
+/// The texts of rows, each with a bar behind it.
+[[nodiscard]] std::string rowsOf(const ListRows& rows);
 /// Enters a name in the toolkit's own file dialog and accepts it.
 void enterFileName(QDialog& dialog, const QString& name);
 /// Where the pixels of these colours stand in a picture; null where there are none.

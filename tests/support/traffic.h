@@ -136,6 +136,18 @@ inline std::string textOf(const ScheduleRec& schedule) {
     return text;
 }
 
+/// The hours of a day that count anything, as "hour:count ".
+template <class Hours>
+std::string countedHours(const Hours& hours) {
+    std::string result;
+    for (std::size_t h = 0; h < hours.size(); ++h) {
+        if (hours[h] != 0) {
+            result += std::to_string(h) + ":" + std::to_string(hours[h]) + " ";
+        }
+    }
+    return result;
+}
+
 /// Changes a stored schedule: `change` gets a copy, which is written back.
 template <class Change>
 void changeSchedule(std::int32_t recnum, Change&& change) {

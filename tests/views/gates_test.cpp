@@ -20,17 +20,7 @@ class GatesTest : public Fixture {
         return addSchedule("AC#1,N1,100%," + std::string(period) + ",IFR", {in, out});
     }
 
-    // The hours that count anything, as "hour:count".
-    static std::string counted() {
-        std::string result;
-        const GateHours hours = gateHours("AAAA");
-        for (std::size_t h = 0; h < hours.size(); ++h) {
-            if (hours[h] != 0) {
-                result += std::to_string(h) + ":" + std::to_string(hours[h]) + " ";
-            }
-        }
-        return result;
-    }
+    static std::string counted() { return countedHours(gateHours("AAAA")); }
 };
 
 TEST_F(GatesTest, BothEndsOfAStayCountInFull) {

@@ -9,22 +9,12 @@ namespace {
 
 class MovementsTest : public Fixture {
   protected:
-    static std::string counted(const MovementHours& hours) {
-        std::string result;
-        for (std::size_t h = 0; h < hours.size(); ++h) {
-            if (hours[h] != 0) {
-                result += std::to_string(h) + ":" + std::to_string(hours[h]) + " ";
-            }
-        }
-        return result;
-    }
-
     // "departures / arrivals" of AAAA.
     static std::string movements(std::int16_t day) {
         MovementHours departures{};
         MovementHours arrivals{};
         countflights(departures, arrivals, "aaaa - Somewhere", day);
-        return counted(departures) + "/ " + counted(arrivals);
+        return countedHours(departures) + "/ " + countedHours(arrivals);
     }
 
     static std::int32_t addRound(std::string_view dep, std::string_view arr, std::string_view period) {
