@@ -7,6 +7,7 @@
 #include "support/form_driver.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -38,6 +39,7 @@ class ErrorDialog : public Fixture {
 TEST_F(ErrorDialog, ShowsTheFailureAndTheLog) {
     writeFile("log.txt", "first\r\nZ\xFCrich\r\n");
     shown("75 - <b>Path</b>\rsecond line", [&](QDialog& form) {
+        EXPECT_EQ(control<QLabel>(form, "lblError").text(), QStringLiteral("An error has ocurred:")); // meant
         EXPECT_EQ(fromQString(control<QGroupBox>(form, "Frame2").title()), path("log.txt"));
         EXPECT_EQ(textIn(form, "txtError"), "75 - <b>Path</b>\nsecond line");
         EXPECT_EQ(textIn(form, "txtLog"), "first\nZ\xFCrich\n");

@@ -48,6 +48,7 @@ TEST_F(FirstStartTest, AsksForTheModeUntilOneWasChosen) {
     EXPECT_EQ(combo("cmbPC1").text(), "0%");
     EXPECT_EQ(logTexts().at(4), "Vantor version " + appversion() + " starting.");
     EXPECT_EQ(schedulecount, 0) << "nothing is loaded at the start";
+    EXPECT_EQ(sget("FSMode", std::int16_t{0}).int16(), 2) << "without a choice the default is chosen";
     press("optFS2k4");
     EXPECT_FALSE(exists("Vantor2.ini")) << "a choice is written at the exit";
     EXPECT_EQ(exitCodeOf([&] { press("cmdExit"); }), 0);
@@ -55,6 +56,14 @@ TEST_F(FirstStartTest, AsksForTheModeUntilOneWasChosen) {
     open().formLoad(); // no box
     EXPECT_TRUE(chosen(form(), "optFS2k4"));
     EXPECT_EQ(missingCaption(form()), "AI Aircraft missing from FS2004");
+}
+
+TEST_F(FirstStartTest, AModeThatIsNoNumberGivesTheDefault) {
+    writeFile("Vantor2.ini", "FSMODE,two\r\n");
+    fsmode = 4;
+    const Expectation boxes = answerBoxes({chooseMode});
+    open().formLoad();
+    EXPECT_EQ(fsmode, 2);
 }
 
 TEST_F(FirstStartTest, AnyOtherModeStartsAsFs2004AndKeepsItsNumber) {

@@ -95,6 +95,9 @@ TEST_F(FrmSettings, RefusesAnOffsetOutOfRangeAndStaysOpen) {
     click(*form, "cmdOK");
     EXPECT_FALSE(form->isVisible());
     EXPECT_NEAR(gmtoffset * 24 * 60, 12 * 60 + 59, 1e-3);
+    open();
+    EXPECT_EQ(box("txtGMTHour"), "12");
+    EXPECT_EQ(box("txtGMTMin"), "59");
 }
 
 TEST_F(FrmSettings, OkStoresEveryControlInTheFileAndReadsTheSettingsAnew) {

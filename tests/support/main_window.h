@@ -32,6 +32,7 @@ class WindowFixture : public Fixture {
         Fixture::TearDown();
     }
 
+    /// Opens a window, in place of one that stands.
     frmMain& open() {
         m_form = std::make_unique<frmMain>();
         return *m_form;

@@ -53,6 +53,7 @@ class MapFormTest : public Fixture {
 
 TEST_F(MapFormTest, DrawsTheChosenAirportAndAnotherOneOnItsClick) {
     show(0, [&](QDialog& form) {
+        EXPECT_EQ(form.windowTitle(), QStringLiteral("Map (Not much use yet!)")); // meant
         auto& airportList = control<ComboBox>(form, "cmbAirports");
         EXPECT_EQ(airportList.text(), "AAAA - A");
         EXPECT_TRUE(hasColour(form, green));
