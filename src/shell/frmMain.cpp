@@ -15,6 +15,7 @@
 #include "shell/frmSettings.h"
 #include "ui_frmMain.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLayout>
@@ -46,24 +47,43 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
 
 frmMain::~frmMain() = default;
 
+void frmMain::command(QAbstractButton* button, std::function<void(frmMain&)> handler) {
+    connect(button, &QAbstractButton::clicked, this, [this, handler = std::move(handler)] { runCommand(handler); });
+}
+
+void frmMain::runCommand(const std::function<void(frmMain&)>& handler) {
+    // A click can slip in where a dialog has closed and its command has not gone on yet, or where a wait lets
+    // everything through.
+    if (m_running == 0) {
+        const Running running(*this);
+        handler(*this);
+    }
+}
+
+frmMain::Running::~Running() {
+    if (--m_form.m_running == 0 && std::exchange(m_form.m_closeWaits, false)) {
+        QMetaObject::invokeMethod(&m_form, &QWidget::close, Qt::QueuedConnection);
+    }
+}
+
 void frmMain::connectCommands() {
-    connect(ui->cmdReload, &QPushButton::clicked, this, &frmMain::cmdReload_Click);
-    connect(ui->cmdLoadFlightPlan, &QPushButton::clicked, this, &frmMain::cmdLoadFlightPlan_Click);
-    connect(ui->cmdSaveFlights, &QPushButton::clicked, this, &frmMain::cmdSaveFlights_Click);
-    connect(ui->cmdSaveAircraft, &QPushButton::clicked, this, &frmMain::cmdSaveAircraft_Click);
-    connect(ui->cmdSettings, &QPushButton::clicked, this, &frmMain::cmdSettings_Click);
-    connect(ui->cmdExit, &QPushButton::clicked, this, &frmMain::cmdExit_Click);
-    connect(ui->picClunk, &PictureBox::clicked, this, &frmMain::picClunk_Click);
+    command(ui->cmdReload, &frmMain::cmdReload_Click);
+    command(ui->cmdLoadFlightPlan, &frmMain::cmdLoadFlightPlan_Click);
+    command(ui->cmdSaveFlights, &frmMain::cmdSaveFlights_Click);
+    command(ui->cmdSaveAircraft, &frmMain::cmdSaveAircraft_Click);
+    command(ui->cmdSettings, &frmMain::cmdSettings_Click);
+    command(ui->cmdExit, &frmMain::cmdExit_Click);
+    connect(ui->picClunk, &PictureBox::clicked, this, [this] { runCommand(&frmMain::picClunk_Click); });
     connect(ui->optFS2k2, &QRadioButton::clicked, this, &frmMain::optFS2k2_Click);
     connect(ui->optFS2k4, &QRadioButton::clicked, this, &frmMain::optFS2k4_Click);
 }
 
 void frmMain::connectListCommands() {
-    connect(ui->cmdListall, &QPushButton::clicked, this, &frmMain::cmdListall_Click);
-    connect(ui->cmdListICAO, &QPushButton::clicked, this, &frmMain::cmdListICAO_Click);
-    connect(ui->cmdListACnum, &QPushButton::clicked, this, &frmMain::cmdListACnum_Click);
-    connect(ui->cmdListUniqueAC, &QPushButton::clicked, this, &frmMain::cmdListUniqueAC_Click);
-    connect(ui->cmdListUniqueICAO, &QPushButton::clicked, this, &frmMain::cmdListUniqueICAO_Click);
+    command(ui->cmdListall, &frmMain::cmdListall_Click);
+    command(ui->cmdListICAO, &frmMain::cmdListICAO_Click);
+    command(ui->cmdListACnum, &frmMain::cmdListACnum_Click);
+    command(ui->cmdListUniqueAC, &frmMain::cmdListUniqueAC_Click);
+    command(ui->cmdListUniqueICAO, &frmMain::cmdListUniqueICAO_Click);
     connect(ui->cmbAC, &ComboBox::rowClicked, this, &frmMain::cmbAC_Click);
     connect(ui->cmbICAO, &ComboBox::rowClicked, this, &frmMain::cmbICAO_Click);
     connect(ui->List1, &ListBox::rowClicked, this, &frmMain::List1_Click);

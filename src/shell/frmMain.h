@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+class QAbstractButton;
 class QTimer;
 
 namespace vantor {
@@ -95,6 +96,22 @@ class frmMain : public QMainWindow {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    // A command that runs; a close that comes meanwhile waits for its end.
+    class Running {
+      public:
+        explicit Running(frmMain& form) : m_form(form) { ++m_form.m_running; }
+        ~Running();
+        Running(const Running&) = delete;
+        Running& operator=(const Running&) = delete;
+
+      private:
+        frmMain& m_form;
+    };
+
+    // Gives a button its command.
+    void command(QAbstractButton* button, std::function<void(frmMain&)> handler);
+    // Runs a command unless one runs already.
+    void runCommand(const std::function<void(frmMain&)>& handler);
     void connectCommands();
     void connectListCommands();
     void connectScheduleCommands();
@@ -176,7 +193,6 @@ class frmMain : public QMainWindow {
     void stopUpdater() noexcept;
 
     // Loading and saving
-    class Running;
     class SplashSteps;
     void cmdReload_Click() noexcept;
     void cmdLoadFlightPlan_Click() noexcept;
@@ -190,8 +206,7 @@ class frmMain : public QMainWindow {
     // True while displaylist itself moves the current row of List1.
     bool m_ignorelist1click = false;
     std::string m_timetableicao;
-    // Commands that run now; a close that comes meanwhile waits for their end.
-    int m_running = 0;
+    int m_running = 0;                   // commands that run now
     QTimer* m_timer3 = nullptr;          // the form's child
     fSHAREDUpdater* m_updater = nullptr; // the form's child, from the first need on
     bool m_changesGivenUp = false;       // the user agreed to lose them to an update

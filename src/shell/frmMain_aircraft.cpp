@@ -40,10 +40,10 @@ int rowWithText(const ComboBox& box, std::string_view text) {
 } // namespace
 
 void frmMain::connectAircraftCommands() {
-    connect(ui->cmdSubAC, &QPushButton::clicked, this, &frmMain::cmdSubAC_Click);
-    connect(ui->cmdAddFS, &QPushButton::clicked, this, &frmMain::cmdAddFS_Click);
-    connect(ui->cmdDeleteAC, &QPushButton::clicked, this, &frmMain::cmdDeleteAC_Click);
-    connect(ui->cmdSwapAC, &QPushButton::clicked, this, &frmMain::cmdSwapAC_Click);
+    command(ui->cmdSubAC, &frmMain::cmdSubAC_Click);
+    command(ui->cmdAddFS, &frmMain::cmdAddFS_Click);
+    command(ui->cmdDeleteAC, &frmMain::cmdDeleteAC_Click);
+    command(ui->cmdSwapAC, &frmMain::cmdSwapAC_Click);
 }
 
 void frmMain::offerAircraft(frmAircraftSub& dialog) noexcept {

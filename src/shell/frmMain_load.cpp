@@ -25,23 +25,6 @@ namespace {
 constexpr std::string_view module = "frmMain";
 } // namespace
 
-// Marks a command that pumps events: a close that comes meanwhile waits for its end.
-class frmMain::Running {
-  public:
-    explicit Running(frmMain& form) : m_form(form) { ++m_form.m_running; }
-    ~Running() {
-        if (--m_form.m_running == 0 && m_form.m_closeWaits) {
-            m_form.m_closeWaits = false;
-            QMetaObject::invokeMethod(&m_form, &QWidget::close, Qt::QueuedConnection);
-        }
-    }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-
-  private:
-    frmMain& m_form;
-};
-
 // What a load fills in the window, behind its splash. The splash goes with it, also when a reader raises.
 class frmMain::SplashSteps final : public LoadSteps {
   public:
@@ -142,7 +125,6 @@ void frmMain::cmdLoadFlightPlan_Click() noexcept {
 }
 
 void frmMain::loadChosen(const std::string& folder, const std::string& name) {
-    const Running running(*this);
     const std::string file = folder + "\\" + name;
     flightsname = file;
     plansuffix = GetSuffix(name);
@@ -200,7 +182,6 @@ void frmMain::cmdSaveFlights_Click() noexcept {
         trap([&] { host().message("Save cancelled"); });
         return;
     }
-    const Running running(*this);
     trap([&] { busymouse(); });
     savesc(flightsname);
     trap([&] { normalmouse(); });
@@ -217,7 +198,6 @@ void frmMain::cmdSaveAircraft_Click() noexcept {
         trap([&] { host().message("Save Cancelled"); }); // a capital here, unlike the flight plans'; it is meant
         return;
     }
-    const Running running(*this);
     trap([&] { busymouse(); });
     saveaircraft();
     trap([&] { normalmouse(); });

@@ -32,14 +32,14 @@ void loadEditor(frmSchedEdit& editor, const ScheduleRec& schedule) {
 } // namespace
 
 void frmMain::connectScheduleCommands() {
-    connect(ui->cmdAddSchedule, &QPushButton::clicked, this, &frmMain::cmdAddSchedule_Click);
-    connect(ui->cmdCopy, &QPushButton::clicked, this, &frmMain::cmdCopy_Click);
-    connect(ui->cmdEditSchedule, &QPushButton::clicked, this, &frmMain::cmdEditSchedule_Click);
-    connect(ui->cmdDeleteSchedule, &QPushButton::clicked, this, &frmMain::cmdDeleteSchedule_Click);
-    connect(ui->cmdEditLeg, &QPushButton::clicked, this, &frmMain::cmdEditLeg_Click);
-    connect(ui->cmdDeleteLeg, &QPushButton::clicked, this, &frmMain::cmdDeleteLeg_Click);
-    connect(ui->cmdFind0, &QPushButton::clicked, this, [this] { cmdFind_Click(0); });
-    connect(ui->cmdFind1, &QPushButton::clicked, this, [this] { cmdFind_Click(1); });
+    command(ui->cmdAddSchedule, &frmMain::cmdAddSchedule_Click);
+    command(ui->cmdCopy, &frmMain::cmdCopy_Click);
+    command(ui->cmdEditSchedule, &frmMain::cmdEditSchedule_Click);
+    command(ui->cmdDeleteSchedule, &frmMain::cmdDeleteSchedule_Click);
+    command(ui->cmdEditLeg, &frmMain::cmdEditLeg_Click);
+    command(ui->cmdDeleteLeg, &frmMain::cmdDeleteLeg_Click);
+    command(ui->cmdFind0, [](frmMain& form) { form.cmdFind_Click(0); });
+    command(ui->cmdFind1, [](frmMain& form) { form.cmdFind_Click(1); });
 }
 
 void frmMain::prepareschedform(frmSchedEdit& editor) noexcept {

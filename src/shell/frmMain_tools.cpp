@@ -16,9 +16,9 @@ constexpr std::string_view module = "frmMain";
 } // namespace
 
 void frmMain::connectToolCommands() {
-    connect(ui->cmdCompile, &QPushButton::clicked, this, &frmMain::cmdCompile_Click);
-    connect(ui->cmdDecompile, &QPushButton::clicked, this, &frmMain::cmdDecompile_Click);
-    connect(ui->cmdACReport, &QPushButton::clicked, this, &frmMain::cmdACReport_Click);
+    command(ui->cmdCompile, &frmMain::cmdCompile_Click);
+    command(ui->cmdDecompile, &frmMain::cmdDecompile_Click);
+    command(ui->cmdACReport, &frmMain::cmdACReport_Click);
 }
 
 void frmMain::cmdCompile_Click() noexcept {

@@ -32,7 +32,12 @@ UpdateSource updateSource() {
 } // namespace
 
 void frmMain::connectUpdateCommands() {
-    connect(ui->cmdCheckUpdate, &QPushButton::clicked, this, &frmMain::cmdCheckUpdate_Click);
+    // It waits with everything let through and takes nobody's turn: commands run meanwhile, and a close ends it.
+    connect(ui->cmdCheckUpdate, &QPushButton::clicked, this, [this] {
+        if (m_running == 0) {
+            cmdCheckUpdate_Click();
+        }
+    });
     m_timer3 = new QTimer(this);
     m_timer3->setObjectName(QStringLiteral("Timer3"));
     m_timer3->setSingleShot(true);
@@ -64,7 +69,7 @@ void frmMain::cmdCheckUpdate_Click() noexcept {
 
 void frmMain::Timer3_Timer() noexcept {
     const StandardTrap trap{"sub timer3_timer", module};
-    if (host().pumping() || QApplication::activeModalWidget() != nullptr) {
+    if (m_running > 0 || host().pumping() || QApplication::activeModalWidget() != nullptr) {
         // A check lets everything run, so it must not begin inside a command; nor should it talk into an open dialog.
         trap([&] { m_timer3->start(retryDelay); });
         return;

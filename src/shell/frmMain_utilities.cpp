@@ -37,12 +37,12 @@ void frmMain::connectUtilityCommands() {
     shows(ui->optDelByIcao, ui->frameDelByIcao);
     shows(ui->optSplit, ui->frameSplit);
     shows(ui->optSplitAC, ui->frameSplitAC);
-    connect(ui->cmdChangeFL, &QPushButton::clicked, this, &frmMain::cmdChangeFL_Click);
-    connect(ui->cmdUpdateATCPercent, &QPushButton::clicked, this, &frmMain::cmdUpdateATCPercent_Click);
-    connect(ui->cmdDeleteByICAO, &QPushButton::clicked, this, &frmMain::cmdDeleteByICAO_Click);
+    command(ui->cmdChangeFL, &frmMain::cmdChangeFL_Click);
+    command(ui->cmdUpdateATCPercent, &frmMain::cmdUpdateATCPercent_Click);
+    command(ui->cmdDeleteByICAO, &frmMain::cmdDeleteByICAO_Click);
     connect(ui->cmbPC1, &ComboBox::rowClicked, this, &frmMain::cmbPC1_Click);
-    connect(ui->cmdDoSplit, &QPushButton::clicked, this, &frmMain::cmdDoSplit_Click);
-    connect(ui->cmdSplitAC, &QPushButton::clicked, this, &frmMain::cmdSplitAC_Click);
+    command(ui->cmdDoSplit, &frmMain::cmdDoSplit_Click);
+    command(ui->cmdSplitAC, &frmMain::cmdSplitAC_Click);
 }
 
 void frmMain::hideframes() noexcept {

@@ -23,11 +23,11 @@ constexpr std::string_view module = "frmMain";
 } // namespace
 
 void frmMain::connectViewCommands() {
-    connect(ui->cmdTimeTable, &QPushButton::clicked, this, &frmMain::cmdTimeTable_Click);
-    connect(ui->cmdPrint, &QPushButton::clicked, this, &frmMain::cmdPrint_Click);
-    connect(ui->cmdGates, &QPushButton::clicked, this, &frmMain::cmdGates_Click);
-    connect(ui->cmdChart, &QPushButton::clicked, this, &frmMain::cmdChart_Click);
-    connect(ui->cmdMap, &QPushButton::clicked, this, &frmMain::cmdMap_Click);
+    command(ui->cmdTimeTable, &frmMain::cmdTimeTable_Click);
+    command(ui->cmdPrint, &frmMain::cmdPrint_Click);
+    command(ui->cmdGates, &frmMain::cmdGates_Click);
+    command(ui->cmdChart, &frmMain::cmdChart_Click);
+    command(ui->cmdMap, &frmMain::cmdMap_Click);
 }
 
 void frmMain::cmdTimeTable_Click() noexcept {
