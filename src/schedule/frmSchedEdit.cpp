@@ -10,6 +10,7 @@
 #include "schedule/frmFind.h"
 #include "ui_frmSchedEdit.h"
 
+#include <QRegularExpressionValidator>
 #include <QStyle>
 
 #include <algorithm>
@@ -48,6 +49,7 @@ std::string textOf(const QLineEdit* box) {
 frmSchedEdit::frmSchedEdit(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmSchedEdit>()) {
     ui->setupUi(this);
     keepRoom();
+    guardFields();
     connectControls();
     Form_Load();
 }
@@ -80,6 +82,15 @@ void frmSchedEdit::keepRoom() {
         QSizePolicy policy = widget->sizePolicy();
         policy.setRetainSizeWhenHidden(true);
         widget->setSizePolicy(policy);
+    }
+}
+
+// Texts that go into the file as they are: a comma, a comment mark or a line's end would part the line there, and the
+// file could not be read again.
+void frmSchedEdit::guardFields() {
+    const QRegularExpression fits(QStringLiteral("(?:/?[^,;/\\x00-\\x1f])*/?"));
+    for (QLineEdit* const box : {ui->txtRego, ui->txtPercent, ui->txtFlightNum}) {
+        box->setValidator(new QRegularExpressionValidator(fits, box));
     }
 }
 
@@ -364,6 +375,7 @@ void frmSchedEdit::cmdOK_Click() noexcept {
     passOver([&] { sched.tailnumber = textOf(ui->txtRego); });
     passOver([&] { sched.rules = ui->optIFR->isChecked() ? "IFR" : "VFR"; });
     passOver([&] { sched.percent = textOf(ui->txtPercent) + "%"; });
+    completelegs(sched);
     passOver([&] { accept(); });
     passOver([&] { host().pumpEvents(Pump::PaintAndTimers); });
 }

@@ -48,6 +48,7 @@ class frmSchedEdit : public QDialog {
 
   private:
     void keepRoom();
+    void guardFields();
     void connectControls();
     void Form_Load() noexcept;
 

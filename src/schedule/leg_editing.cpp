@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view module = "frmFlightEdit";
 constexpr float hoursOfDay = 24.0F;
+constexpr std::string_view midnight = "00:00:00";
 
 // Where a new leg goes and who stands beside it.
 struct NewPlace {
@@ -79,7 +80,7 @@ void addlegtosched(ScheduleDraft& draft, bool atend, int rows, int currentRow, b
     trap([&] { draft.leg(at).dep = draft.leg(place.previous).dep.raw(); });
     // The arrival of the leg before would be taken over with a fixed arrival, but it is the new leg's own mark that
     // decides, and a blank leg has none. It is meant.
-    trap([&] { draft.leg(at).arr = "00:00:00"; });
+    trap([&] { draft.leg(at).arr = midnight; });
     trap([&] { draft.leg(at).flightnum = draft.leg(place.previous).flightnum.raw(); });
     trap([&] { draft.leg(at).legtype = draft.leg(place.previous).legtype.raw(); });
     trap([&] { draft.leg(at).tng = tng; });
@@ -95,6 +96,19 @@ void deleteleg(ScheduleRec& rec, std::int32_t leg) noexcept {
             rec.legs.erase(leg);
             --rec.legcount;
         });
+    }
+}
+
+void completelegs(ScheduleRec& sched) noexcept {
+    const std::int32_t count = std::min<std::int32_t>(sched.legcount, sched.legs.size());
+    for (std::int32_t i = 1; i <= count; ++i) {
+        LegRec& leg = sched.legs[i];
+        if (leg.dep.text().empty()) {
+            leg.dep = midnight;
+        }
+        if (sched.weekly && leg.depday < 0) {
+            leg.depday = 0; // Sunday, as for a leg that is shown
+        }
     }
 }
 

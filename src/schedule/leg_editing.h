@@ -38,6 +38,10 @@ void addlegtosched(ScheduleDraft& draft, bool atend, int rows, int currentRow, b
 /// with one leg that leg goes, whatever `leg` says. Faults go to the ring.
 void deleteleg(ScheduleRec& rec, std::int32_t leg) noexcept;
 
+/// Gives legs that were never shown what every stored leg has: a departure time, and in a weekly schedule a departure
+/// day. A line of the file without them could not be read again.
+void completelegs(ScheduleRec& sched) noexcept;
+
 /// The rows of the editor's list, item data the leg number.
 [[nodiscard]] ListRows legrows(const ScheduleRec& sched);
 /// The first row that starts with the code, without regard to case; -1 for none. A blank code is any row's start.

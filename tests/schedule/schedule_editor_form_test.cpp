@@ -10,7 +10,9 @@
 #include "support/form_driver.h"
 #include "support/traffic.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -263,6 +265,39 @@ TEST_F(ScheduleEditorTest, AWeeklyScheduleGetsItsDays) {
     EXPECT_FALSE(editor->editedsched().weekly);
     EXPECT_FALSE(combo("cmbDay0").isEnabled());
     EXPECT_EQ(editor->editedsched().legs[1].arrday, 2); // days of legs not visited again stay
+}
+
+// What OK hands back must be a line of the file that can be read again.
+TEST_F(ScheduleEditorTest, LegsThatWereNeverShownAreComplete) {
+    open();
+    pickRow(combo("cmbRepeat"), 7);
+    click(*editor, "cmdOK");
+    for (const LegRec& leg : editor->editedsched().legs) {
+        EXPECT_EQ(leg.depday, 0) << leg.fromicao.text();
+    }
+    open();
+    for (int row = 0; row < 3; ++row) {
+        clickRow(list(), 0);
+        click(*editor, "cmdDeleteLeg");
+    }
+    click(*editor, "cmdAddLeg"); // takes after no leg at all
+    click(*editor, "cmdAddLeg");
+    click(*editor, "cmdOK");
+    for (const LegRec& leg : editor->editedsched().legs) {
+        EXPECT_FALSE(leg.dep.text().empty());
+    }
+}
+
+TEST_F(ScheduleEditorTest, FieldsTakeNothingThatWouldPartTheLine) {
+    open();
+    type("txtRego", "G,-/A;//B/");
+    type("txtPercent", ",7;5//");
+    type("txtFlightNum", "1;2,3/4");
+    QApplication::clipboard()->setText(QStringLiteral("X\r\nY"));
+    pressKey(at<QLineEdit>("txtFlightNum"), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(field("txtRego"), "G-/A/B/");
+    EXPECT_EQ(field("txtPercent"), "75/");
+    EXPECT_EQ(field("txtFlightNum"), "123/4");
 }
 
 TEST_F(ScheduleEditorTest, ADeletedAircraftGivesWayToTheFirstRow) {
