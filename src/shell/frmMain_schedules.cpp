@@ -138,7 +138,9 @@ void frmMain::cmdEditLeg_Click() noexcept {
         frmSchedEdit editor(this);
         prepareschedform(editor);
         ScheduleRec schedule;
-        if (!trap([&] { schedule = schedules.HashGetSlot(rec); })) {
+        // A leg's number can lead to a counted line without a schedule: what was stored there, the next add would
+        // overwrite.
+        if (!trap([&] { schedule = schedules.HashGetSlot(rec); }) || schedule.recnum == 0) {
             return;
         }
         loadEditor(editor, schedule);

@@ -2,6 +2,7 @@
 // The buttons under the main window's lists, driven with clicks from list to editor and back.
 #include "core/tables.h"
 #include "schedule/list_rows.h"
+#include "schedule/schedule_commands.h"
 #include "support/main_window.h"
 #include "support/traffic.h"
 
@@ -96,6 +97,16 @@ TEST_F(ScheduleButtonsTest, EditLegGoesByTheRowOnAFilteredList) {
         click(dialog, "cmdOK");
     });
     EXPECT_EQ(schedules.peek(1).legs[1].flightnum.text(), "55");
+}
+
+TEST_F(ScheduleButtonsTest, EditLegStopsWhereItsNumberLeadsToNoSchedule) {
+    countDroppedLine();
+    countDroppedLine();
+    addschedule(defaultschedule("AC#1"), "test"); // its legs carry the number of the line before
+    form().displaylist("", "", "", false, 0);
+    clickRow(list("List1"), 3);
+    press("cmdEditLeg"); // no dialog
+    EXPECT_EQ(schedules.peek(5), ScheduleRec());
 }
 
 TEST_F(ScheduleButtonsTest, AddShowsTheNewScheduleOfTheChosenAircraft) {
