@@ -28,6 +28,7 @@ struct ExpectedDialog {
     std::function<void(QDialog&)> user;
 };
 std::deque<ExpectedDialog> expectedDialogs;
+std::function<void(QDialog&)> everyDialog;
 
 void close(QDialog& dialog) {
     dialog.reject();
@@ -78,7 +79,14 @@ void serveDialog(QDialog& dialog) {
 }
 
 void serve(QDialog& dialog) {
-    if (auto* box = qobject_cast<QMessageBox*>(&dialog)) {
+    if (everyDialog) {
+        const QPointer<QDialog> guard(&dialog);
+        EXPECT_NO_THROW(everyDialog(dialog));
+        if (guard && guard->isVisible()) {
+            ADD_FAILURE() << "the dialog stayed open: " << fromQString(dialog.objectName());
+            close(dialog);
+        }
+    } else if (auto* box = qobject_cast<QMessageBox*>(&dialog)) {
         serveBox(*box);
     } else {
         serveDialog(dialog);
@@ -208,6 +216,14 @@ Expectation expectDialog(std::string_view objectName, std::function<void(QDialog
             ADD_FAILURE() << "a dialog never came up: " << dialog.objectName;
         }
     });
+}
+
+DialogService::DialogService(std::function<void(QDialog&)> user) {
+    everyDialog = std::move(user);
+}
+
+DialogService::~DialogService() {
+    everyDialog = {};
 }
 
 DialogWatch::DialogWatch() {

@@ -81,6 +81,15 @@ class Expectation {
 /// Hands the next modal dialog with this object name to `user`, who must close it, while the result lives.
 [[nodiscard]] Expectation expectDialog(std::string_view objectName, std::function<void(QDialog&)> user);
 
+/// Hands every modal dialog and message box to `user` while it lives, whatever else is expected.
+class DialogService {
+  public:
+    explicit DialogService(std::function<void(QDialog&)> user);
+    DialogService(const DialogService&) = delete;
+    DialogService& operator=(const DialogService&) = delete;
+    ~DialogService();
+};
+
 /// Watches for modal dialogs during the whole run: one that no test expects fails that test and is closed, so that
 /// nothing hangs. Made once by the main function.
 class DialogWatch : public QObject {
