@@ -60,6 +60,23 @@ std::string airportsFile(const WorldOptions& options, Numbers& numbers) {
     return text;
 }
 
+// Names for three airports of four; the others show none.
+std::string namesFile(const WorldOptions& options) {
+    std::string text = "[ICAO names]\r\n";
+    for (int i = 0; i < options.airports; ++i) {
+        text += i % 4 == 3 ? std::string() : print("%s=Airport %d, Somewhere\r\n", airportCode(i).c_str(), i);
+    }
+    return text;
+}
+
+// The legs of a busy airport fly there and away in turn.
+int nextAirport(int leg, const WorldOptions& options, Numbers& numbers) {
+    if (options.busyAirport && leg % 2 == 1) {
+        return 0;
+    }
+    return numbers.below(options.airports) + (options.missingAirports ? 100000 : 0);
+}
+
 void appendSchedule(std::string& text, int number, const WorldOptions& options, Numbers& numbers) {
     const bool weekly = numbers.below(2) == 0;
     text += print("AC#%d,N%dV,%d%%,%s,%s", numbers.below(options.aircraft) + 1 + (options.unknownAircraft ? 500000 : 0),
@@ -70,10 +87,11 @@ void appendSchedule(std::string& text, int number, const WorldOptions& options, 
         const int flight = 40 + numbers.below(300);
         const int day = minutes / 1440 % 7;
         const int arrivalDay = (minutes + flight) / 1440 % 7;
-        const int airport = numbers.below(options.airports) + (options.missingAirports ? 100000 : 0);
-        text += weekly ? print(",%d/%s,%s%d/%s", day, clockText(minutes).c_str(), numbers.below(2) == 0 ? "@" : "",
-                               arrivalDay, clockText(minutes + flight).c_str())
-                       : print(",%s,%s", clockText(minutes).c_str(), clockText(minutes + flight).c_str());
+        const int airport = nextAirport(leg, options, numbers);
+        const char* const touchAndGo = numbers.below(16) == 0 ? "TNG" : "";
+        text += weekly ? print(",%d/%s,%s%s%d/%s", day, clockText(minutes).c_str(), numbers.below(2) == 0 ? "@" : "",
+                               touchAndGo, arrivalDay, clockText(minutes + flight).c_str())
+                       : print(",%s,%s%s", clockText(minutes).c_str(), touchAndGo, clockText(minutes + flight).c_str());
         text += print(", %d ,%c,%d,%s", 10 * (8 + numbers.below(33)), numbers.below(5) == 0 ? 'R' : 'F',
                       numbers.below(9000) + 1, airportCode(airport).c_str());
         minutes += flight + 45;
@@ -92,6 +110,7 @@ std::uintmax_t writeWorld(const std::filesystem::path& folder, const WorldOption
     Numbers numbers;
     std::uintmax_t size = write(folder / "Aircraft.txt", aircraftFile(options));
     size += write(folder / "Airports.txt", airportsFile(options, numbers));
+    size += write(folder / "icao name.cfg", namesFile(options));
     std::string plans = "// generated\r\n";
     for (int i = 1; i <= options.schedules; ++i) {
         appendSchedule(plans, i, options, numbers);

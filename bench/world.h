@@ -1,5 +1,5 @@
 // Bench: measurements, as ratios in one run, on traffic made for them.
-// A generated TrafficTools folder of any size, the same for the same options on every machine.
+// A generated TrafficTools folder of any size, the same for the same options on every machine. Tests load it, too.
 #pragma once
 
 #include <cstdint>
@@ -15,9 +15,10 @@ struct WorldOptions {
     bool unknownAircraft = false;  ///< no schedule's aircraft is in the aircraft file
     bool missingAirports = false;  ///< no leg's airport is in the airports file
     bool reversedAircraft = false; ///< the aircraft file stands in reverse order
+    bool busyAirport = false;      ///< every leg flies to or from the first airport
 };
 
-/// Writes Aircraft.txt, Airports.txt and Flightplans.txt into `folder`. Returns their size in bytes.
+/// Writes Aircraft.txt, Airports.txt, Flightplans.txt and "icao name.cfg" into `folder`. Returns their size in bytes.
 std::uintmax_t writeWorld(const std::filesystem::path& folder, const WorldOptions& options);
 
 } // namespace vantor::bench
