@@ -2,7 +2,7 @@
 
 #include "core/aircraft_table.h"
 #include "core/codes.h"
-#include "core/great_circle.h"
+#include "core/leg_distances.h"
 #include "core/tables.h"
 #include "foundation/clock.h"
 #include "foundation/files.h"
@@ -11,10 +11,12 @@
 #include "foundation/progress.h"
 #include "foundation/text.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace vantor {
 
@@ -28,14 +30,11 @@ constexpr int linesPerProgress = 500;
 
 using Fields = std::span<const std::string_view>;
 
-// The text of a line in capitals, without comments; blanks ahead of a comment mark stay.
-void cutLine(std::string_view raw, std::string& line) {
-    line = raw;
-    upperInPlace(line);
-    std::string_view kept = trim(line);
-    kept = kept.substr(0, kept.find("//"));
-    kept = kept.substr(0, kept.find(';'));
-    line = std::string(kept);
+// The text of a line without comments; blanks ahead of a comment mark stay.
+std::string_view withoutComment(std::string_view line) {
+    line = trim(line);
+    line = line.substr(0, line.find("//"));
+    return line.substr(0, line.find(';'));
 }
 
 // A day prefix such as 3/ has one digit, and the time starts behind it.
@@ -60,6 +59,7 @@ class Reader {
     void readHeader(Fields fields);
     void readLegs(Fields fields);
     void readArrival(LegRec& leg, std::string_view field);
+    void findPoints();
     void deriveLeg(LegRec& leg) const;
     void deriveArrivalDay(LegRec& leg, std::int16_t hours) const;
     void addRecord();
@@ -68,6 +68,9 @@ class Reader {
     std::string m_name;
     std::array<std::string_view, maximumFields> m_fields; // reused: no allocation for a line
     std::string m_arrival;
+    AircraftSearch m_aircraft;
+    LegDistances m_distances;
+    std::vector<GlobePoint> m_points; // the origin of leg 1, then the destinations of all legs
     ScheduleRec m_record;
     FixedText<12> m_previousTail; // of the last accepted record, for the message alone
     std::int32_t m_recnum = 0;
@@ -87,10 +90,12 @@ void Reader::read() {
     std::int32_t lines = 0;
     int sinceProgress = 0;
     InputFile file(m_name);
-    std::string line;
+    std::string capitals;
     for (std::string_view raw; file.readLine(raw);) {
         ++sinceProgress;
-        cutLine(raw, line);
+        capitals = raw;
+        upperInPlace(capitals);
+        const std::string_view line = withoutComment(capitals);
         if (trim(line).empty()) {
             continue;
         }
@@ -116,24 +121,24 @@ void Reader::read() {
 
 Fields Reader::splitLine(std::string_view line) {
     std::size_t count = 0;
-    while (true) {
+    std::size_t start = 0;
+    const auto endField = [&](std::size_t end) {
         if (count == maximumFields) {
             throw Error(ErrorCode::TypeMismatch);
         }
-        const std::size_t comma = line.find(',');
-        m_fields[count++] = line.substr(0, comma);
-        if (comma == std::string_view::npos) {
-            return {m_fields.data(), count};
-        }
-        line.remove_prefix(comma + 1);
-    }
+        m_fields[count++] = line.substr(start, end - start);
+        start = end + 1;
+    };
+    forEachPosition(line, ',', endField);
+    endField(line.size());
+    return {m_fields.data(), count};
 }
 
 void Reader::readHeader(Fields fields) {
     m_record = ScheduleRec();
     m_record.recnum = ++m_recnum;
     m_record.acnum = fields[0];
-    const std::int32_t row = aircraftrecord(extractcode(m_record.acnum.raw()));
+    const std::int32_t row = m_aircraft.row(extractcode(m_record.acnum.raw()));
     if (row != -1) {
         m_speed = aircraft[row].cruisespeed;
     }
@@ -150,7 +155,7 @@ void Reader::readHeader(Fields fields) {
 
 void Reader::readLegs(Fields fields) {
     const std::size_t last = fields.size() - 1;
-    m_record.legs.reserve(static_cast<std::int32_t>((fields.size() - headerFields) / legFields));
+    m_record.legs.resize(static_cast<std::int32_t>((fields.size() - headerFields) / legFields));
     std::string_view previous;
     std::int16_t n = 1;
     // One field left over is what a trailing comma leaves, and is ignored.
@@ -158,7 +163,6 @@ void Reader::readLegs(Fields fields) {
         if (at + legFields > fields.size()) {
             throw Error(ErrorCode::TypeMismatch); // a last leg of two to five fields
         }
-        m_record.legs.append(LegRec());
         LegRec& leg = m_record.legs[n];
         leg.fromicao = previous;
         const std::string_view departure = fields[at];
@@ -174,27 +178,36 @@ void Reader::readLegs(Fields fields) {
     }
     m_record.legs[1].fromicao = previous; // the loop is closed
     m_record.legcount = static_cast<std::int16_t>(n - 1);
+    findPoints();
     for (m_leg = 1; m_leg <= m_record.legcount; ++m_leg) {
         deriveLeg(m_record.legs[m_leg]);
     }
 }
 
-void Reader::readArrival(LegRec& leg, std::string_view field) {
-    leg.atflag = contains(field, "@");
-    if (leg.atflag) {
-        m_arrival = replaceAll(field, "@", "");
-        field = m_arrival;
+// The places of all legs' ends ahead of their distances: as many waits for memory at once.
+void Reader::findPoints() {
+    m_points.clear();
+    m_points.push_back(m_distances.find(m_record.legs[1].fromicao));
+    for (std::int32_t n = 1; n <= m_record.legcount; ++n) {
+        m_points.push_back(m_distances.find(m_record.legs[n].toicao));
     }
-    leg.tng = contains(field, "TNG");
-    if (leg.tng) {
-        m_arrival = replaceAll(field, "TNG", "");
+}
+
+void Reader::readArrival(LegRec& leg, std::string_view field) {
+    // Most arrivals carry no mark, and one look at each character tells so.
+    if (std::ranges::any_of(field, [](char c) { return c == '@' || c == 'T'; })) {
+        leg.atflag = contains(field, "@");
+        m_arrival = replaceAll(field, "@", "");
+        leg.tng = contains(m_arrival, "TNG");
+        m_arrival = replaceAll(m_arrival, "TNG", "");
         field = m_arrival;
     }
     leg.arr = field; // its day prefix is taken off when the leg is derived
 }
 
 void Reader::deriveLeg(LegRec& leg) const {
-    const double distance = flightdistance(leg.fromicao.text(), leg.toicao.text());
+    const GlobePoint* const ends = &m_points[static_cast<std::size_t>(m_leg - 1)];
+    const double distance = LegDistances::between(leg.fromicao, ends[0], leg.toicao, ends[1], m_speed);
     const std::int16_t hours = toInt16(distance / static_cast<double>(m_speed));
     leg.flighthours = hours;
     leg.distance = static_cast<float>(roundHalfEven(distance));
@@ -204,7 +217,7 @@ void Reader::deriveLeg(LegRec& leg) const {
 }
 
 void Reader::deriveArrivalDay(LegRec& leg, std::int16_t hours) const {
-    const std::string arrival(leg.arr.raw());
+    const std::string_view arrival = leg.arr.raw();
     if (contains(arrival, "/")) {
         leg.arrday = dayOf(arrival);
         leg.arr = behindDay(arrival);

@@ -24,19 +24,20 @@ class SystemClock final : public Clock {
 
 Clock* clockInUse = nullptr;
 
-// One field of a time text: up to `most` digits ahead of the end or a colon. -1 when it is no such field.
-int timeField(std::string_view digits, std::size_t least, std::size_t most) {
-    if (digits.size() < least || digits.size() > most) {
-        return -1;
-    }
+// Reads a field of a time text from `at` on: `least` digits to two. -1 when there are fewer; more are left standing.
+int timeField(std::string_view text, std::size_t& at, std::size_t least) {
+    const std::size_t start = at;
     int value = 0;
-    for (const char c : digits) {
-        if (c < '0' || c > '9') {
-            return -1;
-        }
-        value = value * 10 + (c - '0');
+    while (at < text.size() && at < start + 2 && text[at] >= '0' && text[at] <= '9') {
+        value = value * 10 + (text[at++] - '0');
     }
-    return value;
+    return at - start < least ? -1 : value;
+}
+
+bool takeColon(std::string_view text, std::size_t& at) {
+    const bool isColon = at < text.size() && text[at] == ':';
+    at += isColon ? 1 : 0;
+    return isColon;
 }
 
 } // namespace
@@ -80,17 +81,11 @@ float timer() {
 
 DateTime parseTime(std::string_view text) {
     const std::string_view bare = trim(text);
-    const std::size_t first = bare.find(':');
-    if (first == std::string_view::npos) {
-        throw Error(ErrorCode::TypeMismatch);
-    }
-    const std::size_t second = bare.find(':', first + 1);
-    const bool hasSeconds = second != std::string_view::npos;
-    const int hours = timeField(bare.substr(0, first), 1, 2);
-    const int minutes =
-        timeField(hasSeconds ? bare.substr(first + 1, second - first - 1) : bare.substr(first + 1), 2, 2);
-    const int seconds = hasSeconds ? timeField(bare.substr(second + 1), 2, 2) : 0;
-    if (hours < 0 || hours > 23 || minutes < 0 || minutes > 59 || seconds < 0 || seconds > 59) {
+    std::size_t at = 0;
+    const int hours = timeField(bare, at, 1);
+    const int minutes = takeColon(bare, at) ? timeField(bare, at, 2) : -1;
+    const int seconds = takeColon(bare, at) ? timeField(bare, at, 2) : 0;
+    if (at != bare.size() || hours < 0 || hours > 23 || minutes < 0 || minutes > 59 || seconds < 0 || seconds > 59) {
         throw Error(ErrorCode::TypeMismatch);
     }
     return timeSerial(hours, minutes, seconds);

@@ -3,11 +3,13 @@
 #include "foundation/error.h"
 #include "foundation/text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 #include <system_error>
 
 namespace vantor {
@@ -16,6 +18,41 @@ namespace {
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
+}
+
+// Whole numbers of up to this many digits are exact in a double and need no conversion of the library.
+constexpr std::size_t mostPlainDigits = 15;
+
+// The value of a text of digits alone; nothing when it is longer or holds anything else.
+std::optional<double> plainNumber(std::string_view text) {
+    if (text.empty() || text.size() > mostPlainDigits || !std::ranges::all_of(text, isDigit)) {
+        return std::nullopt;
+    }
+    std::int64_t value = 0;
+    for (const char c : text) {
+        value = value * 10 + (c - '0');
+    }
+    return static_cast<double>(value);
+}
+
+bool isNumberSign(char c) {
+    return c == '+' || c == '-' || c == '.' || c == 'E' || c == 'e';
+}
+
+// The number at the front of a text as val reads it, when it is digits and blanks alone; nothing for any other.
+std::optional<double> plainFront(std::string_view text) {
+    std::int64_t value = 0;
+    std::size_t digits = 0;
+    for (const char c : text) {
+        if (isDigit(c) && ++digits <= mostPlainDigits) {
+            value = value * 10 + (c - '0');
+        } else if (isDigit(c) || isNumberSign(c)) {
+            return std::nullopt;
+        } else if (c != ' ') {
+            break;
+        }
+    }
+    return static_cast<double>(value);
 }
 
 // Walks over the longest number at the front of a text: [sign] digits [. digits] [E [sign] digits].
@@ -98,6 +135,9 @@ std::string withExponentBeyond(Number value, int digits) {
 } // namespace
 
 double val(std::string_view text) noexcept {
+    if (const std::optional<double> plain = plainFront(text)) {
+        return *plain;
+    }
     // Numbers are short: what lies beyond the buffer cannot change a double by more than its last digit.
     std::array<char, 512> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled below as far as it is read
     std::size_t length = 0;
@@ -105,7 +145,7 @@ double val(std::string_view text) noexcept {
         if (c == ' ') {
             continue;
         }
-        if (length == buffer.size() || !(isDigit(c) || c == '+' || c == '-' || c == '.' || c == 'E' || c == 'e')) {
+        if (length == buffer.size() || !(isDigit(c) || isNumberSign(c))) {
             break;
         }
         buffer[length++] = c;
@@ -121,6 +161,9 @@ double val(std::string_view text) noexcept {
 
 double parseNumber(std::string_view text) {
     const std::string_view bare = trim(text);
+    if (const std::optional<double> plain = plainNumber(bare)) {
+        return *plain;
+    }
     const NumberScan scan = scanNumber(bare);
     if (scan.length == 0 || scan.length != bare.size()) {
         throw Error(ErrorCode::TypeMismatch);

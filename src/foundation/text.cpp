@@ -71,6 +71,17 @@ char lowerChar(char c) noexcept {
 }
 
 void upperInPlace(std::string& text) noexcept {
+    // Traffic is ASCII but for a few names, and without a table the compiler takes many bytes at a time.
+    unsigned char all = 0;
+    for (const char c : text) {
+        all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
+    }
+    if (all < 0x80) {
+        for (char& c : text) {
+            c = static_cast<char>(c - (c >= 'a' && c <= 'z' ? 'a' - 'A' : 0));
+        }
+        return;
+    }
     const auto& table = caseTables().toUpper;
     for (char& c : text) {
         c = table[static_cast<unsigned char>(c)];

@@ -6,7 +6,6 @@
 #include "bulk/flight_level.h"
 #include "core/aircraft_file.h"
 #include "core/flightplans_writer.h"
-#include "core/great_circle.h"
 #include "core/load_pipeline.h"
 #include "core/tables.h"
 #include "schedule/list_rows.h"
@@ -77,7 +76,7 @@ class Steps final : public LoadSteps {
     RecordingCanvas m_canvas;
 };
 
-class WorldTest : public Fixture {
+class WorldDigestTest : public Fixture, public ::testing::WithParamInterface<Variant> {
   protected:
     void load(Steps& steps) const {
         fsmode = 2;
@@ -109,8 +108,6 @@ class WorldTest : public Fixture {
         std::ofstream(folder() / name, std::ios::binary | std::ios::app) << text;
     }
 };
-
-class WorldDigestTest : public WorldTest, public ::testing::WithParamInterface<Variant> {};
 
 void addSchedules(Digest& digest) {
     digest.add(std::int64_t{schedulecount});
@@ -255,22 +252,6 @@ TEST_P(WorldDigestTest, IsTheSameToTheBit) {
         digestOfBulkChanges().line("bulk")};
     lines.push_back(savedFiles().line("saved then"));
     EXPECT_EQ(lines, GetParam().digests);
-}
-
-// The stored distances are rounded; this looks at the bits ahead of the rounding.
-TEST_F(WorldTest, DistancesAreThoseOfTheFormulaToTheBit) {
-    Steps steps;
-    writeVariant({.schedules = 10, .airports = 60, .aircraft = 5});
-    load(steps);
-    for (std::int32_t one = 1; one <= airportcount; ++one) {
-        for (std::int32_t other = 1; other <= airportcount; ++other) {
-            const AirportRec from = airports.HashFind(airports.peek(one).icao.raw());
-            const AirportRec to = airports.HashFind(airports.peek(other).icao.raw());
-            const auto radians = [](float degrees) { return convdegreestoradians(static_cast<double>(degrees)); };
-            EXPECT_EQ(flightdistance(from.icao.raw(), to.icao.text()),
-                      gcdistance(radians(from.latdeg), radians(from.longdeg), radians(to.latdeg), radians(to.longdeg)));
-        }
-    }
 }
 
 constexpr bench::WorldOptions small{.schedules = 2000, .airports = 300, .aircraft = 200};
