@@ -40,11 +40,17 @@ std::string clockText(int minutes) {
     return print("%02d:%02d:00", minutes / 60 % 24, minutes % 60);
 }
 
+constexpr int aircraftTypes = 60;
+
+std::string titleOf(int number) {
+    return print("Type %d Livery %d", number % aircraftTypes, number);
+}
+
 std::string aircraftFile(const WorldOptions& options) {
     std::string text;
     for (int i = 1; i <= options.aircraft; ++i) {
         const int number = options.reversedAircraft ? options.aircraft + 1 - i : i;
-        text += print("AC#%d,%d,\"Type %d Livery %d\"\r\n", number, 90 + number % 420, number % 60, number);
+        text += print("AC#%d,%d,\"%s\"\r\n", number, 90 + number % 420, titleOf(number).c_str());
     }
     return text;
 }
@@ -77,7 +83,7 @@ int nextAirport(int leg, const WorldOptions& options, Numbers& numbers) {
     return numbers.below(options.airports) + (options.missingAirports ? 100000 : 0);
 }
 
-void appendSchedule(std::string& text, int number, const WorldOptions& options, Numbers& numbers) {
+int appendSchedule(std::string& text, int number, const WorldOptions& options, Numbers& numbers) {
     const bool weekly = numbers.below(2) == 0;
     text += print("AC#%d,N%dV,%d%%,%s,%s", numbers.below(options.aircraft) + 1 + (options.unknownAircraft ? 500000 : 0),
                   number, 5 * numbers.below(20) + 5, weekly ? "WEEK" : "24Hr", numbers.below(8) == 0 ? "VFR" : "IFR");
@@ -97,25 +103,43 @@ void appendSchedule(std::string& text, int number, const WorldOptions& options, 
         minutes += flight + 45;
     }
     text += "\r\n";
+    return legs;
 }
 
 std::uintmax_t write(const std::filesystem::path& file, const std::string& text) {
+    std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << text;
     return text.size();
 }
 
+// One folder for each type, with the liveries of even numbers.
+void writeSimulator(const std::filesystem::path& folder, const WorldOptions& options) {
+    for (int type = 0; type < aircraftTypes; ++type) {
+        std::string text = print("[General]\r\ncruise_speed=%d\r\n", 100 + type);
+        for (int number = type; number <= options.aircraft; number += aircraftTypes) {
+            if (number % 2 == 0) {
+                text += print("[fltsim.%d]\r\ntitle=%s\r\n", number / aircraftTypes, titleOf(number).c_str());
+            }
+        }
+        write(folder / "aircraft" / print("Type %d", type) / "aircraft.cfg", text);
+    }
+    write(folder / "weather" / "icao name.cfg", namesFile(options));
+}
+
 } // namespace
 
-std::uintmax_t writeWorld(const std::filesystem::path& folder, const WorldOptions& options) {
+WorldSize writeWorld(const std::filesystem::path& folder, const WorldOptions& options) {
     Numbers numbers;
-    std::uintmax_t size = write(folder / "Aircraft.txt", aircraftFile(options));
-    size += write(folder / "Airports.txt", airportsFile(options, numbers));
-    size += write(folder / "icao name.cfg", namesFile(options));
+    WorldSize size;
+    size.bytes = write(folder / "Aircraft.txt", aircraftFile(options));
+    size.bytes += write(folder / "Airports.txt", airportsFile(options, numbers));
     std::string plans = "// generated\r\n";
     for (int i = 1; i <= options.schedules; ++i) {
-        appendSchedule(plans, i, options, numbers);
+        size.legs += appendSchedule(plans, i, options, numbers);
     }
-    return size + write(folder / "Flightplans.txt", plans);
+    size.bytes += write(folder / "Flightplans.txt", plans);
+    writeSimulator(folder / "FS", options);
+    return size;
 }
 
 } // namespace vantor::bench

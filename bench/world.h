@@ -18,7 +18,14 @@ struct WorldOptions {
     bool busyAirport = false;      ///< every leg flies to or from the first airport
 };
 
-/// Writes Aircraft.txt, Airports.txt, Flightplans.txt and "icao name.cfg" into `folder`. Returns their size in bytes.
-std::uintmax_t writeWorld(const std::filesystem::path& folder, const WorldOptions& options);
+/// Sizes of what was written.
+struct WorldSize {
+    std::uintmax_t bytes = 0; ///< of the three traffic files
+    std::int64_t legs = 0;
+};
+
+/// Writes Aircraft.txt, Airports.txt and Flightplans.txt into `folder`, and into its subfolder "FS" a simulator that
+/// has every other aircraft, and names for three airports of four.
+WorldSize writeWorld(const std::filesystem::path& folder, const WorldOptions& options);
 
 } // namespace vantor::bench

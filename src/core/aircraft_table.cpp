@@ -12,33 +12,7 @@
 namespace vantor {
 
 namespace {
-
 constexpr std::string_view module = "modAircraftTitle";
-
-std::int32_t numberOfRow(std::int32_t row) {
-    return trueacnum(aircraft[row].acnum.raw());
-}
-
-// The row 1 to `count` with a number, or -1. Of several it is the one that the halving reaches first.
-template <class NumberOf>
-std::int32_t searchRow(std::int32_t target, std::int32_t count, const NumberOf& numberOf) {
-    std::int32_t low = 1;
-    std::int32_t high = count;
-    while (low <= high) {
-        const std::int32_t middle = (low + high) / 2;
-        const std::int32_t number = numberOf(middle);
-        if (target == number) {
-            return middle;
-        }
-        if (target < number) {
-            high = middle - 1;
-        } else {
-            low = middle + 1;
-        }
-    }
-    return -1;
-}
-
 } // namespace
 
 std::int32_t trueacnum(std::string_view code) noexcept {
@@ -65,20 +39,23 @@ void SortAircraft() {
 std::int32_t aircraftrecord(std::string_view code) noexcept {
     const StandardTrap trap{"function aircraftrecord", module};
     std::int32_t found = -1;
-    trap([&] { found = searchRow(trueacnum(code), aircraftcount, [](std::int32_t row) { return numberOfRow(row); }); });
+    trap([&] {
+        const std::int32_t target = trueacnum(code);
+        std::int32_t low = 1;
+        std::int32_t high = aircraftcount;
+        while (low <= high && found == -1) {
+            const std::int32_t middle = (low + high) / 2;
+            const std::int32_t number = trueacnum(aircraft[middle].acnum.raw());
+            if (target == number) {
+                found = middle;
+            } else if (target < number) {
+                high = middle - 1;
+            } else {
+                low = middle + 1;
+            }
+        }
+    });
     return found;
-}
-
-AircraftSearch::AircraftSearch() {
-    m_numbers.reserve(static_cast<std::size_t>(aircraftcount));
-    for (std::int32_t row = 1; row <= aircraftcount; ++row) {
-        m_numbers.push_back(numberOfRow(row));
-    }
-}
-
-std::int32_t AircraftSearch::row(std::string_view code) const noexcept {
-    return searchRow(trueacnum(code), static_cast<std::int32_t>(m_numbers.size()),
-                     [this](std::int32_t row) { return m_numbers[static_cast<std::size_t>(row - 1)]; });
 }
 
 std::string aircrafttitle(std::string_view code) {

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace vantor {
 
@@ -15,15 +14,6 @@ namespace vantor {
 void SortAircraft();
 /// The row of a code in the aircraft table, or -1. Deleted aircraft are found like any other.
 [[nodiscard]] std::int32_t aircraftrecord(std::string_view code) noexcept;
-/// The same search for thousands of codes, over the rows as they stand when it is made.
-class AircraftSearch {
-  public:
-    AircraftSearch();
-    [[nodiscard]] std::int32_t row(std::string_view code) const noexcept;
-
-  private:
-    std::vector<std::int32_t> m_numbers;
-};
 /// The aircraft's title, or the code as it was given.
 [[nodiscard]] std::string aircrafttitle(std::string_view code);
 

@@ -13,8 +13,10 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -37,9 +39,10 @@ std::string_view withoutComment(std::string_view line) {
     return line.substr(0, line.find(';'));
 }
 
-// A day prefix such as 3/ has one digit, and the time starts behind it.
+// A day prefix such as 3/ has one digit, and the time starts behind it. Any other is the number at the field's front.
 std::int16_t dayOf(std::string_view field) {
-    return toInt16(val(field));
+    const bool isPrefix = field.size() >= 2 && field[1] == '/' && field[0] >= '0' && field[0] <= '9';
+    return isPrefix ? static_cast<std::int16_t>(field[0] - '0') : toInt16(val(field));
 }
 
 std::string_view behindDay(std::string_view field) {
@@ -59,6 +62,7 @@ class Reader {
     void readHeader(Fields fields);
     void readLegs(Fields fields);
     void readArrival(LegRec& leg, std::string_view field);
+    [[nodiscard]] std::optional<float> speedOf(std::string_view code);
     void findPoints();
     void deriveLeg(LegRec& leg) const;
     void deriveArrivalDay(LegRec& leg, std::int16_t hours) const;
@@ -68,7 +72,7 @@ class Reader {
     std::string m_name;
     std::array<std::string_view, maximumFields> m_fields; // reused: no allocation for a line
     std::string m_arrival;
-    AircraftSearch m_aircraft;
+    std::unordered_map<std::int32_t, std::optional<float>> m_speeds; // knots, by the number in the aircraft's code
     LegDistances m_distances;
     std::vector<GlobePoint> m_points; // the origin of leg 1, then the destinations of all legs
     ScheduleRec m_record;
@@ -138,10 +142,7 @@ void Reader::readHeader(Fields fields) {
     m_record = ScheduleRec();
     m_record.recnum = ++m_recnum;
     m_record.acnum = fields[0];
-    const std::int32_t row = m_aircraft.row(extractcode(m_record.acnum.raw()));
-    if (row != -1) {
-        m_speed = aircraft[row].cruisespeed;
-    }
+    m_speed = speedOf(extractcode(m_record.acnum.raw())).value_or(m_speed);
     if (m_speed <= 0) {
         m_speed = defaultSpeed;
     }
@@ -151,6 +152,17 @@ void Reader::readHeader(Fields fields) {
     m_record.rules = fields[4];
     // Tested on the four characters that were kept, so WEEKLY is weekly and BIWEEK is not.
     m_record.weekly = contains(m_record.period.raw(), "WEEK");
+}
+
+// The speed of a code's aircraft, nothing for an unknown one. The table is searched once for each number.
+std::optional<float> Reader::speedOf(std::string_view code) {
+    const auto [found, isNew] = m_speeds.try_emplace(trueacnum(code));
+    if (isNew) {
+        if (const std::int32_t row = aircraftrecord(code); row != -1) {
+            found->second = aircraft[row].cruisespeed;
+        }
+    }
+    return found->second;
 }
 
 void Reader::readLegs(Fields fields) {
@@ -196,10 +208,12 @@ void Reader::findPoints() {
 void Reader::readArrival(LegRec& leg, std::string_view field) {
     // Most arrivals carry no mark, and one look at each character tells so.
     if (std::ranges::any_of(field, [](char c) { return c == '@' || c == 'T'; })) {
-        leg.atflag = contains(field, "@");
-        m_arrival = replaceAll(field, "@", "");
+        m_arrival = field;
+        leg.atflag = std::erase(m_arrival, '@') > 0;
         leg.tng = contains(m_arrival, "TNG");
-        m_arrival = replaceAll(m_arrival, "TNG", "");
+        if (leg.tng) {
+            m_arrival = replaceAll(m_arrival, "TNG", "");
+        }
         field = m_arrival;
     }
     leg.arr = field; // its day prefix is taken off when the leg is derived

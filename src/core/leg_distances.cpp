@@ -49,8 +49,10 @@ double halfAngle(double haversine) {
     return steep ? quarterTurn - arc : arc;
 }
 
-bool roundsAlike(double low, double high) {
-    return roundHalfEven(low) == roundHalfEven(high);
+// Whether two neighbouring numbers above 0 round to one whole number: no half lies between them. Beyond a million,
+// where nobody asks, it says no.
+bool roundAlike(double low, double high) {
+    return high < 1e6 && static_cast<std::int32_t>(low + 0.5) == static_cast<std::int32_t>(high + 0.5);
 }
 
 } // namespace
@@ -85,7 +87,7 @@ double LegDistances::between(const FixedText<6>& fromCode, const GlobePoint& fro
         const double low = estimate - estimateError;
         const double high = estimate + estimateError;
         const auto knots = static_cast<double>(speed);
-        if (roundsAlike(low, high) && roundsAlike(low / knots, high / knots)) {
+        if (roundAlike(low, high) && roundAlike(low / knots, high / knots)) {
             return estimate;
         }
     }

@@ -24,7 +24,7 @@ bool isDigit(char c) {
 constexpr std::size_t mostPlainDigits = 15;
 
 // The value of a text of digits alone; nothing when it is longer or holds anything else.
-std::optional<double> plainNumber(std::string_view text) {
+std::optional<std::int64_t> plainNumber(std::string_view text) {
     if (text.empty() || text.size() > mostPlainDigits || !std::ranges::all_of(text, isDigit)) {
         return std::nullopt;
     }
@@ -32,7 +32,7 @@ std::optional<double> plainNumber(std::string_view text) {
     for (const char c : text) {
         value = value * 10 + (c - '0');
     }
-    return static_cast<double>(value);
+    return value;
 }
 
 bool isNumberSign(char c) {
@@ -161,8 +161,8 @@ double val(std::string_view text) noexcept {
 
 double parseNumber(std::string_view text) {
     const std::string_view bare = trim(text);
-    if (const std::optional<double> plain = plainNumber(bare)) {
-        return *plain;
+    if (const std::optional<std::int64_t> plain = plainNumber(bare)) {
+        return static_cast<double>(*plain);
     }
     const NumberScan scan = scanNumber(bare);
     if (scan.length == 0 || scan.length != bare.size()) {
@@ -184,6 +184,10 @@ float parseSingle(std::string_view text) {
 }
 
 std::int16_t parseInt16(std::string_view text) {
+    const std::optional<std::int64_t> plain = plainNumber(trim(text));
+    if (plain && *plain <= std::numeric_limits<std::int16_t>::max()) {
+        return static_cast<std::int16_t>(*plain); // nearly all
+    }
     return toInt16(parseNumber(text));
 }
 

@@ -80,7 +80,7 @@ class WorldDigestTest : public Fixture, public ::testing::WithParamInterface<Var
   protected:
     void load(Steps& steps) const {
         fsmode = 2;
-        fsicaofile = path("icao name.cfg");
+        fsicaofile = path("FS\\weather\\icao name.cfg");
         aircraftfile = path("Aircraft.txt");
         airportsfile = path("Airports.txt");
         flightplansfile = path("Flightplans.txt");
