@@ -14,8 +14,8 @@
 #include "rounds.h"
 #include "schedule/list_rows.h"
 #include "simulator/traffic_tool.h"
-#include "views/frmMap.h"
 #include "views/movement_chart.h"
+#include "views/route_map.h"
 #include "window.h"
 #include "world.h"
 
@@ -26,6 +26,7 @@
 #include <numeric>
 #include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -43,7 +44,9 @@ constexpr double saveLimit = 1.0;
 constexpr double listLimit = 0.15;
 constexpr double memoryLimit = 3.5;
 constexpr double firstWindowLimit = 0.5;
+constexpr double slopeLimit = 1.2;
 constexpr const char* airport = "AABC";
+constexpr const char* busiestAirport = "AAAA"; // of a world with one
 constexpr const char* plane = "AC#77";
 constexpr std::int32_t listedSchedules = 32730;
 
@@ -106,12 +109,13 @@ void addLists(Rounds& table, Window& window) {
     table.add({"fillsecondlist", listLimit, [&] { window.form().fillsecondlist(plane, ""); }, {}});
 }
 
-void addViews(Rounds& table, Window& window, PictureBox& box, const char* name, const char* of, double limit) {
-    const std::string behind = std::string(" of ") + name;
-    table.add({"timetable" + behind, limit, [=, &window] { window.form().displaytimetable(of); }, {}});
-    table.add({"gates" + behind, limit, [=, &window] { window.form().displaymaxgates(of); }, {}});
-    table.add({"counts and chart" + behind, limit, [=, &box] { drawMovementChart(box, of, -1); }, {}});
-    table.add({"map" + behind, limit, [=, &box] { drawRouteMap(box, of); }, {}});
+using NamedWork = std::pair<std::string, Work>;
+
+std::vector<NamedWork> viewsOf(Window& window, PictureBox& box, const char* icao) {
+    return {{"timetable", [=, &window] { window.form().displaytimetable(icao); }},
+            {"gates", [=, &window] { window.form().displaymaxgates(icao); }},
+            {"counts and chart", [=, &box] { drawMovementChart(box, icao, -1); }},
+            {"map", [=, &box] { drawRouteMap(box, icao); }}};
 }
 
 // They change the tables one after the other, so that they stand last in a round.
@@ -161,7 +165,9 @@ void measureAgainstFloor(Window& window) {
     table.add({"default load, all readers and lists", wholeLoadLimit, [&] { window.form().loaddata(); }, dropTraffic});
     table.add({"savesc", saveLimit, [&] { savesc(flightplansfile + ".saved"); }, {}});
     addLists(table, window);
-    addViews(table, window, box, "an airport", airport, listLimit);
+    for (const auto& [name, view] : viewsOf(window, box, airport)) {
+        table.add({name + " of an airport", listLimit, view, {}});
+    }
     addChanges(table);
     table.run(rounds);
 
@@ -169,24 +175,27 @@ void measureAgainstFloor(Window& window) {
                 "just before it\n\n",
                 sizes.back(), static_cast<long long>(size.legs), static_cast<double>(size.bytes) / 1e6, rounds);
     table.print();
-    std::vector<double> ratios;
-    for (std::size_t round = 0; round < rounds; ++round) {
-        ratios.push_back(table.timesOf("LoadSched")[round] / table.timesOf(peer)[round]);
-    }
-    printRow("LoadSched against sqlite3", 0, median(ratios), "x sqlite3", peerLimit);
-    printRow("peak memory of the whole program", 0, peak / static_cast<double>(size.bytes), "x files", memoryLimit);
+    const auto againstPeer = [&](double Spent::*which) {
+        return medianRatio(table.timesOf("LoadSched"), table.timesOf(peer), which);
+    };
+    printRow({"LoadSched against sqlite3", 0, againstPeer(&Spent::wall), "x sqlite3", peerLimit,
+              againstPeer(&Spent::processor)});
+    printRow({"peak memory of the whole program", 0, peak / static_cast<double>(size.bytes), "x files", memoryLimit});
 }
+
+using SizedTimes = std::array<std::vector<Spent>, sizes.size()>;
 
 // Time is a fixed part and a part for each schedule; whether the latter stays the same shows where the sizes' times
 // stand on one line: the slope of the upper stretch over that of the lower one.
-double slopeRatio(const std::array<std::vector<double>, sizes.size()>& times) {
+double slopeRatio(const SizedTimes& times, double Spent::*which) {
     const auto slope = [&](std::size_t from) {
-        return (median(times[from + 1]) - median(times[from])) / (sizes[from + 1] - sizes[from]);
+        return (median(times[from + 1], which) - median(times[from], which)) / (sizes[from + 1] - sizes[from]);
     };
     return slope(1) / slope(0);
 }
 
-void measureLinearity(Window& window, const char* name, WorldOptions options) {
+// Works run one after the other in a window of a world of each size; the first of them loads it.
+void measureLinearity(Window& window, WorldOptions options, const std::vector<NamedWork>& works) {
     const Folder folder;
     for (const int size : sizes) {
         options.schedules = size;
@@ -194,25 +203,37 @@ void measureLinearity(Window& window, const char* name, WorldOptions options) {
         std::filesystem::create_directory(world);
         writeWorld(world, options);
     }
-    std::array<std::vector<double>, sizes.size()> times;
+    std::vector<SizedTimes> times(works.size());
     for (int round = 0; round < rounds; ++round) {
         for (std::size_t i = 0; i < sizes.size(); ++i) {
             window.moveTo(folder.path() / std::to_string(sizes[i]));
             dropTraffic();
-            times[i].push_back(timeOf([&] { window.form().loaddata(); }));
+            for (std::size_t work = 0; work < works.size(); ++work) {
+                times[work][i].push_back(timeOf(works[work].second));
+            }
         }
     }
-    printRow(name, median(times.back()), slopeRatio(times), "slopes", 1.2);
+    for (std::size_t work = 0; work < works.size(); ++work) {
+        printRow({works[work].first, median(times[work].back(), &Spent::wall), slopeRatio(times[work], &Spent::wall),
+                  "slopes", slopeLimit, slopeRatio(times[work], &Spent::processor)});
+    }
 }
 
 void measureAllLinearity(Window& window) {
-    printHeading("Default load at 10,000, 50,000 and 150,000 schedules: the time of a further schedule in the upper "
-                 "stretch over that in the lower");
-    measureLinearity(window, "mixed", {});
-    measureLinearity(window, "all airports missing", {.missingAirports = true});
-    measureLinearity(window, "all aircraft unknown", {.unknownAircraft = true});
-    measureLinearity(window, "aircraft in reverse order", {.reversedAircraft = true});
-    measureLinearity(window, "one airport busy with every leg", {.busyAirport = true});
+    printHeading("Time of a further schedule between 50,000 and 150,000, over that between 10,000 and 50,000");
+    const Work load = [&] { window.form().loaddata(); };
+    measureLinearity(window, {}, {{"default load, mixed", load}});
+    measureLinearity(window, {.missingAirports = true}, {{"default load, all airports missing", load}});
+    measureLinearity(window, {.unknownAircraft = true}, {{"default load, all aircraft unknown", load}});
+    measureLinearity(window, {.reversedAircraft = true}, {{"default load, aircraft in reverse order", load}});
+    PictureBox box;
+    box.resize(800, 600);
+    std::vector<NamedWork> busy = viewsOf(window, box, busiestAirport);
+    for (auto& [name, view] : busy) {
+        name += " of that airport";
+    }
+    busy.insert(busy.begin(), {"default load, one airport busy with every leg", load});
+    measureLinearity(window, {.busyAirport = true}, busy);
 }
 
 int run(int argc, char** argv) {
@@ -221,7 +242,7 @@ int run(int argc, char** argv) {
     measureAgainstFloor(window);
     if (argc > 1) {
         const double seconds = std::strtod(argv[1], nullptr);
-        printRow("first window of the started program", seconds, seconds, "seconds", firstWindowLimit);
+        printRow({"first window of the started program", seconds, seconds, "seconds", firstWindowLimit});
     }
     measureAllLinearity(window);
     return 0;

@@ -4,15 +4,24 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vantor::bench {
 
 using Work = std::function<void()>;
 
-/// Wall time in seconds.
-[[nodiscard]] double timeOf(const Work& work);
-[[nodiscard]] double median(std::vector<double> values);
+/// Seconds that a work took: by the clock on the wall, and of the processors, those of ended child processes included.
+struct Spent {
+    double wall = 0;
+    double processor = 0;
+};
+
+[[nodiscard]] Spent timeOf(const Work& work);
+
+/// The median of one of the two times, or of the quotients of that time in two series.
+[[nodiscard]] double median(const std::vector<Spent>& times, double Spent::*which);
+[[nodiscard]] double medianRatio(const std::vector<Spent>& times, const std::vector<Spent>& base, double Spent::*which);
 
 /// What is measured. Its limit is a share of the floor's time.
 struct Subject {
@@ -31,22 +40,29 @@ class Rounds {
     void run(int rounds);
     void print() const;
     /// The times of a subject, one for each round.
-    [[nodiscard]] const std::vector<double>& timesOf(const std::string& name) const;
+    [[nodiscard]] const std::vector<Spent>& timesOf(const std::string& name) const;
 
   private:
     struct Measured {
         Subject subject;
-        std::vector<double> times;
-        std::vector<double> ratios;
+        std::vector<Spent> times;
+        std::vector<Spent> floors; // just before each
     };
 
     Subject m_floor;
-    std::vector<double> m_floorTimes;
     std::vector<Measured> m_subjects;
 };
 
-/// One row of the table: a time in seconds (0: none), a figure of the named unit, its limit (0: none) and the verdict.
-void printRow(const std::string& name, double seconds, double figure, const char* unit, double limit);
+/// One row of the table. What is 0 is left empty.
+struct Row {
+    std::string name;
+    double seconds = 0;        ///< by the clock on the wall
+    double figure = 0;         ///< what is held against the limit
+    std::string unit;          ///< of the figure
+    double limit = 0;          ///< the most that the figure may be
+    double processorRatio = 0; ///< the figure, told from processor time
+};
+void printRow(const Row& row);
 void printHeading(const std::string& text);
 
 } // namespace vantor::bench

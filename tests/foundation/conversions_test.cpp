@@ -5,7 +5,11 @@
 #include "support/expect_error.h"
 #include "support/fixture.h"
 
+#include <algorithm>
 #include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace vantor {
 namespace {
@@ -35,6 +39,21 @@ TEST(Text, SearchReplaceAndSplit) {
     EXPECT_EQ(trim("   "), "");
 }
 
+TEST(Text, PositionsOfACharacter) {
+    // Words of eight bytes and a rest, neighbours, and bytes that differ from the wanted one in a single bit.
+    const std::string text = ",a,,\xAC-.4lmnop,,\x2D\x2B\x0C\x3C\x24,,,x,";
+    std::vector<std::size_t> expected;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == ',') {
+            expected.push_back(at);
+        }
+    }
+    std::vector<std::size_t> found;
+    forEachPosition(text, ',', [&](std::size_t at) { found.push_back(at); });
+    EXPECT_EQ(found, expected);
+    forEachPosition("", ',', [](std::size_t) { ADD_FAILURE(); });
+}
+
 TEST(Text, Utf8AndTheCodePage) {
     EXPECT_EQ(toUtf8("\x80 \xFC"), "\xE2\x82\xAC \xC3\xBC");
     EXPECT_EQ(fromUtf8("\xE2\x82\xAC \xC3\xBC"), "\x80 \xFC");
@@ -56,6 +75,21 @@ TEST(Text, FixedFieldsCutAndPad) {
     EXPECT_EQ(FixedText<4>().text(), "");
 }
 
+TEST(Text, FixedFieldsTakeEveryLengthAndPiecesOfThemselves) {
+    const std::string letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    for (std::size_t length = 0; length <= letters.size(); ++length) {
+        const std::string_view value(letters.data(), length);
+        EXPECT_EQ(FixedText<1>(value).text(), value.substr(0, 1));
+        EXPECT_EQ(FixedText<6>(value).text(), value.substr(0, 6));
+        EXPECT_EQ(FixedText<12>(value).raw(), (std::string(value) + std::string(12, ' ')).substr(0, 12));
+        EXPECT_EQ(FixedText<20>(value).text(), value.substr(0, 20));
+        FixedText<12> field(letters);
+        field = field.raw().substr(std::min<std::size_t>(length, 12));
+        EXPECT_EQ(field.text(),
+                  letters.substr(std::min<std::size_t>(length, 12), 12 - std::min<std::size_t>(length, 12)));
+    }
+}
+
 TEST(Numbers, TheNumberAtTheFrontOfAText) {
     EXPECT_EQ(val("12abc"), 12);
     EXPECT_EQ(val(" 1 2 . 5 x"), 12.5);
@@ -64,6 +98,9 @@ TEST(Numbers, TheNumberAtTheFrontOfAText) {
     EXPECT_EQ(val("1e3"), 1000);
     EXPECT_EQ(val("1e"), 1);
     EXPECT_EQ(val("1d3"), 1);
+    EXPECT_EQ(val("3/06"), 3);
+    EXPECT_EQ(val("1-2"), 1);
+    EXPECT_EQ(val("123456789012345 67"), 12345678901234567.0);
     EXPECT_EQ(val("&H10"), 0);
     EXPECT_EQ(val("1.2.3"), 1.2);
     EXPECT_EQ(val("."), 0);
@@ -79,6 +116,9 @@ TEST(Numbers, TheWholeTextAsANumber) {
     EXPECT_EQ(errorOf([] { (void)parseNumber("1e999"); }), 6);
     EXPECT_EQ(errorOf([] { (void)parseSingle("1e39"); }), 6);
     EXPECT_EQ(parseInt16(" 2 "), 2); // as a number comes back from a settings file
+    EXPECT_EQ(parseInt16("32767"), 32767);
+    EXPECT_EQ(errorOf([] { (void)parseInt16("32768"); }), 6);
+    EXPECT_EQ(parseNumber("12345678901234567890"), 12345678901234567890.0);
 }
 
 TEST(Numbers, WholeNumbersTakeHalvesToEven) {
