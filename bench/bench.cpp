@@ -48,7 +48,9 @@ constexpr double slopeLimit = 1.2;
 constexpr const char* airport = "AABC";
 constexpr const char* busiestAirport = "AAAA"; // of a world with one
 constexpr const char* plane = "AC#77";
-constexpr std::int32_t listedSchedules = 32730;
+constexpr const char* peer = "sqlite3, .import of the legs into a database file";
+constexpr const char* loadSched = "LoadSched";
+constexpr auto listedSchedules = static_cast<std::int32_t>(scheduleRowLimit);
 
 // A fresh folder beside the system's other temporary ones, gone with this object.
 class Folder {
@@ -142,6 +144,13 @@ void addChanges(Rounds& table) {
     change("change: delete all", [] { deleteByAirport("*"); });
 }
 
+void printAgainstPeer(const Rounds& table) {
+    const auto ratio = [&](double Spent::*which) {
+        return medianRatio(table.timesOf(loadSched), table.timesOf(peer), which);
+    };
+    printRow({"LoadSched against sqlite3", 0, ratio(&Spent::wall), "x sqlite3", peerLimit, ratio(&Spent::processor)});
+}
+
 // The main table, over the largest mixed world.
 void measureAgainstFloor(Window& window) {
     const Folder folder;
@@ -159,9 +168,8 @@ void measureAgainstFloor(Window& window) {
     std::vector<PlainSchedule> plain;
     Rounds table({"the floor", 0, [&] { plain = runFloor(folder.path() / "Flightplans.txt", plainAirports); },
                   [&] { plain = {}; }});
-    const std::string peer = "sqlite3, .import of the legs into a database file";
     table.add({peer, 0, [&] { importByPeer(folder.path()); }, [&] { removePeerDatabase(folder.path()); }});
-    table.add({"LoadSched", loadLimit, [&] { LoadSched(&box, flightplansfile); }, dropTraffic});
+    table.add({loadSched, loadLimit, [&] { LoadSched(&box, flightplansfile); }, dropTraffic});
     table.add({"default load, all readers and lists", wholeLoadLimit, [&] { window.form().loaddata(); }, dropTraffic});
     table.add({"savesc", saveLimit, [&] { savesc(flightplansfile + ".saved"); }, {}});
     addLists(table, window);
@@ -175,11 +183,7 @@ void measureAgainstFloor(Window& window) {
                 "just before it\n\n",
                 sizes.back(), static_cast<long long>(size.legs), static_cast<double>(size.bytes) / 1e6, rounds);
     table.print();
-    const auto againstPeer = [&](double Spent::*which) {
-        return medianRatio(table.timesOf("LoadSched"), table.timesOf(peer), which);
-    };
-    printRow({"LoadSched against sqlite3", 0, againstPeer(&Spent::wall), "x sqlite3", peerLimit,
-              againstPeer(&Spent::processor)});
+    printAgainstPeer(table);
     printRow({"peak memory of the whole program", 0, peak / static_cast<double>(size.bytes), "x files", memoryLimit});
 }
 
