@@ -32,9 +32,22 @@ constexpr int linesPerProgress = 500;
 
 using Fields = std::span<const std::string_view>;
 
+// Nearly no line has a comment, and this look at all bytes is one that the compiler takes sixteen at a time.
+bool mayHoldComment(std::string_view line) {
+    unsigned marks = 0;
+    for (std::size_t at = 0; at + 1 < line.size(); ++at) {
+        const bool slashes = (line[at] == '/') & (line[at + 1] == '/');
+        marks |= static_cast<unsigned>(slashes | (line[at] == ';'));
+    }
+    return marks != 0 || line.ends_with(';');
+}
+
 // The text of a line without comments; blanks ahead of a comment mark stay.
 std::string_view withoutComment(std::string_view line) {
     line = trim(line);
+    if (!mayHoldComment(line)) {
+        return line;
+    }
     line = line.substr(0, line.find("//"));
     return line.substr(0, line.find(';'));
 }
@@ -62,7 +75,7 @@ class Reader {
     void readHeader(Fields fields);
     void readLegs(Fields fields);
     void readArrival(LegRec& leg, std::string_view field);
-    [[nodiscard]] std::optional<float> speedOf(std::string_view code);
+    [[nodiscard]] std::optional<float> speedOf(std::string_view acnum);
     void findPoints();
     void deriveLeg(LegRec& leg) const;
     void deriveArrivalDay(LegRec& leg, std::int16_t hours) const;
@@ -72,7 +85,7 @@ class Reader {
     std::string m_name;
     std::array<std::string_view, maximumFields> m_fields; // reused: no allocation for a line
     std::string m_arrival;
-    std::unordered_map<std::int32_t, std::optional<float>> m_speeds; // knots, by the number in the aircraft's code
+    std::unordered_map<std::string, std::optional<float>> m_speeds; // knots, by the field of the aircraft's code
     LegDistances m_distances;
     std::vector<GlobePoint> m_points; // the origin of leg 1, then the destinations of all legs
     ScheduleRec m_record;
@@ -142,7 +155,7 @@ void Reader::readHeader(Fields fields) {
     m_record = ScheduleRec();
     m_record.recnum = ++m_recnum;
     m_record.acnum = fields[0];
-    m_speed = speedOf(extractcode(m_record.acnum.raw())).value_or(m_speed);
+    m_speed = speedOf(m_record.acnum.raw()).value_or(m_speed);
     if (m_speed <= 0) {
         m_speed = defaultSpeed;
     }
@@ -154,11 +167,11 @@ void Reader::readHeader(Fields fields) {
     m_record.weekly = contains(m_record.period.raw(), "WEEK");
 }
 
-// The speed of a code's aircraft, nothing for an unknown one. The table is searched once for each number.
-std::optional<float> Reader::speedOf(std::string_view code) {
-    const auto [found, isNew] = m_speeds.try_emplace(trueacnum(code));
+// The speed of a field's aircraft, nothing for an unknown one. The table is searched once for each field's text.
+std::optional<float> Reader::speedOf(std::string_view acnum) {
+    const auto [found, isNew] = m_speeds.try_emplace(std::string(acnum));
     if (isNew) {
-        if (const std::int32_t row = aircraftrecord(code); row != -1) {
+        if (const std::int32_t row = aircraftrecord(extractcode(acnum)); row != -1) {
             found->second = aircraft[row].cruisespeed;
         }
     }
@@ -232,7 +245,7 @@ void Reader::deriveLeg(LegRec& leg) const {
 
 void Reader::deriveArrivalDay(LegRec& leg, std::int16_t hours) const {
     const std::string_view arrival = leg.arr.raw();
-    if (contains(arrival, "/")) {
+    if (arrival[1] == '/' || contains(arrival, "/")) {
         leg.arrday = dayOf(arrival);
         leg.arr = behindDay(arrival);
     }

@@ -7,9 +7,8 @@
 #include "views/leg_walk.h"
 
 #include <algorithm>
-#include <map>
 #include <string>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 namespace vantor {
@@ -39,20 +38,26 @@ struct Route {
 // equal drawings in one place only the last one shows: it is the one that is kept.
 class Routes {
   public:
-    void add(std::string_view code, Colour colour) { m_last[{code, colour}] = ++m_count; }
+    void add(std::string_view code, Colour colour) { (colour == red ? m_red : m_green)[code] = ++m_count; }
 
     [[nodiscard]] std::vector<Route> inOrder() const {
         std::vector<Route> routes;
-        routes.reserve(m_last.size());
-        for (const auto& [key, drawn] : m_last) {
-            routes.push_back({drawn, key.first, key.second});
+        routes.reserve(m_red.size() + m_green.size());
+        for (const auto& [code, drawn] : m_red) {
+            routes.push_back({drawn, code, red});
+        }
+        for (const auto& [code, drawn] : m_green) {
+            routes.push_back({drawn, code, green});
         }
         std::ranges::sort(routes, {}, &Route::drawn);
         return routes;
     }
 
   private:
-    std::map<std::pair<std::string_view, Colour>, std::int64_t> m_last;
+    using LastDrawn = std::unordered_map<std::string_view, std::int64_t>;
+
+    LastDrawn m_red;
+    LastDrawn m_green;
     std::int64_t m_count = 0;
 };
 
