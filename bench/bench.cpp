@@ -237,6 +237,7 @@ void measureAllLinearity(Window& window) {
         name += " of that airport";
     }
     busy.insert(busy.begin(), {"default load, one airport busy with every leg", load});
+    // Gates: beyond 32,767 aircraft in an hour each further one is a fault in the log, which is where the time goes.
     measureLinearity(window, {.busyAirport = true}, busy);
 }
 
