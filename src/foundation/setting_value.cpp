@@ -14,6 +14,8 @@ template <class... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>; // clang 14 deduces no aggregates
 
 } // namespace
 

@@ -113,8 +113,9 @@ bool lessNoCase(std::string_view a, std::string_view b) noexcept {
 }
 
 bool containsNoCase(std::string_view text, std::string_view part) noexcept {
-    return !std::ranges::search(text, part, [](char x, char y) { return upperChar(x) == upperChar(y); }).empty() ||
-           part.empty();
+    // Not the search of ranges, whose result clang 14 can't make.
+    const auto alike = [](char x, char y) { return upperChar(x) == upperChar(y); };
+    return part.empty() || std::search(text.begin(), text.end(), part.begin(), part.end(), alike) != text.end();
 }
 
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to) {
