@@ -229,6 +229,10 @@ void Reader::readArrival(LegRec& leg, std::string_view field) {
         }
         field = m_arrival;
     }
+    while (contains(field, "//")) { // left by a mark between slashes; written, it would comment out the line's rest
+        m_arrival = replaceAll(field, "//", "/");
+        field = m_arrival;
+    }
     leg.arr = field; // its day prefix is taken off when the leg is derived
 }
 

@@ -12,25 +12,27 @@ namespace vantor {
 
 namespace {
 
-void appendDay(std::string& line, std::int16_t day) {
-    line.append(std::to_string(day)).push_back('/');
+// A time with its day. One that brings its own slash, as behind a day of two digits, gets no second one: two would be
+// a comment mark, and the next load would drop the line.
+void appendTime(std::string& line, bool weekly, std::int16_t day, std::string_view time) {
+    if (weekly) {
+        line.append(std::to_string(day));
+        if (!time.starts_with('/')) {
+            line.push_back('/');
+        }
+    }
+    line.append(time).push_back(',');
 }
 
 void appendLeg(std::string& line, const LegRec& leg, bool weekly) {
-    if (weekly) {
-        appendDay(line, leg.depday);
-    }
-    line.append(leg.dep.text()).push_back(',');
+    appendTime(line, weekly, leg.depday, leg.dep.text());
     if (leg.atflag) {
         line.push_back('@');
     }
     if (leg.tng) {
         line.append("TNG");
     }
-    if (weekly) {
-        appendDay(line, leg.arrday);
-    }
-    line.append(leg.arr.text()).push_back(',');
+    appendTime(line, weekly, leg.arrday, leg.arr.text());
     line.append(printNumber(leg.flightlevel)).push_back(',');
     line.append(leg.legtype.text()).push_back(',');
     line.append(leg.flightnum.text()).push_back(',');

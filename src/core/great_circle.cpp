@@ -67,12 +67,15 @@ double bmmatharcsine(double x) noexcept {
 }
 
 double gcdistance(double lat1, double long1, double lat2, double long2) noexcept {
+    const StandardTrap trap{"function gcdistance", module};
     const double a = std::cos(lat1);
     const double c = std::cos(lat2);
     const double s = std::sin((long1 - long2) / 2.0);
     const double t = std::sin((lat1 - lat2) / 2.0);
     const double h = t * t + a * c * (s * s); // haversine of the central angle
-    return bmmatharcsine(std::sqrt(h)) * 2 * 180 * 60 / shortPi;
+    double result = 0;
+    trap([&] { result = bmmatharcsine(squareRoot(h)) * 2 * 180 * 60 / shortPi; });
+    return result;
 }
 
 double flightdistance(std::string_view icao1, std::string_view icao2) noexcept {

@@ -7,9 +7,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
+#include <locale>
 #include <optional>
+#include <sstream>
 #include <system_error>
 
 namespace vantor {
@@ -105,7 +106,12 @@ double convertScanned(std::string_view text, bool plus) {
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        return std::strtod(std::string(text).c_str(), nullptr); // digits and a point alone: the same in every locale
+        // Not strtod, which looks for a comma where the locale of the C library has one.
+        std::istringstream stream{std::string(text)};
+        stream.imbue(std::locale::classic());
+        if (!(stream >> value)) {
+            value = std::copysign(std::numeric_limits<double>::infinity(), value);
+        }
     }
     return value;
 }
@@ -176,11 +182,7 @@ double parseNumber(std::string_view text) {
 }
 
 float parseSingle(std::string_view text) {
-    const double value = parseNumber(text);
-    if (std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max())) {
-        throw Error(ErrorCode::Overflow);
-    }
-    return static_cast<float>(value);
+    return toSingle(parseNumber(text));
 }
 
 std::int16_t parseInt16(std::string_view text) {
@@ -205,6 +207,16 @@ std::int16_t toInt16(double value) {
 
 std::int32_t toInt32(double value) {
     return toWhole<std::int32_t>(value);
+}
+
+float toSingle(double value) {
+    // Half a step above the largest float: what lies below rounds to it, as its own shortest text does.
+    constexpr double beyond = 0x1.ffffffp+127;
+    if (!(std::fabs(value) < beyond)) {
+        throw Error(ErrorCode::Overflow);
+    }
+    constexpr double largest = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(value, -largest, largest));
 }
 
 std::string printNumber(std::int32_t value) {

@@ -23,6 +23,8 @@ namespace vantor {
 /// Rounded to a whole number, halves to even; outside the type (or not a number) is error 6 (Overflow).
 [[nodiscard]] std::int16_t toInt16(double value);
 [[nodiscard]] std::int32_t toInt32(double value);
+/// The nearest 32-bit float; beyond the type is error 6 (Overflow).
+[[nodiscard]] float toSingle(double value);
 /// Rounded to a whole number, halves to even.
 [[nodiscard]] double roundHalfEven(double value) noexcept;
 

@@ -9,9 +9,7 @@
 #include "foundation/progress.h"
 #include "foundation/text.h"
 
-#include <cmath>
 #include <cstddef>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,14 +49,6 @@ std::string_view valueOf(std::string_view line) noexcept {
     return trim(line.substr(line.find('=') + 1));
 }
 
-float speedOf(std::string_view text) {
-    const double speed = val(text);
-    if (std::fabs(speed) > double{std::numeric_limits<float>::max()}) {
-        throw Error(ErrorCode::Overflow);
-    }
-    return static_cast<float>(speed);
-}
-
 // Runs one pass over a file. When the file can't be opened or read that is logged and the work goes on behind the
 // pass; a single broken file must not stop the scan.
 template <class Pass>
@@ -80,7 +70,7 @@ void readSpeed(const std::string& file, float& speed) {
     std::string_view line;
     while (input.readLine(line)) {
         if (line.size() > key.size() && startsWithKey(line, key)) {
-            speed = speedOf(valueOf(line));
+            speed = toSingle(val(valueOf(line)));
             return;
         }
     }

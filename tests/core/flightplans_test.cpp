@@ -166,6 +166,13 @@ TEST_F(FlightplansTest, WritesTheFormThatItReads) {
     EXPECT_EQ(saved(), expected);
 }
 
+TEST_F(FlightplansTest, NoTimeIsWrittenAsACommentMark) {
+    // Behind a day of two digits, and where a mark stood between slashes.
+    const std::string twoDigits = "AC#1,N1,1%,WEEK,IFR,12/06:00:00,@11/07:30:00, 350 ,F,101,AAAA\r\n";
+    load(twoDigits + "AC#2,N2,1%,6H,IFR,06:00:00,/@/07:30:00,350,F,101,AAAA\r\n");
+    EXPECT_EQ(saved(), twoDigits + "AC#2,N2,1%,6H,IFR,06:00:00,@/07:30:00, 350 ,F,101,AAAA\r\n");
+}
+
 TEST_F(FlightplansTest, DeletedLegsAndTheirCommas) {
     load("AC#1,N1,1%,6H,IFR,01:00:00,02:00:00,1,F,1,AAAA,03:00:00,04:00:00,2,F,2,BBBB,05:00:00,06:00:00,3,F,3,CCCC\r\n"
          "AC#2,N2,1%,6H,IFR,01:00:00,02:00:00,1,F,1,AAAA\r\n");

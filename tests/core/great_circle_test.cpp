@@ -44,6 +44,14 @@ TEST_F(GreatCircleTest, ArcsineBeyondOneIsAFault) {
     EXPECT_EQ(newestAction(), "Invalid procedure call or argument(5) in bmmatharcsine of module modGreatCircle");
 }
 
+TEST_F(GreatCircleTest, BeyondThePoleADistanceIsANumber) {
+    // Latitude 100 and 80 degrees, half the globe apart: one place, a haversine that rounding can take below 0.
+    for (int degrees = 91; degrees < 180; ++degrees) {
+        const double north = convdegreestoradians(degrees);
+        EXPECT_LT(gcdistance(north, 0, shortPi - north, shortPi), 0.01) << degrees;
+    }
+}
+
 TEST_F(GreatCircleTest, FlightTimeDropsSeconds) {
     EXPECT_EQ(formatHHMMSS(gettimeinhours(250, 1000)), "04:00:00");
     EXPECT_EQ(formatHHMMSS(gettimeinhours(250, 1001)), "04:00:00");

@@ -115,6 +115,10 @@ TEST(Numbers, TheWholeTextAsANumber) {
     }
     EXPECT_EQ(errorOf([] { (void)parseNumber("1e999"); }), 6);
     EXPECT_EQ(errorOf([] { (void)parseSingle("1e39"); }), 6);
+    EXPECT_EQ(parseSingle("3.4028235E+38"), std::numeric_limits<float>::max()); // its own shortest text lies above it
+    EXPECT_EQ(errorOf([] { (void)parseSingle("3.4028236E+38"); }), 6);
+    EXPECT_EQ(errorOf([] { (void)parseNumber("-1.5E400"); }), 6);
+    EXPECT_EQ(parseNumber("1.5E-400"), 0);
     EXPECT_EQ(parseInt16(" 2 "), 2); // as a number comes back from a settings file
     EXPECT_EQ(parseInt16("32767"), 32767);
     EXPECT_EQ(errorOf([] { (void)parseInt16("32768"); }), 6);
