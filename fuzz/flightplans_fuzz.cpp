@@ -4,7 +4,9 @@
 #include "core/airports_file.h"
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
+#include "core/great_circle.h"
 #include "core/tables.h"
+#include "foundation/numbers.h"
 #include "foundation/text.h"
 #include "fuzz.h"
 
@@ -60,7 +62,9 @@ std::int32_t countRecords() {
         for (std::int32_t n = 1; n <= schedule.legcount; ++n) {
             const LegRec& leg = schedule.legs[n];
             require(leg.fromicao == schedule.legs[n == 1 ? schedule.legcount : n - 1].toicao, "the loop is closed");
-            require(leg.distance >= 0 && leg.distance < 10801, "a distance is at most half the globe");
+            const double distance = flightdistance(leg.fromicao.text(), leg.toicao.text());
+            require(distance >= 0 && distance < 10801, "a distance is at most half the globe");
+            require(leg.distance == static_cast<float>(roundHalfEven(distance)), "each leg has its own distance");
         }
     }
     return records;
