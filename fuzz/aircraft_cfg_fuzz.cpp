@@ -16,7 +16,6 @@ void check(std::string_view input) {
         folder().makeFolder("fs/plane/texture.red");
         fsaircraftpath = folder().path("fs\\");
     }
-    folder().dropLog();
     folder().put("fs/plane/aircraft.cfg", input);
     errorOf({ErrorCode::Overflow}, [] { LoadFSAircraft(bar()); });
     require(fsaircraftcount <= LinesInFile(fsaircraftpath + "plane\\aircraft.cfg"), "a title is a line");

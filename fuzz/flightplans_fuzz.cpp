@@ -76,7 +76,6 @@ void check(std::string_view input) {
     if (aircraftcount == 0) {
         loadWorld();
     }
-    folder().dropLog();
     folder().put("plans.txt", input);
     if (load("plans.txt") != 0) {
         return;

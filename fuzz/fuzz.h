@@ -26,7 +26,7 @@ inline void require(bool holds, std::string_view invariant) {
     }
 }
 
-/// A folder in memory that is the program's and the current one, gone with the process.
+/// A folder in memory that is the program's and the current one, gone with the process. Its log leads nowhere.
 class Folder {
   public:
     Folder();
@@ -40,8 +40,6 @@ class Folder {
     void put(const std::string& name, std::string_view bytes) const;
     /// All bytes of a file; empty when it is missing.
     [[nodiscard]] std::string get(const std::string& name) const;
-    /// Takes away the log, which would grow with every input.
-    void dropLog() const;
 
   private:
     std::filesystem::path m_native;
