@@ -3,13 +3,14 @@
 #include "foundation/text.h"
 #include "fuzz.h"
 
+#include <array>
 #include <cmath>
 
 namespace vantor::fuzz {
 
 void check(std::string_view input) {
     // Two positions: latitude and longitude of each, between commas.
-    double radians[4] = {};
+    std::array<double, 4> radians{};
     std::size_t count = 0;
     for (const std::string_view text : split(input, ",")) {
         const double degrees = convertlatlongtodegrees(text);
@@ -17,7 +18,10 @@ void check(std::string_view input) {
         const std::string behind(text.substr(text.empty() ? 0 : 1));
         const double north = convertlatlongtodegrees("N" + behind);
         require(convertlatlongtodegrees("w" + behind) == -north, "the hemisphere turns the sign alone");
-        radians[count++ % 4] = convdegreestoradians(degrees);
+        radians.at(count) = convdegreestoradians(degrees);
+        if (++count == radians.size()) {
+            break;
+        }
     }
     const double there = gcdistance(radians[0], radians[1], radians[2], radians[3]);
     require(there >= 0 && there < 10801, "a distance is at most half the globe");
