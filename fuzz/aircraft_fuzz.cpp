@@ -21,7 +21,10 @@ int load() {
 }
 
 std::string saved() {
+    const std::filesystem::path here = std::filesystem::current_path();
+    std::filesystem::current_path(folder().native()); // where saveaircraft writes
     saveaircraft();
+    std::filesystem::current_path(here);
     return folder().get("Aircraft.txt");
 }
 

@@ -38,9 +38,9 @@ void finding(std::string_view what) {
 }
 
 Folder::Folder() : m_native("/dev/shm/vantor-fuzz-" + std::to_string(::getpid())) {
+    std::filesystem::remove_all(m_native); // of an earlier process that ended in a finding
     std::filesystem::create_directories(m_native);
     std::filesystem::create_symlink("/dev/null", m_native / "log.txt");
-    std::filesystem::current_path(m_native);
     setProgramFile(m_native / "Vantor");
 }
 

@@ -26,7 +26,7 @@ inline void require(bool holds, std::string_view invariant) {
     }
 }
 
-/// A folder in memory that is the program's and the current one, gone with the process. Its log leads nowhere.
+/// A folder in memory that is the program's, gone with the process. Its log leads nowhere.
 class Folder {
   public:
     Folder();
@@ -34,6 +34,7 @@ class Folder {
     Folder& operator=(const Folder&) = delete;
     ~Folder();
 
+    [[nodiscard]] const std::filesystem::path& native() const { return m_native; }
     /// The program's path of a file in the folder.
     [[nodiscard]] std::string path(std::string_view name) const;
     void makeFolder(const std::string& name) const;
