@@ -27,34 +27,17 @@ std::int32_t cHash(std::string_view text, std::int32_t size) noexcept {
     return static_cast<std::int32_t>(hash % static_cast<std::uint32_t>(size));
 }
 
-void clsHashNodes::Init(std::int32_t capacity, float growth) {
-    m_growth = growth;
-    m_links.clear();
-    m_links.resize(capacity);
-    for (std::int32_t slot = 1; slot < capacity; ++slot) {
-        m_links[slot] = slot + 1;
-    }
-    m_freehead = 1;
-}
-
 std::int32_t clsHashNodes::Alloc() {
-    if (m_freehead == 0) {
-        const std::int32_t old = m_links.size();
-        const std::int32_t bound = grown(old, m_growth);
-        m_freehead = old + 1;
-        m_links.resize(bound);
-        for (std::int32_t slot = old + 1; slot < bound; ++slot) {
-            m_links[slot] = slot + 1;
-        }
+    if (m_freed.empty()) {
+        return ++m_highest;
     }
-    const std::int32_t slot = m_freehead;
-    m_freehead = m_links[slot];
+    const std::int32_t slot = m_freed.back();
+    m_freed.pop_back();
     return slot;
 }
 
 void clsHashNodes::Free(std::int32_t slot) {
-    m_links[slot] = m_freehead;
-    m_freehead = slot;
+    m_freed.push_back(slot);
 }
 
 template <class Key>
@@ -62,11 +45,7 @@ void HashTable<Key>::Init(std::int32_t hashsize, std::int32_t capacity, float gr
     m_hashsize = hashsize;
     m_growth = growth;
     m_buckets.assign(static_cast<std::size_t>(hashsize), 0);
-    m_nextslot.resize(capacity);
-    m_keys.resize(capacity);
-    m_records.resize(capacity);
     m_recordCount = capacity;
-    m_nodes.Init(capacity, growth);
 }
 
 template <class Key>
@@ -79,13 +58,29 @@ std::size_t HashTable<Key>::bucketOf(std::int32_t h1) const noexcept {
 
 template <class Key>
 void HashTable<Key>::Cover(std::int32_t slot) {
-    if (slot > m_keys.size()) {
-        const std::int32_t bound = std::max(slot, grown(m_keys.size(), m_growth));
-        m_nextslot.resize(bound);
-        m_keys.resize(bound);
-        m_records.resize(bound);
-        m_recordCount = bound;
+    if (slot > m_recordCount) {
+        m_recordCount = std::max(slot, grown(m_recordCount, m_growth));
     }
+}
+
+template <class Key>
+const typename Key::Record& HashTable<Key>::slot(std::int32_t slot) const {
+    static const Record blank;
+    if (slot < 1 || slot > m_recordCount || m_buckets.empty()) { // empty once cleared
+        throw Error(ErrorCode::SubscriptOutOfRange);
+    }
+    return m_records.has(slot) ? m_records[slot] : blank;
+}
+
+template <class Key>
+void HashTable<Key>::putSlot(std::int32_t slot, Record record) {
+    if (slot < 1 || slot > m_recordCount || m_buckets.empty()) { // empty once cleared
+        throw Error(ErrorCode::SubscriptOutOfRange);
+    }
+    if (!m_records.has(slot)) {
+        m_records.resize(slot);
+    }
+    m_records[slot] = std::move(record);
 }
 
 template <class Key>
@@ -93,10 +88,14 @@ void HashTable<Key>::Add(std::int32_t h1, Record record) {
     const std::size_t bucket = bucketOf(h1);
     const std::int32_t slot = m_nodes.Alloc();
     Cover(slot);
+    if (!m_keys.has(slot)) {
+        m_nextslot.resize(slot);
+        m_keys.resize(slot);
+    }
     m_nextslot[slot] = m_buckets[bucket];
     m_buckets[bucket] = slot;
     m_keys[slot] = h1;
-    m_records[slot] = std::move(record);
+    putSlot(slot, std::move(record));
 }
 
 template <class Key>

@@ -27,14 +27,13 @@ inline constexpr int hashErrorBase = -2147220992;
 /// record number n, and the whole program relies on it.
 class clsHashNodes {
   public:
-    void Init(std::int32_t capacity, float growth);
+    /// The slot freed last, else the one above all others.
     [[nodiscard]] std::int32_t Alloc();
     void Free(std::int32_t slot);
 
   private:
-    OneBased<std::int32_t> m_links;
-    std::int32_t m_freehead = 0;
-    float m_growth = 0;
+    std::vector<std::int32_t> m_freed;
+    std::int32_t m_highest = 0;
 };
 
 /// How a table tells its keys apart, for each kind of record.
@@ -59,7 +58,8 @@ struct AirportKey {
     }
 };
 
-/// The table behind a front class. Slots read outside the arrays are error 9.
+/// The table behind a front class. The arrays reach as far as slots are used; those up to the capacity read blank, and
+/// beyond it is error 9.
 template <class Key>
 class HashTable {
   public:
@@ -77,8 +77,8 @@ class HashTable {
     void ClearArrays() noexcept;
 
     [[nodiscard]] std::int32_t RecordCount() const noexcept { return m_recordCount; }
-    [[nodiscard]] const Record& slot(std::int32_t slot) const { return m_records[slot]; }
-    void putSlot(std::int32_t slot, Record record) { m_records[slot] = std::move(record); }
+    [[nodiscard]] const Record& slot(std::int32_t slot) const;
+    void putSlot(std::int32_t slot, Record record);
     [[nodiscard]] std::int32_t hashOf(std::string_view key) const noexcept { return cHash(key, m_hashsize); }
 
   private:
