@@ -64,19 +64,22 @@ void HashTable<Key>::Cover(std::int32_t slot) {
 }
 
 template <class Key>
-const typename Key::Record& HashTable<Key>::slot(std::int32_t slot) const {
-    static const Record blank;
+void HashTable<Key>::checkSlot(std::int32_t slot) const {
     if (slot < 1 || slot > m_recordCount || m_buckets.empty()) { // empty once cleared
         throw Error(ErrorCode::SubscriptOutOfRange);
     }
+}
+
+template <class Key>
+const typename Key::Record& HashTable<Key>::slot(std::int32_t slot) const {
+    static const Record blank;
+    checkSlot(slot);
     return m_records.has(slot) ? m_records[slot] : blank;
 }
 
 template <class Key>
 void HashTable<Key>::putSlot(std::int32_t slot, Record record) {
-    if (slot < 1 || slot > m_recordCount || m_buckets.empty()) { // empty once cleared
-        throw Error(ErrorCode::SubscriptOutOfRange);
-    }
+    checkSlot(slot);
     if (!m_records.has(slot)) {
         m_records.resize(slot);
     }

@@ -84,6 +84,8 @@ class HashTable {
   private:
     // The bucket comes from the text of the first-stage hash, never from the key itself: two stages everywhere.
     [[nodiscard]] std::size_t bucketOf(std::int32_t h1) const noexcept;
+    // Raises error 9 for a slot outside the capacity.
+    void checkSlot(std::int32_t slot) const;
 
     std::int32_t m_recordCount = 0;
     std::int32_t m_hashsize = 0;
