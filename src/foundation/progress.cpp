@@ -101,6 +101,11 @@ void checkevents() {
     }
 }
 
+void pumpEverything() {
+    host().pumpEvents(Pump::Everything);
+    nextevents = timer() + secondsPerPump;
+}
+
 void delay(float seconds) {
     if (!(seconds > 1)) { // a whole second still sleeps in one piece
         sleepms(toInt32(double{seconds} * 1000));

@@ -25,6 +25,8 @@ void PrintCentered(Canvas* box, std::string_view text, bool clear, Colour textCo
 void timedevents();
 /// Lets everything run, but only when input is pending.
 void checkevents();
+/// Lets everything run, and counts as a pump of timedevents.
+void pumpEverything();
 /// Waits, in steps of half a second with a pump between them when it is over one second.
 void delay(float seconds);
 void delayms(int milliseconds);

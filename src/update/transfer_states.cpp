@@ -3,6 +3,7 @@
 #include "foundation/error.h"
 #include "foundation/host.h"
 #include "foundation/log.h"
+#include "foundation/progress.h"
 #include "foundation/settings_store.h"
 #include "foundation/text.h"
 #include "foundation/trap.h"
@@ -205,7 +206,7 @@ void fSHAREDInternet::downloadFromFileServer() noexcept {
     std::array<std::string, 3> commands;
     trap([&] {
         std::string path;
-        std::tie(host, path) = splitFileServerAddress(replaceAll(m_url, "\\", "/"));
+        std::tie(host, path) = splitFileServerAddress(replaceAll(trim(m_url), "\\", "/"));
         // A blank would end the name inside the command.
         const std::string file = replaceAll(fileonly(path), " ", "%20");
         commands = {"CD " + pathonly(path), "GET " + file + " " + m_localFile, "CLOSE"};
@@ -250,7 +251,9 @@ void fSHAREDInternet::get() noexcept {
 
 void fSHAREDInternet::wait(int milliseconds) noexcept {
     const StandardTrap trap{"sub wait", moduleName};
-    trap([] { host().pumpEvents(Pump::Everything); });
+    // A progress bar between two of these must not pump without input: keys that such a pump puts by may stay there
+    // until the window system has other news.
+    trap([] { pumpEverything(); });
     timerTick();
     sorted("sub wait", [&] { m_control->advance(milliseconds); });
 }

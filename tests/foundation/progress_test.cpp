@@ -96,6 +96,11 @@ TEST_F(Progress, PumpsAreThrottled) {
     recorder.pendingInput = true;
     checkevents();
     EXPECT_EQ(recorder.fullPumps, 1);
+    clock.setTimer(1001);
+    pumpEverything();
+    timedevents(); // has nothing left to do
+    EXPECT_EQ(recorder.fullPumps, 2);
+    EXPECT_EQ(recorder.paintPumps, 2);
 }
 
 TEST_F(Progress, Delays) {
