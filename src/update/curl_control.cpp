@@ -408,12 +408,14 @@ std::size_t CurlControl::received(std::string_view bytes) {
     if (!m_file) {
         m_buffer.erase(0, std::exchange(m_bufferBegin, 0));
         m_buffer += bytes;
-        return bytes.size();
+    } else {
+        m_file->write(bytes);
+        m_saved += static_cast<std::int64_t>(bytes.size());
     }
-    m_file->write(bytes);
-    m_saved += static_cast<std::int64_t>(bytes.size());
-    if (m_states.empty() || m_states.back() != TransferState::Progress) {
-        m_states.push_back(TransferState::Progress);
+    // Bytes on the way are a sign of life, also when a chunk of them takes minutes.
+    const TransferState sign = m_file ? TransferState::Progress : TransferState::ReceivingResponse;
+    if (m_states.empty()) {
+        m_states.push_back(sign);
     }
     return bytes.size();
 }
