@@ -160,7 +160,7 @@ bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::strin
     Running running(*this);
     m_checking = true;
     m_silent = silent;
-    m_finalText.clear();
+    std::string finalText;
     Version own;
     trap([&] { m_form.load(); });
     trap([&] {
@@ -182,14 +182,14 @@ bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::strin
     }
     bool newer = false;
     if (reply.empty() || containsNoCase(reply, "<HTML")) {
-        tellFailure();
+        finalText = tellFailure();
     } else {
         running.finish(); // a form that comes up now must be of use
-        newer = tellAnswer(reply, own);
+        newer = tellAnswer(reply, own, finalText);
     }
-    if (!m_finalText.empty()) {
-        showStatus(m_finalText);
-        trap([&] { logdebug(m_finalText, "sub checkforupdate", module); });
+    if (!finalText.empty()) {
+        showStatus(finalText);
+        trap([&] { logdebug(finalText, "sub checkforupdate", module); });
     }
     running.finish();
     trap([&] {
@@ -213,34 +213,33 @@ std::string Updater::askServer() noexcept {
     return reply;
 }
 
-void Updater::tellFailure() noexcept {
+std::string Updater::tellFailure() noexcept {
     const CheckTrap trap{"sub checkforupdate"};
     const auto note = [&](const std::string& text) { trap([&] { logaction(text, "sub checkforupdate", module); }); };
+    trap([&] { m_form.setUpdate(gettranslation("Could not retrieve update status"), updateFailedColour); });
     note("Could not retrieve information from the update server.");
     if (m_noInternet) {
         note("MSINET control is missing or outdated");
-        m_finalText = homePageText("The internet control (MSINET.OCX) is missing or outdated. Visit "
-                                   "the Runtimes page on ",
-                                   " to download an updated version.");
-    } else {
-        note(homePageText("Please visit ", " to see if an update is available."));
-        m_finalText = homePageText("Update check failed. Visit ", " to update this program manually.");
+        return homePageText("The internet control (MSINET.OCX) is missing or outdated. Visit the Runtimes page on ",
+                            " to download an updated version.");
     }
-    trap([&] { m_form.setUpdate(gettranslation("Could not retrieve update status"), updateFailedColour); });
+    note(homePageText("Please visit ", " to see if an update is available."));
+    return homePageText("Update check failed. Visit ", " to update this program manually.");
 }
 
-bool Updater::tellAnswer(std::string_view reply, const Version& own) noexcept {
+bool Updater::tellAnswer(std::string_view reply, const Version& own, std::string& finalText) noexcept {
     const CheckTrap trap{"sub checkforupdate"};
     showStatus("Data retrieved");
     const VersionFile file = ExtractVersion(reply);
     m_setupurl = file.url;
     if (file.url.empty()) {
         trap([&] { m_form.setUpdate(gettranslation("Could not read update status from file"), std::nullopt); });
-        m_finalText = "Update check failed, could not read download filename";
+        finalText = "Update check failed, could not read download filename";
         return false;
     }
     if (!isNewer(file.version, own)) {
         tellUpToDate(file.version.text());
+        finalText = "Latest available version is " + file.version.text();
         return false;
     }
     tellNewer(file.version.text());
@@ -269,7 +268,6 @@ void Updater::tellUpToDate(const std::string& version) noexcept {
     trap([] { sset("LastUpdateCheck", today()); });
     trap([&] { logit("Already up to date (Available version is " + version + ")"); });
     trap([&] { m_form.setUpdate(gettranslation("You're up to date!"), updateFailedColour); }); // red too; it is meant
-    m_finalText = "Latest available version is " + version;
 }
 
 void Updater::ShowandCheck(const UpdateSource& source, std::string_view version) noexcept {

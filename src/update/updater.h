@@ -107,8 +107,8 @@ class Updater {
     class Running;
 
     [[nodiscard]] std::string askServer() noexcept;
-    void tellFailure() noexcept;
-    [[nodiscard]] bool tellAnswer(std::string_view reply, const Version& own) noexcept;
+    [[nodiscard]] std::string tellFailure() noexcept;
+    [[nodiscard]] bool tellAnswer(std::string_view reply, const Version& own, std::string& finalText) noexcept;
     void tellNewer(const std::string& version) noexcept;
     void tellUpToDate(const std::string& version) noexcept;
     void showStatus(std::string_view text) noexcept;
@@ -122,7 +122,6 @@ class Updater {
     UpdateSource m_source;
     std::string m_setupurl;
     std::string m_statusText;
-    std::string m_finalText; // of the check that runs
     int m_running = 0;
     bool m_checking = false;
     bool m_silent = false;
