@@ -11,13 +11,22 @@ namespace vantor {
 namespace {
 
 std::vector<std::string> brokenToWidth(const Canvas& box, std::string_view text) {
-    std::vector<std::string> lines;
+    std::vector<std::string> lines(1);
+    const auto fits = [&box](const std::string& line) { return box.textWidth(line) <= box.innerWidth(); };
     for (const std::string_view word : split(text, " ")) {
-        const std::string longer = lines.empty() ? std::string(word) : lines.back() + " " + std::string(word);
-        if (lines.empty() || box.textWidth(longer) > box.innerWidth()) {
-            lines.emplace_back(word);
-        } else {
+        const std::string longer = lines.back().empty() ? std::string(word) : lines.back() + " " + std::string(word);
+        if (fits(longer)) {
             lines.back() = longer;
+            continue;
+        }
+        if (!lines.back().empty()) {
+            lines.emplace_back();
+        }
+        for (const char letter : word) { // a long path has no blank
+            if (!lines.back().empty() && !fits(lines.back() + letter)) {
+                lines.emplace_back();
+            }
+            lines.back() += letter;
         }
     }
     return lines;

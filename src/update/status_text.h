@@ -9,7 +9,7 @@
 namespace vantor {
 
 /// Clears the box to the system's colours and writes a text centred into it. One that is too wide is broken at its
-/// blanks.
+/// blanks, and a word that is too wide anywhere.
 void printStatusText(Canvas& box, std::string_view text);
 
 } // namespace vantor
