@@ -1,71 +1,46 @@
-// Tests of the transfer against real servers on the loopback: web, files, and a proxy that wants a password.
+// Tests of the transfer against real servers on the loopback: web, with TLS too, files, and a proxy with a password.
+#include "foundation/files.h"
 #include "foundation/log.h"
 #include "foundation/settings_store.h"
 #include "foundation/text.h"
 #include "support/fixture.h"
 #include "update/curl_control.h"
+#include "update/recording_form.h"
 #include "update/transfer.h"
 #include "update/transfer_states.h"
+#include "update/updater.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
+#include <iterator>
 #include <memory>
-#include <ostream>
-#include <spawn.h>
+#include <optional>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
-
-extern char** environ;
 
 namespace vantor::test {
 
 namespace {
 
-// The servers as one child process, which ends with its input.
+// The servers as one child process, which ends when nobody reads its output any more.
 class Servers {
   public:
-    explicit Servers(const std::filesystem::path& folder) {
-        std::array<int, 2> input{};
-        std::array<int, 2> output{};
-        if (::pipe2(input.data(), O_CLOEXEC) != 0 || ::pipe2(output.data(), O_CLOEXEC) != 0) {
-            ADD_FAILURE() << "no pipes";
-            return;
-        }
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_adddup2(&actions, input[0], STDIN_FILENO);
-        posix_spawn_file_actions_adddup2(&actions, output[1], STDOUT_FILENO);
-        std::string python = VANTOR_TEST_PYTHON;
-        std::string script = VANTOR_TEST_SERVERS;
-        std::string served = folder.string();
-        std::array<char*, 4> arguments = {python.data(), script.data(), served.data(), nullptr};
-        EXPECT_EQ(::posix_spawn(&m_child, python.c_str(), &actions, nullptr, arguments.data(), environ), 0);
-        posix_spawn_file_actions_destroy(&actions);
-        ::close(input[0]);
-        ::close(output[1]);
-        m_input = input[1];
-        std::FILE* const ports = ::fdopen(output[0], "r");
-        EXPECT_EQ(std::fscanf(ports, "%d %d %d", &web, &ftp, &proxy), 3) << "the servers did not start";
-        std::fclose(ports);
+    explicit Servers(const std::filesystem::path& folder)
+        : m_output(::popen(("exec " VANTOR_TEST_PYTHON " '" VANTOR_TEST_SERVERS "' '" + folder.string() + "'").c_str(),
+                           "r")) {
+        EXPECT_EQ(std::fscanf(m_output, "%d %d %d %d", &web, &ftp, &proxy, &tls), 4) << "the servers did not start";
     }
-    ~Servers() {
-        ::close(m_input);
-        ::waitpid(m_child, nullptr, 0);
-    }
+    ~Servers() { ::pclose(m_output); }
     Servers(const Servers&) = delete;
     Servers& operator=(const Servers&) = delete;
 
     int web = 0;
     int ftp = 0;
     int proxy = 0;
+    int tls = 0;
 
   private:
-    pid_t m_child = -1;
-    int m_input = -1;
+    std::FILE* m_output;
 };
 
 std::string patternOf(std::size_t length) {
@@ -87,18 +62,21 @@ class RealServers : public Fixture {
         }
         writeFile("served\\reply.txt", reply);
         writeFile("served\\pub\\setup.exe", patternOf(30000));
+        std::filesystem::create_directory(folder() / "got");
         LoadSettings(path("Vantor2.ini"));
         servers = std::make_unique<Servers>(folder() / "served");
         internet.Progress = [this](double value, std::string_view text) {
             lastProgress = std::to_string(static_cast<int>(value)) + ":" + std::string(text);
         };
+        internet.Status = [this](std::string_view status) { lastStatus = status; };
         internet.ApplyProxy();
     }
 
-    // {web}, {ftp} and {dead} (a port that nobody listens on) in an address.
+    // {web}, {ftp}, {tls} and {dead} (a port that nobody listens on) in an address.
     [[nodiscard]] std::string address(std::string_view text) const {
         std::string result = replaceAll(text, "{web}", "127.0.0.1:" + std::to_string(servers->web));
         result = replaceAll(result, "{ftp}", "127.0.0.1:" + std::to_string(servers->ftp));
+        result = replaceAll(result, "{tls}", "127.0.0.1:" + std::to_string(servers->tls));
         return replaceAll(result, "{dead}", "127.0.0.1:1");
     }
     [[nodiscard]] bool getFile(std::string_view url) {
@@ -106,8 +84,13 @@ class RealServers : public Fixture {
     }
     [[nodiscard]] std::string text(std::string_view url) { return internet.OpenURL(address(url), true); }
     [[nodiscard]] std::string requests() const { return readFile("served\\requests.txt"); }
-    // Neither a file nor a temporary one.
-    void expectNothingLeft() const { EXPECT_TRUE(std::filesystem::is_empty(folder() / "got")); }
+    // The file and no other, or neither a file nor a temporary one.
+    void expectGot(const std::optional<std::string>& bytes, const std::string& url) const {
+        const std::filesystem::directory_iterator left(folder() / "got");
+        EXPECT_EQ(std::distance(begin(left), end(left)), bytes ? 1 : 0) << url;
+        EXPECT_TRUE(!bytes || readFile("got\\setup.exe") == *bytes) << url;
+        EXPECT_FALSE(internet.Connected()) << url;
+    }
     void useProxy(int type, const char* user, const char* password) {
         sset("ProxyType", type);
         sset("ProxyServer", "127.0.0.1");
@@ -120,54 +103,41 @@ class RealServers : public Fixture {
     std::unique_ptr<Servers> servers;
     cSHAREDInternet internet;
     std::string lastProgress;
+    std::string lastStatus;
 };
 
 struct AnswerCase {
-    std::string name;
     std::string url;
     bool arrives;
-    friend std::ostream& operator<<(std::ostream& out, const AnswerCase& shown) { return out << shown.name; }
 };
 
-class Answers : public RealServers, public testing::WithParamInterface<AnswerCase> {
-  protected:
-    void SetUp() override {
-        RealServers::SetUp();
-        std::filesystem::create_directory(folder() / "got");
+TEST_F(RealServers, AnswerWithATextAndWithAFile) {
+    const std::vector<AnswerCase> cases = {
+        {" http://{web}/sized/reply.txt ", true},
+        {"http://{web}/unsized/reply.txt", true},
+        {"{web}/sized/reply.txt", true},
+        {"http://{web}/redirect/%2Funsized%2Freply.txt", true},
+        {"http://{web}/redirect/ftp%3A%2F%2F{ftp}%2Freply.txt", true},
+        {"http://{web}/redirect/file%3A%2F%2F%2Fetc%2Fhostname", false},
+        {"http://{web}/redirect/gopher%3A%2F%2F{web}%2F", false},
+        {"http://{web}/loop", false},
+        {"file:///etc/hostname", false},
+        {"http://{web}/reset/pub/setup.exe", false},
+        {"http://{web}/short/pub/setup.exe", false},
+        {"http://{web}/nothing", false},
+        {"http://{dead}/", false},
+        {"http://[x", false},
+        {"https://{tls}/sized/reply.txt", false}, // nobody vouches for the certificate
+    };
+    for (const AnswerCase& one : cases) {
+        const std::string body = one.arrives ? reply : "";
+        EXPECT_EQ(text(one.url), body) << one.url;
+        writeFile("got\\setup.exe", "old");
+        EXPECT_EQ(getFile(one.url), one.arrives) << one.url;
+        expectGot(one.arrives ? std::optional(body) : std::nullopt, one.url);
     }
-};
-
-TEST_P(Answers, AsATextAndAsAFile) {
-    const AnswerCase& expected = GetParam();
-    const std::string body = expected.arrives ? reply : "";
-    EXPECT_EQ(text(expected.url), body);
-    EXPECT_FALSE(internet.Connected());
-    writeFile("got\\setup.exe", "old");
-    EXPECT_EQ(getFile(expected.url), expected.arrives);
-    if (expected.arrives) {
-        EXPECT_EQ(readFile("got\\setup.exe"), body);
-    } else {
-        expectNothingLeft();
-    }
-    EXPECT_FALSE(internet.Connected());
+    EXPECT_TRUE(contains(lastStatus, "certificate")) << lastStatus;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, Answers,
-    testing::Values(AnswerCase{"Sized", " http://{web}/sized/reply.txt ", true},
-                    AnswerCase{"Unsized", "http://{web}/unsized/reply.txt", true},
-                    AnswerCase{"NoScheme", "{web}/sized/reply.txt", true},
-                    AnswerCase{"Redirect", "http://{web}/redirect/%2Funsized%2Freply.txt", true},
-                    AnswerCase{"RedirectToFtp", "http://{web}/redirect/ftp%3A%2F%2F{ftp}%2Freply.txt", true},
-                    AnswerCase{"RedirectToFile", "http://{web}/redirect/file%3A%2F%2F%2Fetc%2Fhostname", false},
-                    AnswerCase{"RedirectToGopher", "http://{web}/redirect/gopher%3A%2F%2F{web}%2F", false},
-                    AnswerCase{"RedirectForEver", "http://{web}/loop", false},
-                    AnswerCase{"File", "file:///etc/hostname", false},
-                    AnswerCase{"Reset", "http://{web}/reset/pub/setup.exe", false},
-                    AnswerCase{"Short", "http://{web}/short/pub/setup.exe", false},
-                    AnswerCase{"Nothing", "http://{web}/nothing", false},
-                    AnswerCase{"Refused", "http://{dead}/", false}, AnswerCase{"Nonsense", "http://[x", false}),
-    [](const auto& answer) { return answer.param.name; });
 
 TEST_F(RealServers, NothingIsSentButTheRequest) {
     EXPECT_EQ(text("http://{web}/sized/reply.txt"), reply);
@@ -207,33 +177,26 @@ TEST_F(RealServers, TenMegabytesAreAFileButNoReply) {
     }
 }
 
-struct InterruptCase {
-    std::string name;
-    std::string url;
-    std::string statusText; ///< when it is cancelled
-    friend std::ostream& operator<<(std::ostream& out, const InterruptCase& shown) { return out << shown.name; }
-};
-
-class Interrupted : public RealServers, public testing::WithParamInterface<InterruptCase> {};
-
-TEST_P(Interrupted, LeavesNothing) {
-    std::filesystem::create_directory(folder() / "got");
-    internet.Status = [this](std::string_view status) {
-        if (containsNoCase(status, GetParam().statusText)) {
-            recorder.onPump = [this](Pump) { internet.Cancel(); };
-        }
+TEST_F(RealServers, ACancelLeavesNothing) {
+    // At which text of the status the transfer is cancelled.
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"http://{web}/silent", "Connected"},       // before the response
+        {"http://{web}/stall", "kb of"},            // in mid-body
+        {"ftp://{ftp}/pub/setup.exe", "Connected"}, // on a file server
     };
-    EXPECT_FALSE(getFile(GetParam().url));
-    expectNothingLeft();
-    EXPECT_FALSE(internet.Connected());
-    EXPECT_EQ(lastProgress, "0:Download cancelled");
+    for (const auto& [url, moment] : cases) {
+        clock.advance(1);
+        internet.Status = [&](std::string_view status) {
+            if (contains(status, moment)) {
+                recorder.onPump = [this](Pump) { internet.Cancel(); };
+            }
+        };
+        EXPECT_FALSE(getFile(url));
+        recorder.onPump = {};
+        expectGot(std::nullopt, url);
+        EXPECT_EQ(lastProgress, "0:Download cancelled");
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Moments, Interrupted,
-                         testing::Values(InterruptCase{"BeforeTheResponse", "http://{web}/silent", "Connected"},
-                                         InterruptCase{"InMidBody", "http://{web}/stall", "kb of"},
-                                         InterruptCase{"OnAFileServer", "ftp://{ftp}/pub/setup.exe", "Connected"}),
-                         [](const auto& moment) { return moment.param.name; });
 
 // The clock moves a second at each pump, so nobody waits.
 TEST_F(RealServers, AServerThatDoesNotAnswerTimesOut) {
@@ -245,48 +208,40 @@ TEST_F(RealServers, AServerThatDoesNotAnswerTimesOut) {
         while (form.underWay()) {
             form.wait(10);
         }
-        return recorder.fullPumps;
     };
     recorder.onPump = [this](Pump) { clock.advance(1); };
-    EXPECT_GE(download("http://{web}/silent"), 10);
+    download("http://{web}/silent");
+    EXPECT_GE(recorder.fullPumps, 10);
     EXPECT_LT(recorder.fullPumps, 30); // each answer on the way to the server begins anew
     EXPECT_EQ(error, "Download timed out. Please try again.");
-    EXPECT_GE(download("http://{web}/stall"), 61); // behind the response only idle seconds count
+    writeFile("served\\drip", std::string(400, 'x')); // a few bytes a second, for longer than any silence may last
+    download("http://{web}/drip/drip");
+    EXPECT_EQ(readFile("f.exe").size(), 400U);
+    recorder.fullPumps = 0;
+    download("http://{web}/stall");
+    EXPECT_GE(recorder.fullPumps, 61); // behind the response only idle seconds count
     EXPECT_EQ(error, "Transfer timed out");
     EXPECT_FALSE(exists("f.exe"));
 }
 
-struct FileServerCase {
-    std::string name;
-    std::string url;
-    bool arrives;
-    friend std::ostream& operator<<(std::ostream& out, const FileServerCase& shown) { return out << shown.name; }
-};
-
-class FileServer : public RealServers, public testing::WithParamInterface<FileServerCase> {};
-
-TEST_P(FileServer, Downloads) {
-    std::filesystem::create_directories(folder() / "got");
-    EXPECT_EQ(getFile(GetParam().url), GetParam().arrives);
-    if (GetParam().arrives) {
-        EXPECT_EQ(readFile("got\\setup.exe"), patternOf(30000));
-        EXPECT_EQ(internet.ExpectedFilesize(), 30000);
-    } else {
-        expectNothingLeft();
+TEST_F(RealServers, FilesComeFromAFileServer) {
+    const std::vector<AnswerCase> cases = {
+        {"FTP://{ftp}/pub/setup.exe", true},
+        {"ftp:\\\\{ftp}\\pub\\setup.exe", true},
+        {"ftp://vera:geheim@{ftp}/pub/setup.exe", true},
+        {"ftp://vera:falsch@{ftp}/pub/setup.exe", false},
+        {"ftp://{ftp}/pub/other.exe", false},
+        {"ftp://{ftp}/other/setup.exe", false},
+        {"ftp://{ftp}/pub/", false},
+        {"ftp://{dead}/pub/setup.exe", false},
+    };
+    for (const AnswerCase& one : cases) {
+        EXPECT_EQ(getFile(one.url), one.arrives) << one.url;
+        expectGot(one.arrives ? std::optional(patternOf(30000)) : std::nullopt, one.url);
+        EXPECT_TRUE(!one.arrives || internet.ExpectedFilesize() == 30000) << one.url;
+        EraseFile(path("got\\setup.exe"));
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Addresses, FileServer,
-                         testing::Values(FileServerCase{"Plain", "FTP://{ftp}/pub/setup.exe", true},
-                                         FileServerCase{"Backslashes", "ftp:\\\\{ftp}\\pub\\setup.exe", true},
-                                         FileServerCase{"User", "ftp://vera:geheim@{ftp}/pub/setup.exe", true},
-                                         FileServerCase{"WrongPassword", "ftp://vera:falsch@{ftp}/pub/setup.exe",
-                                                        false},
-                                         FileServerCase{"NoSuchFile", "ftp://{ftp}/pub/other.exe", false},
-                                         FileServerCase{"NoSuchFolder", "ftp://{ftp}/other/setup.exe", false},
-                                         FileServerCase{"NoFile", "ftp://{ftp}/pub/", false},
-                                         FileServerCase{"NoServer", "ftp://{dead}/pub/setup.exe", false}),
-                         [](const auto& server) { return server.param.name; });
 
 TEST_F(RealServers, AProxyIsToldItsPassword) {
     useProxy(2, "vera", "geheim");
@@ -312,6 +267,48 @@ TEST_F(RealServers, ADownloadGoesThroughTheSystemsProxy) {
     EXPECT_EQ(text("http://{web}/sized/reply.txt"), reply);
     EXPECT_FALSE(contains(requests(), "tinyproxy"));
     ::unsetenv("http_proxy");
+}
+
+// The updater as a whole, but for its window.
+TEST_F(RealServers, AVersionIsFoundReadAndFetched) {
+    const std::string setup = patternOf(120000);
+    writeFile("served\\setup110b.exe", setup);
+    writeFile("served\\details.txt", "New in 1.1.0b");
+    RecordingForm form;
+    Updater updater(form);
+    bool close = false;
+    updater.events.status = [&](std::string_view status) {
+        lastStatus = status;
+        if (close && status == "Downloading") {
+            recorder.onPump = [&](Pump) {
+                EXPECT_FALSE(form.enabled);
+                updater.StopAll();
+            };
+        }
+    };
+    const auto check = [&](const std::string& kind) {
+        writeFile("served\\current.txt", address("1.1.0b\nhttp://{web}/" + kind + "/setup@@@.exe\n"));
+        updater.ShowandCheck(
+            {address("http://{web}/unsized/current.txt"), address("http://{web}/sized/details.txt"), "VantorUpd.exe"});
+        EXPECT_EQ(form.update, "Version 1.1.0B is available!");
+    };
+    check("slow");
+    updater.showDetails();
+    EXPECT_EQ(form.detailsText, "New in 1.1.0b");
+    updater.download();
+    EXPECT_TRUE(readFile("VantorUpd.exe") == setup);
+    EXPECT_EQ(lastStatus, "File saved to " + path("VantorUpd.exe"));
+    check("reset");
+    updater.download();
+    EXPECT_EQ(lastStatus, "Error - Download failed.");
+    EXPECT_FALSE(exists("VantorUpd.exe"));
+    check("stall");
+    close = true;
+    updater.download();
+    EXPECT_FALSE(form.shown);
+    EXPECT_TRUE(form.enabled);
+    EXPECT_EQ(logTexts().back(), "Download cancelled");
+    EXPECT_FALSE(exists("VantorUpd.exe"));
 }
 
 } // namespace

@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
-"""Servers of the transfer tests, on free ports of the loopback: web, files, and a proxy that wants a password.
+"""Servers of the transfer tests, on free ports of the loopback: web, files, a proxy that wants a password, and the web
+again with TLS and a certificate that nobody vouches for.
 
-Usage: servers.py FOLDER. The web server and the file server serve FOLDER. Prints "{web} {ftp} {proxy}", the ports, when
-all of them answer, and runs until its input ends. The web server's requests are noted in FOLDER/requests.txt.
+Usage: servers.py FOLDER. All serve FOLDER. Prints "{web} {ftp} {proxy} {tls}", the ports, when all of them answer, and
+runs until nobody reads its output any more. The web server's requests are noted in FOLDER/requests.txt.
 """
 import logging
 import os
+import select
 import socket
+import ssl
 import struct
 import subprocess
 import sys
@@ -62,11 +65,12 @@ class Web(StreamRequestHandler):
         elif kind == "unsized":
             self.head()
             self.wfile.write(served(rest))
-        elif kind == "slow":  # in pieces, each a moment after the other
+        elif kind in ("slow", "drip"):  # in pieces, each a moment after the other
             data = served(rest)
+            size = 1500 if kind == "slow" else 4
             self.head("200 OK", f"Content-Length: {len(data)}")
-            for begin in range(0, len(data), 1500):
-                self.wfile.write(data[begin:begin + 1500])
+            for begin in range(0, len(data), size):
+                self.wfile.write(data[begin:begin + size])
                 ended.wait(0.01)
         elif kind in ("reset", "short"):  # dies in mid-body
             data = served(rest)
@@ -128,17 +132,32 @@ def start_proxy():
                 ended.wait(0.01)
 
 
+def start_tls():
+    key, certificate = (os.path.join(folder, name) for name in ("key.pem", "certificate.pem"))
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes",
+                    "-subj", "/CN=127.0.0.1", "-keyout", key, "-out", certificate],
+                   check=True, stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+    context.load_cert_chain(certificate, key)
+    server = WebServer(("127.0.0.1", 0), Web)
+    server.socket = context.wrap_socket(server.socket, server_side=True)
+    return server
+
+
 def main():
     web = WebServer(("127.0.0.1", 0), Web)
     FileHandler.authorizer.add_anonymous(folder)
     FileHandler.authorizer.add_user("vera", "geheim", folder)
     files = ThreadedFTPServer(("127.0.0.1", 0), FileHandler)
-    for server in (web, files):
+    tls = start_tls()
+    for server in (web, files, tls):
         threading.Thread(target=server.serve_forever, daemon=True).start()
     proxy, proxy_port = start_proxy()
     try:
-        print(web.server_address[1], files.socket.getsockname()[1], proxy_port, flush=True)
-        sys.stdin.read()
+        print(web.server_address[1], files.socket.getsockname()[1], proxy_port, tls.server_address[1], flush=True)
+        output = select.poll()
+        output.register(sys.stdout, 0)  # tells when nobody reads it any more
+        output.poll()
     finally:
         proxy.kill()
         proxy.wait()

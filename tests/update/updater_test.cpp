@@ -2,6 +2,7 @@
 #include "foundation/log.h"
 #include "foundation/settings_store.h"
 #include "support/fixture.h"
+#include "update/recording_form.h"
 #include "update/scripted_control.h"
 #include "update/updater.h"
 
@@ -14,44 +15,6 @@ const std::string current = "http://u.invalid/versions/VNT_current.txt";
 const std::string details = "http://u.invalid/versions/VNT_details.txt";
 const std::string setup = "http://u.invalid/setup.exe";
 const UpdateSource source{current, details, "VantorUpd.exe"};
-
-// What the form was told, in place of a window.
-class RecordingForm : public UpdaterForm {
-  public:
-    bool loaded = false;
-    bool shown = false;
-    int modalShows = 0;
-    std::string program;
-    std::string update;
-    std::optional<Colour> colour;
-    std::string detailsText;
-    bool box = true;
-    bool enabled = true;
-    RecordingCanvas status;
-    std::function<void()> onModal;
-
-    void load() override { loaded = true; }
-    void showForm() override { shown = true; }
-    void showModally() override {
-        ++modalShows;
-        shown = true;
-        if (onModal) {
-            onModal();
-        }
-    }
-    void unload() override { shown = loaded = false; }
-    bool isShown() const override { return shown; }
-    void setProgram(std::string_view text) override { program = text; }
-    void setUpdate(std::string_view text, std::optional<Colour> value) override {
-        update = text;
-        colour = value;
-    }
-    void setDetails(std::string_view text) override { detailsText = text; }
-    void setDisableAutoUpdate(bool value) override { box = value; }
-    bool disableAutoUpdate() const override { return box; }
-    void enableCommands(bool value) override { enabled = value; }
-    Canvas& picStatus() override { return status; }
-};
 
 class UpdaterTest : public Fixture {
   protected:
@@ -139,8 +102,6 @@ TEST_F(UpdaterTest, TellsWhatACheckFound) {
         EXPECT_EQ(sget("LastUpdateCheck", "").text(), one.stored) << one.update;
         EXPECT_EQ(newer, one.colour == updateFoundColour);
         EXPECT_TRUE(form.enabled);
-        EXPECT_TRUE(form.shown);
-        EXPECT_EQ(form.modalShows, 0);
     }
     EXPECT_EQ(statuses.front(), "Checking for update");
     EXPECT_EQ(finished, static_cast<int>(cases.size()));
@@ -151,7 +112,7 @@ TEST_F(UpdaterTest, TellsWhatACheckFound) {
 }
 
 TEST_F(UpdaterTest, AMissingControlIsAFailureOfItsOwn) {
-    script.notRegistered = true;
+    script.setUpFault = static_cast<int>(TransferError::NotRegistered);
     updater.CheckForUpdate(false, source);
     EXPECT_EQ(form.update, "Could not retrieve update status");
     EXPECT_EQ(statusText(),
@@ -178,9 +139,16 @@ TEST_F(UpdaterTest, ASilentCheckOnlyAsksWhenItFoundSomething) {
     recorder.answers = {false, true};
     EXPECT_TRUE(updater.CheckForUpdate(true, source));
     EXPECT_FALSE(form.shown);
-    form.onModal = [this] { EXPECT_TRUE(form.enabled) << "a form that is shown must be of use"; };
+    form.onModal = [this] {
+        EXPECT_TRUE(form.enabled) << "a form that is shown must be of use";
+        serve("1.0.0\n" + setup);
+        updater.checkAgain();
+        updater.StopAll();
+    };
+    statuses.clear();
     EXPECT_TRUE(updater.CheckForUpdate(true, source));
     EXPECT_EQ(form.modalShows, 1);
+    EXPECT_EQ(std::ranges::count(statuses, "Latest available version is 1.0.0"), 1) << "of the inner check alone";
     EXPECT_EQ(recorder.questions,
               std::vector<std::string>(2, "An update is available. Would you like to view the details now?"));
 }
@@ -330,6 +298,8 @@ TEST_F(UpdaterTest, ProgressIsDrawnAndItsEndReadsTwice) {
     updater.redrawStatus();
     ASSERT_EQ(form.status.all<DrawnText>().size(), 3U) << "broken at its blanks";
     EXPECT_EQ(form.status.all<DrawnText>().front().text, "Downloaded");
+    updater.cInternet_Progress(100, "C:\\TrafficTools\\VantorUpd.exe");
+    EXPECT_EQ(form.status.all<DrawnText>().back().text, "orUpd.exe") << "a long path has no blank to break at";
 }
 
 } // namespace
