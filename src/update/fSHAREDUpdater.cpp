@@ -127,9 +127,16 @@ bool fSHAREDUpdater::disableAutoUpdate() const {
 }
 
 void fSHAREDUpdater::enableCommands(bool enabled) {
+    QWidget* const focused = focusWidget();
     for (QPushButton* const button :
          {m_ui->cmdCheckAgain, m_ui->cmdShowDetail, m_ui->cmdDownload, m_ui->cmdDownloadInstall}) {
         button->setEnabled(enabled);
+    }
+    if (!enabled) {
+        m_pressed = focused;
+        m_standIn = focusWidget();
+    } else if (m_pressed && focused == m_standIn) { // the user took it nowhere else
+        m_pressed->setFocus();
     }
 }
 

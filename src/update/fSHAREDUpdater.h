@@ -5,6 +5,7 @@
 #include "update/updater.h"
 
 #include <QDialog>
+#include <QPointer>
 
 #include <memory>
 #include <optional>
@@ -51,6 +52,8 @@ class fSHAREDUpdater : public QDialog, private UpdaterForm {
 
     std::unique_ptr<Ui::fSHAREDUpdater> m_ui;
     Updater m_updater;
+    QPointer<QWidget> m_pressed; // had the focus when the commands went out of reach
+    QPointer<QWidget> m_standIn; // got it then
     bool m_loaded = false;
 };
 

@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTimer>
 
 namespace vantor::test {
@@ -64,7 +65,10 @@ TEST_F(UpdaterFormTest, ShowsTheCheckAndItsDetails) {
     EXPECT_EQ(control<QPlainTextEdit>(*form, "txtDetails").toPlainText(), QStringLiteral("New in 2.0.0:\n- maps"));
 
     script.replies[source.currenturl] = {"<html>"};
-    click(*form, "cmdCheckAgain");
+    auto& again = control<QPushButton>(*form, "cmdCheckAgain");
+    again.setFocus();
+    pressKey(again, Qt::Key_Space);
+    EXPECT_EQ(form->focusWidget(), &again) << "ready for the next one";
     EXPECT_EQ(label("lblUpdate"), "Could not retrieve update status");
     EXPECT_EQ(control<QLabel>(*form, "lblUpdate").palette().color(QPalette::WindowText), QColor(192, 0, 0));
     pressKey(*form, Qt::Key_Escape);
