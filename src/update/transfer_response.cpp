@@ -17,6 +17,7 @@ constexpr double secondsPerReport = 0.25;
 constexpr double secondsPerDay = 86400;
 constexpr double bytesPerKilobyte = 1024;
 
+// In the texts below "kb" stands with a blank ahead or without, and both are meant.
 std::string wholeKilobytes(double bytes) {
     return fixedNumber(roundHalfEven(bytes / bytesPerKilobyte), 0);
 }

@@ -180,7 +180,7 @@ void fSHAREDInternet::DownloadFile(std::string_view url, std::string_view local,
     const StandardTrap trap{"sub downloadfile", moduleName};
     if (m_noControl) {
         EraseFile(local);
-        raise(DownloadFinished);
+        raise(DownloadFinished); // without a file: whoever waits goes on, and it is meant
         raise(NoInternet);
         return;
     }
@@ -297,6 +297,7 @@ void fSHAREDInternet::ApplyProxy() noexcept {
         step([&] {
             const std::string server(trim(sget("ProxyServer", "").text()));
             const std::string port(trim(sget("ProxyPort", "").text()));
+            // Half a proxy is none, though the type says that there is one: it is meant.
             m_control->setProxy(server.empty() || port.empty() ? std::string() : server + ":" + port);
         });
     } else if (type == AccessType::Direct) {
