@@ -6,6 +6,11 @@
 #include <cerrno>
 #include <cstring>
 #include <system_error>
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+#endif
 
 namespace vantor {
 
@@ -21,6 +26,11 @@ constexpr std::size_t searchPiece = 4096;
 // What the system's call can't tell: a missing folder from a missing file.
 Error openError(const std::filesystem::path& native, int code) {
     if (code == ENOENT) {
+        // Windows says of a name that is too long that it is not there.
+        constexpr std::size_t longestName = 255;
+        if (native.filename().native().size() > longestName) {
+            return Error(ErrorCode::BadFileName);
+        }
         std::error_code ignored;
         const std::filesystem::path folder = native.parent_path();
         const bool hasFolder = folder.empty() || std::filesystem::is_directory(folder, ignored);
@@ -89,11 +99,19 @@ Channel::Channel(const std::filesystem::path& native, Mode mode) : m_slot(std::m
         slots.emplace_back();
     }
     errno = 0;
+    // A tool that the program starts does not inherit the file: O_NOINHERIT here, "e" there.
 #ifdef _WIN32
-    const wchar_t* const modeText = mode == Mode::Input ? L"rbN" : mode == Mode::Replace ? L"wbN" : L"abN";
-    m_slot->file = _wfopen(native.c_str(), modeText);
+    const int access = mode == Mode::Input     ? _O_RDONLY
+                       : mode == Mode::Replace ? _O_WRONLY | _O_CREAT | _O_TRUNC
+                                               : _O_WRONLY | _O_CREAT | _O_APPEND;
+    const int handle = _wopen(native.c_str(), access | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+    if (handle != -1) {
+        m_slot->file = _wfdopen(handle, mode == Mode::Input ? L"rb" : mode == Mode::Replace ? L"wb" : L"ab");
+        if (m_slot->file == nullptr) {
+            _close(handle);
+        }
+    }
 #else
-    // "e": a tool that the program starts does not inherit the file.
     const char* const modeText = mode == Mode::Input ? "rbe" : mode == Mode::Replace ? "wbe" : "abe";
     m_slot->file = std::fopen(native.c_str(), modeText);
 #endif

@@ -100,6 +100,10 @@ std::filesystem::path resolve(std::filesystem::path root, std::string_view rest)
 #ifdef _WIN32
 
 std::filesystem::path nativePath(std::string_view path) {
+    // The run-time asks after a folder by its bare name; only a root ("C:\", "\") ends in a separator.
+    while (path.size() > 1 && (path.back() == '\\' || path.back() == '/') && path[path.size() - 2] != ':') {
+        path.remove_suffix(1);
+    }
     return fromUtf8Path(toUtf8(path));
 }
 

@@ -6,6 +6,7 @@
 #include <system_error>
 #ifdef _WIN32
 #include <io.h>
+#include <windows.h>
 #else
 #include <fcntl.h>
 #include <unistd.h>
@@ -14,6 +15,45 @@
 namespace vantor {
 
 namespace {
+
+#ifdef _WIN32
+
+// The file that is replaced, under the name by which its folder knows it: the case of the old name stays.
+std::filesystem::path targetOf(std::string_view path) {
+    std::filesystem::path target = nativePath(path);
+    WIN32_FIND_DATAW entry{};
+    if (target.filename().native().find_first_of(L"*?") == std::wstring::npos) {
+        const HANDLE search = FindFirstFileW(target.c_str(), &entry);
+        if (search != INVALID_HANDLE_VALUE) {
+            FindClose(search);
+            target.replace_filename(entry.cFileName);
+        }
+    }
+    return target;
+}
+
+// Renames over the target and waits until the disk has it. A virus scanner or an indexer may hold either file for a
+// moment; whoever holds one for longer keeps the old file as it is.
+void moveOver(const std::filesystem::path& temporary, const std::filesystem::path& target) {
+    constexpr int attempts = 6;
+    constexpr DWORD pause = 50; // milliseconds
+    for (int attempt = 1;; ++attempt) {
+        if (MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+            return;
+        }
+        const DWORD failure = GetLastError();
+        const bool held = failure == ERROR_ACCESS_DENIED || failure == ERROR_SHARING_VIOLATION;
+        if (!held || attempt == attempts) {
+            throw Error(failure == ERROR_DISK_FULL ? ErrorCode::DiskFull : ErrorCode::PathFileAccess);
+        }
+        Sleep(pause);
+    }
+}
+
+// A new file gets its rights from the folder, and one that is read-only is never replaced: nothing is to be kept.
+void keepMode(const std::filesystem::path& /*temporary*/, const std::filesystem::path& /*target*/) {}
+
+#else
 
 // The file that is really replaced: behind links, so that a link stays a link.
 std::filesystem::path targetOf(std::string_view path) {
@@ -28,6 +68,29 @@ std::filesystem::path targetOf(std::string_view path) {
     }
     return target;
 }
+
+// Renames over the target and makes that last. The new file stands already when the folder can't be flushed, so that
+// is no failure of the save.
+void moveOver(const std::filesystem::path& temporary, const std::filesystem::path& target) {
+    std::filesystem::rename(temporary, target);
+    const std::string folder = target.has_parent_path() ? target.parent_path().native() : std::string(".");
+    const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle >= 0) {
+        ::fsync(handle);
+        ::close(handle);
+    }
+}
+
+// The old file's mode, as far as it can be kept.
+void keepMode(const std::filesystem::path& temporary, const std::filesystem::path& target) {
+    std::error_code ignored;
+    const std::filesystem::file_status old = std::filesystem::status(target, ignored);
+    if (std::filesystem::exists(old)) {
+        std::filesystem::permissions(temporary, old.permissions(), ignored);
+    }
+}
+
+#endif
 
 // Beside the target, under a name that no reader takes for traffic.
 std::filesystem::path temporaryOf(const std::filesystem::path& target) {
@@ -71,20 +134,6 @@ void flushToDisk(std::FILE* file) {
     }
 }
 
-// Makes the rename last. The new file stands already, so a failure here is no failure of the save.
-void flushFolder(const std::filesystem::path& target) noexcept {
-#ifndef _WIN32
-    const std::string folder = target.has_parent_path() ? target.parent_path().native() : std::string(".");
-    const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle >= 0) {
-        ::fsync(handle);
-        ::close(handle);
-    }
-#else
-    static_cast<void>(target);
-#endif
-}
-
 } // namespace
 
 ReplacingFile::ReplacingFile(std::string_view path)
@@ -119,20 +168,15 @@ void ReplacingFile::commit() {
             throw Error(ErrorCode::BadFileName);
         }
         flushToDisk(file());
-        std::error_code failure;
-        const std::filesystem::file_status old = std::filesystem::status(m_target, failure);
-        if (std::filesystem::exists(old)) {
-            std::filesystem::permissions(m_temporary, old.permissions(), failure); // what can't be kept is let go
-        }
+        keepMode(m_temporary, m_target);
         closeChecked();
-        std::filesystem::rename(m_temporary, m_target);
+        moveOver(m_temporary, m_target);
     } catch (...) {
         m_failed = true;
         discard();
         throw;
     }
     m_done = true;
-    flushFolder(m_target);
 }
 
 void ReplacingFile::discard() noexcept {

@@ -24,8 +24,12 @@ CaseTables makeCaseTables() {
         tables.toUpper[code] = tables.toLower[code] = byteAt(code);
     }
 #ifdef _WIN32
-    CharUpperBuffA(tables.toUpper.data(), 256);
-    CharLowerBuffA(tables.toLower.data(), 256);
+    // Where a letter may take several bytes, only ASCII has capitals byte by byte.
+    CPINFO codePage{};
+    const bool oneByteEach = GetCPInfo(CP_ACP, &codePage) != 0 && codePage.MaxCharSize == 1;
+    const DWORD count = oneByteEach ? 256 : 128;
+    CharUpperBuffA(tables.toUpper.data(), count);
+    CharLowerBuffA(tables.toLower.data(), count);
 #else
     // Windows-1252: the letters of ASCII, the Latin letters (less the multiplication and division signs), and the
     // four pairs that stand apart.

@@ -58,7 +58,11 @@ TEST(Text, Utf8AndTheCodePage) {
     EXPECT_EQ(toUtf8("\x80 \xFC"), "\xE2\x82\xAC \xC3\xBC");
     EXPECT_EQ(fromUtf8("\xE2\x82\xAC \xC3\xBC"), "\x80 \xFC");
     EXPECT_EQ(fromUtf8("\xE4\xB8\xAD"), "?"); // not in the code page
-    EXPECT_EQ(fromUtf8("\xFC"), "\xFC");      // malformed: stands for itself
+#ifdef _WIN32
+    EXPECT_EQ(fromUtf8("\xFC"), "?"); // malformed
+#else
+    EXPECT_EQ(fromUtf8("\xFC"), "\xFC"); // malformed: stands for itself, as a name on the disk may be
+#endif
     std::string all;
     for (int byte = 0; byte < 256; ++byte) {
         all.push_back(static_cast<char>(byte));

@@ -2,6 +2,7 @@
 #include "core/tables.h"
 #include "foundation/files.h"
 #include "foundation/log.h"
+#include "foundation/native_path.h"
 #include "simulator/aircraft_report.h"
 #include "support/fixture.h"
 
@@ -26,7 +27,7 @@ class AircraftReportTest : public Fixture {
                            std::initializer_list<const char*> folders = {}) const {
         writeFile("FS\\aircraft\\" + name + "\\aircraft.cfg", cfg);
         for (const char* const one : folders) {
-            fs::create_directories(folder() / "FS" / "aircraft" / name / one);
+            fs::create_directories(nativePath(at(name) + one));
         }
     }
     [[nodiscard]] std::string at(const std::string& name) const { return fsaircraftpath + name + "\\"; }
@@ -41,7 +42,7 @@ TEST_F(AircraftReportTest, TellsEachKindOfFault) {
                       "[fltsim.0]\r\ntitle=x\r\nSim= Good \r\nTexture=\\Red\\\r\n[fltsim.1]\r\nsim=Bad\r\n"
                       "texture= Gone \r\n; texture=off\r\n[fltsim.2]\r\nSIM=bad\r\ntexture=gone\r\ntexture=RED\r\n"
                       "texture=\r\n",
-                      {"texture.red", "TEXTURE.Old", "mytexture.B\xC3\xBCro", "texture", "panel"});
+                      {"texture.red", "TEXTURE.Old", "mytexture.B\xFCro", "texture", "panel"});
     writeFile("FS\\aircraft\\A\\gOOD.air", "");
     addAircraftFolder("B", "nothing here\r\n");
     addAircraftFolder("C", "xsim=none texture=two", {"texture.two"}); // one line is both keys, each to its end
