@@ -23,11 +23,15 @@ std::filesystem::path nativeFile(const QString& file) {
 }
 
 /// The program's file as it was started: a link to the executable counts as the program, so that a link put into a
-/// folder of traffic files works there.
-std::filesystem::path programFile(const QString& started) {
+/// folder of traffic files works there. Windows starts a program by its own file, whatever led to it.
+std::filesystem::path programFile([[maybe_unused]] const QString& started) {
+#ifdef Q_OS_WIN
+    return nativeFile(QCoreApplication::applicationFilePath());
+#else
     const bool hasFolder = started.contains(u'/') || started.contains(u'\\');
     return vantor::startedProgram(nativeFile(hasFolder ? started : QStandardPaths::findExecutable(started)),
                                   nativeFile(QCoreApplication::applicationFilePath()));
+#endif
 }
 
 } // namespace

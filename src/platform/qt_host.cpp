@@ -172,16 +172,9 @@ std::string QtHost::booleanWord(bool value) {
 
 std::optional<SystemVersion> QtHost::systemVersion() {
 #ifdef Q_OS_WIN
-    // The documented call tells programs without a manifest an old version; this one tells the true one.
-    using GetVersionCall = LONG(WINAPI*)(OSVERSIONINFOW*);
-    const HMODULE library = GetModuleHandleW(L"ntdll.dll");
-    const auto call =
-        library == nullptr
-            ? nullptr
-            : reinterpret_cast<GetVersionCall>(reinterpret_cast<void*>(GetProcAddress(library, "RtlGetVersion")));
-    OSVERSIONINFOW info{};
+    OSVERSIONINFOA info{};
     info.dwOSVersionInfoSize = sizeof info;
-    if (call == nullptr || call(&info) != 0) {
+    if (GetVersionExA(&info) == 0) { // the true version, since the manifest names Windows 10
         return std::nullopt;
     }
     return SystemVersion{static_cast<int>(info.dwPlatformId), static_cast<int>(info.dwMajorVersion),

@@ -96,6 +96,17 @@ TEST_F(QtHostTest, LocaleWordsComeFromTheSystem) {
     EXPECT_EQ(qtHost.booleanWord(false), "False");
 }
 
+TEST_F(QtHostTest, OnlyWindowsTellsItsVersion) {
+    const std::optional<SystemVersion> version = qtHost.systemVersion();
+#ifdef Q_OS_WIN
+    ASSERT_TRUE(version);
+    EXPECT_EQ(version->platform, 2);
+    EXPECT_GE(version->major, 10) << "the manifest is missing";
+#else
+    EXPECT_FALSE(version);
+#endif
+}
+
 TEST_F(QtHostTest, GeneralFormLeavesOutAnEmptyDateOrTime) {
     const double day = dayNumber({2003, 5, 28});
     const std::string date = qtHost.shortDate({2003, 5, 28});

