@@ -56,7 +56,7 @@ class LoadTest : public MainWindowFixture {
         }
         return all;
     }
-    [[nodiscard]] long startsInLog() const { return std::ranges::count(logTexts(), "Startup complete"); }
+    [[nodiscard]] std::ptrdiff_t startsInLog() const { return std::ranges::count(logTexts(), "Startup complete"); }
 };
 
 TEST_F(LoadTest, TheDefaultPlansFillTheWindow) {
