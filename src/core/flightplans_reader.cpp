@@ -167,15 +167,22 @@ void Reader::readHeader(Fields fields) {
     m_record.weekly = contains(m_record.period.raw(), "WEEK");
 }
 
-// The speed of a field's aircraft, nothing for an unknown one. The table is searched once for each field's text.
+// The speed of a field's aircraft, nothing for an unknown one. The table is searched once for each field's text, but a
+// search with a fault is not remembered: each line that causes one tells it.
 std::optional<float> Reader::speedOf(std::string_view acnum) {
-    const auto [found, isNew] = m_speeds.try_emplace(std::string(acnum));
-    if (isNew) {
-        if (const std::int32_t row = aircraftrecord(extractcode(acnum)); row != -1) {
-            found->second = aircraft[row].cruisespeed;
-        }
+    std::string code(acnum);
+    if (const auto known = m_speeds.find(code); known != m_speeds.end()) {
+        return known->second;
     }
-    return found->second;
+    const std::int64_t actions = actionCount();
+    std::optional<float> speed;
+    if (const std::int32_t row = aircraftrecord(extractcode(acnum)); row != -1) {
+        speed = aircraft[row].cruisespeed;
+    }
+    if (actionCount() == actions) {
+        m_speeds.emplace(std::move(code), speed);
+    }
+    return speed;
 }
 
 void Reader::readLegs(Fields fields) {

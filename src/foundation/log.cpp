@@ -22,7 +22,8 @@ struct Action {
 
 struct LogState {
     std::string logfile;
-    int actionindex = 0; // the newest entry, 1 to 40; 0 at the start
+    int actionindex = 0;          // the newest entry, 1 to 40; 0 at the start
+    std::int64_t actioncount = 0; // entries stored so far
     std::array<Action, recentActions> actions;
 
     Action& at(int index) { return actions.at(static_cast<std::size_t>(index - 1)); }
@@ -52,6 +53,7 @@ std::string described(std::string_view text, std::string_view procedure, std::st
 }
 
 void store(std::string text) {
+    ++state().actioncount;
     Action& newest = state().at(state().actionindex);
     newest.text = std::move(text);
     newest.time = formatHHMMSS(now());
@@ -178,6 +180,10 @@ std::string newestAction() {
 
 std::string actionText(int index) {
     return index >= 1 && index <= recentActions ? state().at(index).text : std::string();
+}
+
+std::int64_t actionCount() {
+    return state().actioncount;
 }
 
 void resetLogging() {

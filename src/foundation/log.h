@@ -2,6 +2,7 @@
 // The log file, the ring of recent actions and the system's name.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,8 @@ void dumpactions();
 /// The newest text of the ring, and the text of any of its places (1 to 40); empty where none was written.
 [[nodiscard]] std::string newestAction();
 [[nodiscard]] std::string actionText(int index);
+/// How many entries the ring has taken: two equal counts tell that nothing failed in between.
+[[nodiscard]] std::int64_t actionCount();
 /// Empties the ring and forgets the log's path, as at the start of a run. For tests.
 void resetLogging();
 

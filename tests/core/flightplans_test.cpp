@@ -89,6 +89,14 @@ TEST_F(FlightplansTest, UnknownAircraftInheritTheSpeedAbove) {
     EXPECT_EQ(schedules.HashGetSlot(3).legs[1].flighthours, 1.0F);
 }
 
+TEST_F(FlightplansTest, EachLineWithACodeThatIsNoNumberTellsItsFault) {
+    const std::string rest = ",N,1%,6H,IFR,06:00:00,07:00:00,1,F,1,AAAA\r\n";
+    const std::int64_t before = actionCount();
+    load("AC#9E99" + rest + "AC#1" + rest + "AC#9E99" + rest + "AC#77" + rest + "AC#77" + rest);
+    EXPECT_EQ(actionCount() - before, 2);
+    EXPECT_EQ(newestAction(), "Overflow(6) in function trueacnum of module modSubs");
+}
+
 TEST_F(FlightplansTest, ArrivalMarksAndDays) {
     load("AC#1,N,1%,WEEK,IFR,6/23:00:00,TNG@6/23:30:00,1,F,1,BBBB,0/06:00:00,4/07:00:00,1,F,1,AAAA,"
          "6/10:00:00,12:00:00,1,F,1,CCCC,2/10:00:00,@12:00:00,1,F,1,AAAA\r\n");
