@@ -11,21 +11,24 @@
 #include "floor.h"
 #include "peer.h"
 #include "platform/picture_box.h"
-#include "rounds.h"
 #include "schedule/list_rows.h"
 #include "simulator/traffic_tool.h"
+#include "table.h"
 #include "views/movement_chart.h"
 #include "views/route_map.h"
 #include "window.h"
 #include "world.h"
 
+#include <QTemporaryDir>
+
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <numeric>
+#include <stdexcept>
 #include <string>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 #ifdef __GLIBC__
@@ -35,7 +38,6 @@
 namespace vantor::bench {
 namespace {
 
-constexpr int rounds = 5;
 constexpr std::array sizes = {10000, 50000, 150000};
 constexpr double loadLimit = 1.3;
 constexpr double peerLimit = 0.15;
@@ -48,32 +50,14 @@ constexpr double slopeLimit = 1.2;
 constexpr const char* airport = "AABC";
 constexpr const char* busiestAirport = "AAAA"; // of a world with one
 constexpr const char* plane = "AC#77";
-constexpr const char* peer = "sqlite3, .import of the legs into a database file";
-constexpr const char* loadSched = "LoadSched";
 constexpr auto listedSchedules = static_cast<std::int32_t>(scheduleRowLimit);
 
-// A fresh folder beside the system's other temporary ones, gone with this object.
-class Folder {
-  public:
-    Folder() {
-        std::string name = (std::filesystem::temp_directory_path() / "vantor-bench-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) {
-            std::perror("mkdtemp");
-            std::exit(1);
-        }
-        m_path = name;
+std::filesystem::path pathOf(const QTemporaryDir& folder) {
+    if (!folder.isValid()) {
+        throw std::runtime_error(folder.errorString().toStdString());
     }
-    ~Folder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
-
-  private:
-    std::filesystem::path m_path;
-};
+    return folder.path().toStdString();
+}
 
 // Every load starts from empty tables, as after the start of the program.
 void dropTraffic() {
@@ -99,16 +83,19 @@ void resetPeakMemory() {
     std::ofstream("/proc/self/clear_refs") << 5;
 }
 
-void addLists(Rounds& table, Window& window) {
+// Registers a row of the main table.
+using Add = std::function<void(const std::string& name, double limit, const Prepared& subject)>;
+
+void addLists(const Add& add, Window& window) {
     const auto list = [&](const char* name, const char* icao, const char* ac, bool unique) {
-        table.add({name, listLimit, [=, &window] { window.form().displaylist(icao, ac, "", unique, 0); }, {}});
+        add(name, listLimit, {[=, &window] { window.form().displaylist(icao, ac, "", unique, 0); }, {}});
     };
     list("displaylist: all flights", "", "", false);
     list("displaylist: flights of an airport", airport, "", false);
     list("displaylist: flights of an aircraft", "", plane, false);
     list("displaylist: aircraft of an airport", airport, "", true);
     list("displaylist: airports of an aircraft", "", plane, true);
-    table.add({"fillsecondlist", listLimit, [&] { window.form().fillsecondlist(plane, ""); }, {}});
+    add("fillsecondlist", listLimit, {[&] { window.form().fillsecondlist(plane, ""); }, {}});
 }
 
 using NamedWork = std::pair<std::string, Work>;
@@ -120,9 +107,9 @@ std::vector<NamedWork> viewsOf(Window& window, PictureBox& box, const char* icao
             {"map", [=, &box] { drawRouteMap(box, icao); }}};
 }
 
-// They change the tables one after the other, so that they stand last in a round.
-void addChanges(Rounds& table) {
-    const auto change = [&](const char* name, Work work) { table.add({name, listLimit, std::move(work), {}}); };
+// Each finds the tables as a load leaves them, not as the change above it does.
+void addChanges(const Add& add, const Work& load) {
+    const auto change = [&](const char* name, const Work& work) { add(name, listLimit, {work, load}); };
     change("airportsmissing", [] {
         std::string list;
         static_cast<void>(airportsmissing(list));
@@ -144,19 +131,13 @@ void addChanges(Rounds& table) {
     change("change: delete all", [] { deleteByAirport("*"); });
 }
 
-void printAgainstPeer(const Rounds& table) {
-    const auto ratio = [&](double Spent::*which) {
-        return medianRatio(table.timesOf(loadSched), table.timesOf(peer), which);
-    };
-    printRow({"LoadSched against sqlite3", 0, ratio(&Spent::wall), "x sqlite3", peerLimit, ratio(&Spent::processor)});
-}
-
 // The main table, over the largest mixed world.
 void measureAgainstFloor(Window& window) {
-    const Folder folder;
-    const WorldSize size = writeWorld(folder.path(), {.schedules = sizes.back()});
-    writeLegsForPeer(folder.path());
-    window.moveTo(folder.path());
+    const QTemporaryDir temporary;
+    const std::filesystem::path folder = pathOf(temporary);
+    const WorldSize size = writeWorld(folder, {.schedules = sizes.back()});
+    writeLegsForPeer(folder);
+    window.moveTo(folder);
     PictureBox box;
     box.resize(800, 600);
 
@@ -164,80 +145,95 @@ void measureAgainstFloor(Window& window) {
     window.form().loaddata();
     const double peak = peakMemory();
 
-    const PlainAirports plainAirports = readPlainAirports(folder.path() / "Airports.txt");
+    const PlainAirports plainAirports = readPlainAirports(folder / "Airports.txt");
     std::vector<PlainSchedule> plain;
-    Rounds table({"the floor", 0, [&] { plain = runFloor(folder.path() / "Flightplans.txt", plainAirports); },
-                  [&] { plain = {}; }});
-    table.add({peer, 0, [&] { importByPeer(folder.path()); }, [&] { removePeerDatabase(folder.path()); }});
-    table.add({loadSched, loadLimit, [&] { LoadSched(&box, flightplansfile); }, dropTraffic});
-    table.add({"default load, all readers and lists", wholeLoadLimit, [&] { window.form().loaddata(); }, dropTraffic});
-    table.add({"savesc", saveLimit, [&] { savesc(flightplansfile + ".saved"); }, {}});
-    addLists(table, window);
+    const Prepared floor{[&] { plain = runFloor(folder / "Flightplans.txt", plainAirports); }, [&] { plain = {}; }};
+    const Prepared peer{[&] { importByPeer(folder); }, [&] { removePeerDatabase(folder); }};
+    const Prepared load{[&] { LoadSched(&box, flightplansfile); }, dropTraffic};
+    const Add add = [&](const std::string& name, double limit, const Prepared& subject) {
+        addRow({.name = name, .unit = "x floor", .limit = limit}, [&, subject] { return holdAgainst(floor, subject); });
+    };
+    add("the floor", 0, floor);
+    add("sqlite3, .import of the legs into a database file", 0, peer);
+    add("LoadSched", loadLimit, load);
+    addRow({.name = "LoadSched against sqlite3", .unit = "x sqlite3", .limit = peerLimit},
+           [&] { return holdAgainst(peer, load); });
+    add("default load, all readers and lists", wholeLoadLimit, {[&] { window.form().loaddata(); }, dropTraffic});
+    add("savesc", saveLimit, {[&] { savesc(flightplansfile + ".saved"); }, {}});
+    addLists(add, window);
     for (const auto& [name, view] : viewsOf(window, box, airport)) {
-        table.add({name + " of an airport", listLimit, view, {}});
+        add(name + " of an airport", listLimit, {view, {}});
     }
-    addChanges(table);
-    table.run(rounds);
+    addChanges(add, [&] {
+        load.work();
+        floor.prepare();
+        floor.work(); // the caches are cold then, as they are for the other rows
+    });
 
-    std::printf("%d schedules, %lld legs, %.1f MB of text; medians of %d rounds, each time held against the floor run "
-                "just before it\n\n",
-                sizes.back(), static_cast<long long>(size.legs), static_cast<double>(size.bytes) / 1e6, rounds);
-    table.print();
-    printAgainstPeer(table);
-    printRow({"peak memory of the whole program", 0, peak / static_cast<double>(size.bytes), "x files", memoryLimit});
+    std::printf("%d schedules, %lld legs, %.1f MB of text; medians, each time held against a run of the floor (or "
+                "sqlite3) just before it\n\n",
+                sizes.back(), static_cast<long long>(size.legs), static_cast<double>(size.bytes) / 1e6);
+    measureRows();
+    printRow({.name = "peak memory of the whole program",
+              .unit = "x files",
+              .limit = memoryLimit,
+              .figure = peak / static_cast<double>(size.bytes)});
 }
-
-using SizedTimes = std::array<std::vector<Spent>, sizes.size()>;
 
 // Time is a fixed part and a part for each schedule; whether the latter stays the same shows where the sizes' times
 // stand on one line: the slope of the upper stretch over that of the lower one.
-double slopeRatio(const SizedTimes& times, double Spent::*which) {
+double slopeRatio(const std::array<Spent, sizes.size()>& times, double Spent::*which) {
     const auto slope = [&](std::size_t from) {
-        return (median(times[from + 1], which) - median(times[from], which)) / (sizes[from + 1] - sizes[from]);
+        return (times[from + 1].*which - times[from].*which) / (sizes[from + 1] - sizes[from]);
     };
     return slope(1) / slope(0);
 }
 
-// Works run one after the other in a window of a world of each size; the first of them loads it.
-void measureLinearity(Window& window, WorldOptions options, const std::vector<NamedWork>& works) {
-    const Folder folder;
+// Each measured in the window of a world of each size, from the smallest to the largest.
+void measureLinearity(Window& window, WorldOptions options,
+                      const std::vector<std::pair<std::string, Prepared>>& subjects) {
+    const QTemporaryDir temporary;
+    const std::filesystem::path folder = pathOf(temporary);
     for (const int size : sizes) {
         options.schedules = size;
-        const std::filesystem::path world = folder.path() / std::to_string(size);
+        const std::filesystem::path world = folder / std::to_string(size);
         std::filesystem::create_directory(world);
         writeWorld(world, options);
     }
-    std::vector<SizedTimes> times(works.size());
-    for (int round = 0; round < rounds; ++round) {
-        for (std::size_t i = 0; i < sizes.size(); ++i) {
-            window.moveTo(folder.path() / std::to_string(sizes[i]));
-            dropTraffic();
-            for (std::size_t work = 0; work < works.size(); ++work) {
-                times[work][i].push_back(timeOf(works[work].second));
+    for (const auto& [name, subject] : subjects) {
+        addRow({.name = name, .unit = "slopes", .limit = slopeLimit}, [&, subject = subject] {
+            std::array<Spent, sizes.size()> times;
+            for (std::size_t i = 0; i < sizes.size(); ++i) {
+                window.moveTo(folder / std::to_string(sizes[i]));
+                times[i] = timeOf(subject);
             }
-        }
+            return Finding{times.back().wall, {slopeRatio(times, &Spent::wall), slopeRatio(times, &Spent::processor)}};
+        });
     }
-    for (std::size_t work = 0; work < works.size(); ++work) {
-        printRow({works[work].first, median(times[work].back(), &Spent::wall), slopeRatio(times[work], &Spent::wall),
-                  "slopes", slopeLimit, slopeRatio(times[work], &Spent::processor)});
-    }
+    measureRows();
 }
 
 void measureAllLinearity(Window& window) {
-    printHeading("Time of a further schedule between 50,000 and 150,000, over that between 10,000 and 50,000");
-    const Work load = [&] { window.form().loaddata(); };
+    std::printf("\nTime of a further schedule between 50,000 and 150,000, over that between 10,000 and 50,000\n\n");
+    const Prepared load{[&] { window.form().loaddata(); }, dropTraffic};
     measureLinearity(window, {}, {{"default load, mixed", load}});
     measureLinearity(window, {.missingAirports = true}, {{"default load, all airports missing", load}});
     measureLinearity(window, {.unknownAircraft = true}, {{"default load, all aircraft unknown", load}});
     measureLinearity(window, {.reversedAircraft = true}, {{"default load, aircraft in reverse order", load}});
     PictureBox box;
     box.resize(800, 600);
-    std::vector<NamedWork> busy = viewsOf(window, box, busiestAirport);
-    for (auto& [name, view] : busy) {
-        name += " of that airport";
+    std::vector<std::pair<std::string, Prepared>> busy{{"default load, one airport busy with every leg", load}};
+    const auto views = viewsOf(window, box, busiestAirport);
+    for (const auto& [name, view] : views) {
+        busy.push_back({name + " of that airport", {view, load.work}});
     }
-    busy.insert(busy.begin(), {"default load, one airport busy with every leg", load});
-    // Gates: beyond 32,767 aircraft in an hour each further one is a fault in the log, which is where the time goes.
+    // A view begins by emptying the list. A timetable's rows stand sorted, so that their texts are freed all over
+    // memory, and the caches make that dearer the more there are.
+    const auto showTimetable = [&] {
+        load.work();
+        views[0].second();
+    };
+    busy.push_back({"gates of that airport in place of the timetable", {views[1].second, showTimetable}});
     measureLinearity(window, {.busyAirport = true}, busy);
 }
 
@@ -247,7 +243,11 @@ int run(int argc, char** argv) {
     measureAgainstFloor(window);
     if (argc > 1) {
         const double seconds = std::strtod(argv[1], nullptr);
-        printRow({"first window of the started program", seconds, seconds, "seconds", firstWindowLimit});
+        printRow({.name = "first window of the started program",
+                  .unit = "seconds",
+                  .limit = firstWindowLimit,
+                  .seconds = seconds,
+                  .figure = seconds});
     }
     measureAllLinearity(window);
     return 0;
