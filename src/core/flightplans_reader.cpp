@@ -36,8 +36,8 @@ using Fields = std::span<const std::string_view>;
 bool mayHoldComment(std::string_view line) {
     unsigned marks = 0;
     for (std::size_t at = 0; at + 1 < line.size(); ++at) {
-        const bool slashes = (line[at] == '/') & (line[at + 1] == '/');
-        marks |= static_cast<unsigned>(slashes | (line[at] == ';'));
+        const auto is = [&](std::size_t where, char mark) { return static_cast<unsigned>(line[where] == mark); };
+        marks |= (is(at, '/') & is(at + 1, '/')) | is(at, ';');
     }
     return marks != 0 || line.ends_with(';');
 }
