@@ -63,12 +63,6 @@ void appendLegRows(std::int32_t recnum, std::string_view icao, ListRows& rows);
 /// The legs of all schedules of an aircraft; both are bare codes. Caption and enabling are those of the last schedule.
 [[nodiscard]] LegListing listLegsOfAircraft(std::string_view ac, std::string_view icao) noexcept;
 
-/// Rows of an aircraft combo box, item data the row of the aircraft table. Deleted aircraft are left out, missing ones
-/// unless `includeMissing`.
-[[nodiscard]] ListRows aircraftRows(bool includeMissing) noexcept;
-/// Rows of an airport combo box, item data the slot of the airport.
-[[nodiscard]] ListRows airportRows() noexcept;
-
 /// States of the buttons under the schedule list.
 struct ScheduleButtons {
     bool editSchedule = false;

@@ -1,5 +1,6 @@
 // frmMain: the commands that move traffic between the files and the tables.
 #include "core/aircraft_file.h"
+#include "core/combo_rows.h"
 #include "core/flightplans_writer.h"
 #include "core/load_pipeline.h"
 #include "core/tables.h"
@@ -9,7 +10,6 @@
 #include "foundation/trap.h"
 #include "platform/file_dialogs.h"
 #include "platform/qt_host.h"
-#include "schedule/list_rows.h"
 #include "shell/application_settings.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"

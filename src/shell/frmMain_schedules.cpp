@@ -1,5 +1,6 @@
 // frmMain: the buttons under the lists of schedules and legs, and Find in the two combo boxes.
 #include "core/codes.h"
+#include "core/combo_rows.h"
 #include "core/tables.h"
 #include "foundation/host.h"
 #include "foundation/text.h"
@@ -8,7 +9,6 @@
 #include "platform/list_box.h"
 #include "schedule/frmFind.h"
 #include "schedule/frmSchedEdit.h"
-#include "schedule/list_rows.h"
 #include "schedule/schedule_commands.h"
 #include "shell/frmMain.h"
 #include "ui_frmMain.h"

@@ -1,9 +1,9 @@
 #include "views/frmMap.h"
 
 #include "core/codes.h"
+#include "core/combo_rows.h"
 #include "foundation/host.h"
 #include "foundation/trap.h"
-#include "schedule/list_rows.h"
 #include "ui_frmMap.h"
 
 #include <QMouseEvent>

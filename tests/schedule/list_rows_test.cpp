@@ -1,3 +1,4 @@
+#include "core/combo_rows.h"
 #include "schedule/list_rows.h"
 #include "support/expect_error.h"
 #include "support/fixture.h"

@@ -1,5 +1,6 @@
 // Tests of looking at schedules and changing them.
 // The buttons under the main window's lists, driven with clicks from list to editor and back.
+#include "core/combo_rows.h"
 #include "core/tables.h"
 #include "schedule/list_rows.h"
 #include "schedule/schedule_commands.h"

@@ -1,11 +1,11 @@
 // Tests of looking at schedules and changing them.
 // The schedule editor, driven with clicks and keys on a small world.
+#include "core/combo_rows.h"
 #include "core/tables.h"
 #include "foundation/log.h"
 #include "platform/code_page.h"
 #include "platform/qt_host.h"
 #include "schedule/frmSchedEdit.h"
-#include "schedule/list_rows.h"
 #include "support/fixture.h"
 #include "support/form_driver.h"
 #include "support/traffic.h"

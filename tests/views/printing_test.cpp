@@ -1,7 +1,7 @@
 // Views: a timetable printed to a PDF file and read back, and the buttons of the main window.
+#include "core/combo_rows.h"
 #include "platform/code_page.h"
 #include "platform/printer_choice.h"
-#include "schedule/list_rows.h"
 #include "support/expect_error.h"
 #include "support/main_window.h"
 #include "support/traffic.h"

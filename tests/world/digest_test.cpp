@@ -5,6 +5,7 @@
 #include "bulk/delete_by_airport.h"
 #include "bulk/flight_level.h"
 #include "core/aircraft_file.h"
+#include "core/combo_rows.h"
 #include "core/flightplans_writer.h"
 #include "core/load_pipeline.h"
 #include "core/tables.h"
