@@ -105,7 +105,7 @@ TEST_P(HandOver, StartsTheInstallerWithTheCaptionAndLeaves) {
     writeFile("Updater.exe", "MZ");
     writeStandInTool(wine ? folderOfCalls / "wine" : folder() / "Updater.exe");
     const QByteArray search = qgetenv("PATH");
-    qputenv("PATH", QByteArray((folder() / "bin").c_str()) + ':' + search);
+    qputenv("PATH", QByteArray::fromStdString((folder() / "bin").string()) + ':' + search);
     sset("ProxyUser", "someone");
     changeSomething();
     EXPECT_EQ(exitCodeOf([this] {
