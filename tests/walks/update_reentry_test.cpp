@@ -56,7 +56,7 @@ class UpdateReentry : public MainWindowFixture, public testing::WithParamInterfa
     [[nodiscard]] fSHAREDUpdater& updater() const { return control<fSHAREDUpdater>(form(), "fSHAREDUpdater"); }
     void queueClick(const char* button) const { clickOn(control<QWidget>(form(), button))(); }
     [[nodiscard]] long requests(const std::string& address) const {
-        return std::ranges::count(script.requests, address);
+        return static_cast<long>(std::ranges::count(script.requests, address));
     }
 
     BusyUserHost host;
