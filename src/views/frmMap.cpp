@@ -7,6 +7,7 @@
 #include "ui_frmMap.h"
 
 #include <QMouseEvent>
+#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -49,8 +50,10 @@ frmMap::frmMap(QWidget* owner) : QDialog(owner), m_ui(std::make_unique<Ui::frmMa
             setWindowIcon(owner->window()->windowIcon());
         }
     });
-    // A degree of longitude and one of latitude look alike in a square frame.
-    resize(fontMetrics().averageCharWidth() * 120, fontMetrics().averageCharWidth() * 128);
+    // A degree of longitude and one of latitude look alike in a square frame. The buttons below it stay on the screen.
+    constexpr double mostOfScreen = 0.9; // the rest is the window's title and border
+    const int unit = fontMetrics().averageCharWidth();
+    resize(QSize(unit * 120, unit * 128).boundedTo(screen()->availableSize() * mostOfScreen));
     setupscreen();
 }
 
