@@ -187,10 +187,8 @@ bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::strin
         running.finish(); // a form that comes up now must be of use
         newer = tellAnswer(reply, own, finalText);
     }
-    if (!finalText.empty()) {
-        showStatus(finalText);
-        trap([&] { logdebug(finalText, "sub checkforupdate", module); });
-    }
+    showStatus(finalText); // empty when a newer version was found
+    trap([&] { logdebug(finalText, "sub checkforupdate", module); });
     running.finish();
     trap([&] {
         if (events.checkFinished) {
