@@ -41,10 +41,11 @@ bool oneDigit(std::int16_t day) {
 }
 
 // Whether the times of a schedule are such as a file can hold: no mark left in them, and where they have a day one of
-// one digit, and room for it.
+// one digit, room for it and no slash of their own.
 bool hasPlainTimes(const ScheduleRec& schedule) {
     return std::ranges::all_of(schedule.legs, [&](const LegRec& leg) {
-        const bool plainDays = oneDigit(leg.depday) && oneDigit(leg.arrday) && leg.arr.text().size() < 11;
+        const bool plainDays = oneDigit(leg.depday) && oneDigit(leg.arrday) && leg.arr.text().size() < 11 &&
+                               !leg.dep.text().starts_with('/') && !leg.arr.text().starts_with('/');
         return (plainDays || !schedule.weekly) && !contains(leg.arr.text(), "TNG");
     });
 }
