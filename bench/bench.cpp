@@ -227,8 +227,8 @@ void measureAllLinearity(Window& window) {
     for (const auto& [name, view] : views) {
         busy.push_back({name + " of that airport", {view, load.work}});
     }
-    // A view begins by emptying the list. A timetable's rows stand sorted, so that their texts are freed all over
-    // memory, and the caches make that dearer the more there are.
+    // A view begins by emptying the list. Sorted rows whose texts lie all over memory are dear to free, and the dearer
+    // the more there are.
     const auto showTimetable = [&] {
         load.work();
         views[0].second();

@@ -45,18 +45,27 @@ void addLeg(ListRows& rows, const ScheduleRec& schedule, const LegRec& leg, bool
     }
 }
 
-// The order of a sorted list box. Capitals are made once a row and not once a comparison, which a busy airport feels.
+// The order of a sorted list box. Capitals are made once a row and not once a comparison, and each sorted text is a new
+// one behind its neighbour: a busy airport feels both, the second when its rows are shown and dropped.
 void sortByTime(ListRows& rows) {
-    std::vector<std::pair<std::string, std::size_t>> keys;
-    keys.reserve(rows.size());
+    std::string capitals;
+    std::vector<std::size_t> ends;
+    ends.reserve(rows.size());
     for (const ListRow& row : rows) {
-        keys.emplace_back(upper(row.text), keys.size()); // the number behind keeps equal rows in order of arrival
+        ends.push_back(capitals.append(upper(row.text)).size());
+    }
+    std::vector<std::pair<std::string_view, std::size_t>> keys;
+    keys.reserve(rows.size());
+    for (std::size_t begin = 0; const std::size_t end : ends) {
+        // The number behind keeps equal rows in order of arrival.
+        keys.emplace_back(std::string_view(capitals).substr(begin, end - begin), keys.size());
+        begin = end;
     }
     std::ranges::sort(keys);
     ListRows sorted;
     sorted.reserve(rows.size() + 1);
     for (const auto& key : keys) {
-        sorted.push_back(std::move(rows[key.second]));
+        sorted.push_back(rows[key.second]);
     }
     rows = std::move(sorted);
 }
