@@ -52,7 +52,9 @@ void fSHAREDUpdater::Form_Load() noexcept {
     trap([&] { setUpdate("", std::nullopt); });
     trap([&] { setDetails(""); });
     trap([&] { m_ui->picStatus->useSystemColours(); });
-    trap([&] { setDisableAutoUpdate(sget("DisableAutoUpdateCheck", true).flag()); });
+    bool off = true; // also where the store holds no flag
+    trap([&] { off = sget("DisableAutoUpdateCheck", off).flag(); });
+    trap([&] { setDisableAutoUpdate(off); });
 }
 
 void fSHAREDUpdater::load() {

@@ -162,6 +162,7 @@ bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::strin
     m_silent = silent;
     std::string finalText;
     Version own;
+    bool autoCheckOff = true; // also where the store holds no flag
     trap([&] { m_form.load(); });
     trap([&] {
         if (!version.empty()) {
@@ -173,7 +174,8 @@ bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::strin
         trap([&] { m_form.showForm(); });
         trap([] { host().pumpEvents(Pump::PaintAndTimers); });
     }
-    trap([&] { m_form.setDisableAutoUpdate(sget("DisableAutoUpdateCheck", true).flag()); });
+    trap([&] { autoCheckOff = sget("DisableAutoUpdateCheck", autoCheckOff).flag(); });
+    trap([&] { m_form.setDisableAutoUpdate(autoCheckOff); });
     trap([&] { m_source = source; });
     const std::string reply = askServer();
     m_checking = false;

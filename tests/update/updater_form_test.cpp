@@ -35,15 +35,11 @@ class UpdaterFormTest : public Fixture {
         Fixture::TearDown();
     }
 
-    /// What the user does while the next transfer waits.
-    void duringTransfer(std::function<void()> user) {
-        script.onRequest = [this, user = std::move(user)] {
-            script.onRequest = {};
-            QTimer::singleShot(0, form.get(), user);
-        };
-    }
     [[nodiscard]] std::string label(std::string_view name) const {
         return fromQString(control<QLabel>(*form, name).text());
+    }
+    [[nodiscard]] QColor updateColour() const {
+        return control<QLabel>(*form, "lblUpdate").palette().color(QPalette::WindowText);
     }
 
     TransferScript script;
@@ -60,7 +56,7 @@ TEST_F(UpdaterFormTest, ShowsTheCheckAndItsDetails) {
     EXPECT_EQ(fromQString(form->windowTitle()), "Vantor Updater");
     EXPECT_EQ(label("lblProgram"), "Vantor version 1.0.0");
     EXPECT_EQ(label("lblUpdate"), "Version 2.0.0 is available!");
-    EXPECT_EQ(control<QLabel>(*form, "lblUpdate").palette().color(QPalette::WindowText), QColor(0, 128, 0));
+    EXPECT_EQ(updateColour(), QColor(0, 128, 0));
     click(*form, "cmdShowDetail");
     EXPECT_EQ(control<QPlainTextEdit>(*form, "txtDetails").toPlainText(), QStringLiteral("New in 2.0.0:\n- maps"));
 
@@ -70,7 +66,7 @@ TEST_F(UpdaterFormTest, ShowsTheCheckAndItsDetails) {
     pressKey(again, Qt::Key_Space);
     EXPECT_EQ(form->focusWidget(), &again) << "ready for the next one";
     EXPECT_EQ(label("lblUpdate"), "Could not retrieve update status");
-    EXPECT_EQ(control<QLabel>(*form, "lblUpdate").palette().color(QPalette::WindowText), QColor(192, 0, 0));
+    EXPECT_EQ(updateColour(), QColor(192, 0, 0));
     pressKey(*form, Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
     // As good as new when it comes back.
@@ -78,8 +74,7 @@ TEST_F(UpdaterFormTest, ShowsTheCheckAndItsDetails) {
     const Expectation dialog = expectDialog("fSHAREDUpdater", [this](QDialog& shown) {
         EXPECT_TRUE(shown.isModal());
         EXPECT_EQ(label("lblUpdate"), "Could not read update status from file");
-        EXPECT_EQ(control<QLabel>(*form, "lblUpdate").palette().color(QPalette::WindowText),
-                  form->palette().color(QPalette::WindowText));
+        EXPECT_EQ(updateColour(), form->palette().color(QPalette::WindowText));
         EXPECT_TRUE(control<QPlainTextEdit>(*form, "txtDetails").toPlainText().isEmpty());
         click(shown, "cmdExit");
     });
@@ -94,11 +89,21 @@ TEST_F(UpdaterFormTest, TheBoxIsStoredByAClickAndKeptByACheck) {
     EXPECT_FALSE(sget("DisableAutoUpdateCheck", true).flag());
     click(*form, "cmdCheckAgain");
     EXPECT_FALSE(box.isChecked());
+    click(*form, "cmdExit");
+    // A store that holds no flag gave no leave: the form must not turn that into one.
+    sset("DisableAutoUpdateCheck", "yes");
+    form->updater().ShowandCheck(source);
+    EXPECT_TRUE(box.isChecked());
+    click(*form, "cmdExit");
+    EXPECT_TRUE(sget("DisableAutoUpdateCheck", false).flag());
 }
 
 TEST_F(UpdaterFormTest, TheProxyDialogMayComeUpDuringADownload) {
     form->updater().ShowandCheck(source);
-    duringTransfer([this] { click(*form, "cmdProxy"); });
+    script.onRequest = [this] {
+        script.onRequest = {};
+        QTimer::singleShot(0, form.get(), [this] { click(*form, "cmdProxy"); });
+    };
     const Expectation dialog = expectDialog("fSHAREDProxy", [](QDialog& shown) {
         click(shown, "optDefault");
         click(shown, "cmdOK");
