@@ -38,14 +38,20 @@ class fSHAREDInternet {
 
     /// 0 before the response, -1 when unknown, else bytes.
     [[nodiscard]] std::int32_t ExpectedFilesize() const noexcept { return m_expectedFilesize; }
+    /// Ends the transfer, if any, and tells so as a progress of 0.
     void Cancel() noexcept;
-    /// Waits for the reply, with the window alive.
+    /// Waits for the reply, with the window alive; `show` lets the texts of the states through.
     [[nodiscard]] std::string OpenURL(std::string_view url, bool show) noexcept;
+    /// Ends the transfer, erases its file and tells so as an error.
     void CancelDownload() noexcept;
     /// Starts a download, for wait to go on with; one from a file server is over when this returns.
     void DownloadFile(std::string_view url, std::string_view local, bool sizeflag) noexcept;
+    /// Whether a request is still running.
     [[nodiscard]] bool Connected() const noexcept;
+    /// Takes the proxy from the settings. A control that turns out to be unusable (error 339) counts as that from then
+    /// on: later transfers are over at once, with NoInternet.
     void ApplyProxy() noexcept;
+    /// The settings ProxyUser and ProxyPwd, empty where there are none.
     [[nodiscard]] static std::string ProxyUser();
     [[nodiscard]] static std::string ProxyPassword();
     /// The bytes as a text of the code page, up to the first zero character.

@@ -47,14 +47,18 @@ class UpdaterForm {
     virtual void unload() = 0;
     [[nodiscard]] virtual bool isShown() const = 0;
 
+    /// The version that the user has.
     virtual void setProgram(std::string_view text) = 0;
-    /// Without a colour it is the label's own.
+    /// What a check found. Without a colour it is the label's own.
     virtual void setUpdate(std::string_view text, std::optional<Colour> colour) = 0;
+    /// What the server tells about a version, in lines that end with CR LF.
     virtual void setDetails(std::string_view text) = 0;
+    /// The tick that switches the automatic check off.
     virtual void setDisableAutoUpdate(bool value) = 0;
     [[nodiscard]] virtual bool disableAutoUpdate() const = 0;
     /// Check, details and downloads: all out of reach while one of them runs.
     virtual void enableCommands(bool enabled) = 0;
+    /// The status bar, there for as long as the form.
     [[nodiscard]] virtual Canvas& picStatus() = 0;
 };
 
@@ -90,13 +94,21 @@ class Updater {
     void ShowandCheck(const UpdateSource& source, std::string_view version = {}) noexcept;
     /// Downloads and hands over without a question. `name` is that of the setup file.
     void DownloadAndInstall(std::string_view name) noexcept;
+    /// A transfer's progress in percent, drawn into the status bar; passed over during a check and once closed.
     void cInternet_Progress(double value, std::string_view text) noexcept;
+    /// A transfer's state, shown while a download has no progress yet.
     void cInternet_Status(std::string_view text) noexcept;
+    /// The transfer control can't be used: the check that runs fails for that reason.
     void cInternet_NoInternet() noexcept;
 
+    // The form's commands. Each does nothing while something runs.
+    /// Checks with the addresses of the latest check.
     void checkAgain() noexcept;
+    /// Fetches the text about the available version into the form.
     void showDetails() noexcept;
+    /// Downloads the setup file into the program's folder, after a check while no address is known.
     void download() noexcept;
+    /// The same, then asks whether to install, and hands over.
     void downloadAndInstall() noexcept;
     /// Draws the status bar again, as after a change of its size.
     void redrawStatus() noexcept;
