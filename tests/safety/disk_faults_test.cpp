@@ -31,7 +31,15 @@ constexpr int manyRows = 100;
 struct Fault {
     DiskCall call;
     int error;
-    std::string_view description; // as the ring tells it
+    std::string description; // as the ring tells it
+};
+
+/// What is done while the disk fails. `whole` is what `content` gave when all went well.
+struct Work {
+    std::function<void()> begin; // ahead of each attempt
+    std::function<void()> run;
+    std::function<std::string()> content;
+    std::function<void(const Fault&, int n, const std::string& whole)> after; // looks at what the n-th fault left
 };
 
 class DiskFaults : public test::Fixture {
@@ -41,165 +49,143 @@ class DiskFaults : public test::Fixture {
         useErrorReporter([this](std::string_view text, std::string_view) { reports.emplace_back(text); });
     }
 
-    // Runs a statement with a fault at the first, second, ... call, until there are no more calls; `after` looks at
-    // what each run left. Gives the number of faults met.
-    static int atEvery(DiskCall call, int error, const std::function<void()>& statement,
-                       const std::function<void(int)>& after) {
-        for (int n = 1;; ++n) {
-            bool met = false;
-            {
-                const DiskFault fault(call, n, error);
-                statement();
-                met = fault.met();
+    // Each fault comes at the first, second, ... call, until there are no more calls. Gives the number of all faults.
+    int atEveryCall(const std::vector<Fault>& faults, const Work& work) const {
+        work.begin();
+        work.run();
+        const std::string whole = work.content();
+        int all = 0;
+        for (const Fault& fault : faults) {
+            for (int n = 1;; ++n) {
+                SCOPED_TRACE("fault " + std::to_string(n) + " of call " + std::to_string(static_cast<int>(fault.call)));
+                work.begin();
+                bool met = false;
+                {
+                    const DiskFault armed(fault.call, n, fault.error);
+                    work.run();
+                    met = armed.met();
+                }
+                expectNoFileIsOpen();
+                if (!met) {
+                    EXPECT_EQ(work.content(), whole) << "the next attempt goes well";
+                    EXPECT_GT(n, 1) << "no such call";
+                    all += n - 1;
+                    break;
+                }
+                work.after(fault, n, whole);
             }
-            if (!met) {
-                return n - 1;
-            }
-            SCOPED_TRACE("fault " + std::to_string(n) + " of call " + std::to_string(static_cast<int>(call)));
-            after(n);
         }
+        return all;
     }
-    void expectNoFileIsOpen() {
+    void expectNoFileIsOpen() const {
         writeFile("probe", "");
         EXPECT_EQ(InputFile(path("probe")).number(), 1);
     }
-    void expectAllWritesSafe(const std::string& file, const std::string& where, const std::function<void()>& save);
-    void expectAllReadsTold(const std::string& where, const std::function<std::string()>& load);
+    void expectAllReadsTold(const std::string& where, const std::function<std::string()>& load) const;
 
     Texts reports;
 };
 
-void DiskFaults::expectAllWritesSafe(const std::string& file, const std::string& where,
-                                     const std::function<void()>& save) {
-    save();
-    const std::string whole = readFile(file);
-    ASSERT_GT(whole.size(), 8192U) << "less than two buffers of the library";
-    const auto restart = [&] {
-        writeFile(file, "old");
-        resetLogging();
+struct Writer {
+    std::string file;
+    std::string where; // behind the description in the ring
+    std::function<void()> save;
+};
+
+TEST_F(DiskFaults, WhatIsSavedStaysWhole) {
+    for (int number = 1; number <= manyRows; ++number) {
+        test::addSchedule("AC#1,N1,100%,24HR,IFR", test::loopOver({"KSEA", "KPDX"}));
+        test::addAircraft("AC#" + std::to_string(number), std::string(80, 't'));
+    }
+    const std::vector<Writer> writers = {
+        {"Flightplans.txt", " in sub savesc of module modSchedSave", [this] { savesc(path("Flightplans.txt")); }},
+        {"Aircraft.txt", " in sub saveaircraft of module modAircraftSave", [] { saveaircraft(); }},
+        {"fulllog.txt", " in sub writetextfile of module mSHAREDFileSubs",
+         [this] { WriteTextFile(path("fulllog.txt"), std::string(10000, 'x')); }},
     };
-    for (const Fault& fault :
-         {Fault{DiskCall::Open, EROFS, "Path/File access error(75)"}, Fault{DiskCall::Write, ENOSPC, "Disk full(61)"},
-          Fault{DiskCall::Sync, EIO, "Device I/O error(57)"},
-          Fault{DiskCall::Rename, EACCES, "Path/File access error(75)"}}) {
-        restart();
-        const int met = atEvery(fault.call, fault.error, save, [&](int n) {
+    for (const auto& [file, where, save] : writers) {
+        SCOPED_TRACE(file);
+        const auto begin = [this, &file = file] {
+            writeFile(file, "old");
+            resetLogging();
+        };
+        const auto content = [this, &file = file] { return readFile(file); };
+        const auto after = [&, &file = file, &where = where](const Fault& fault, int n, const std::string& whole) {
             // The second flush is that of the folder: the new file stands already.
             const bool folderFlush = fault.call == DiskCall::Sync && n == 2;
             EXPECT_EQ(readFile(file), folderFlush ? whole : "old");
-            EXPECT_EQ(newestAction(), folderFlush ? "" : std::string(fault.description) + where);
+            EXPECT_EQ(newestAction(), folderFlush ? "" : fault.description + where);
             EXPECT_EQ(actionText(2), "") << "told once";
             EXPECT_FALSE(exists(file + ".~new"));
-            expectNoFileIsOpen();
-            restart();
-        });
-        EXPECT_GE(met, 1) << fault.description;
-        EXPECT_EQ(readFile(file), whole);
+        };
+        atEveryCall({{DiskCall::Open, EROFS, "Path/File access error(75)"},
+                     {DiskCall::Write, ENOSPC, "Disk full(61)"},
+                     {DiskCall::Sync, EIO, "Device I/O error(57)"},
+                     {DiskCall::Rename, EACCES, "Path/File access error(75)"}},
+                    {begin, save, content, after});
+        EXPECT_GT(readFile(file).size(), 8192U) << "less than two buffers of the library";
     }
-}
-
-TEST_F(DiskFaults, FlightPlansStayWhole) {
-    for (std::int32_t recnum = 1; recnum <= manyRows; ++recnum) {
-        test::addSchedule("AC#1,N1,100%,24HR,IFR", test::loopOver({"KSEA", "KPDX"}));
-    }
-    expectAllWritesSafe("Flightplans.txt", " in sub savesc of module modSchedSave",
-                        [&] { savesc(path("Flightplans.txt")); });
-}
-
-TEST_F(DiskFaults, AircraftStayWhole) {
-    for (int number = 1; number <= manyRows; ++number) {
-        test::addAircraft("AC#" + std::to_string(number), std::string(80, 't'));
-    }
-    expectAllWritesSafe("Aircraft.txt", " in sub saveaircraft of module modAircraftSave", [] { saveaircraft(); });
-}
-
-TEST_F(DiskFaults, TextFilesStayWhole) {
-    expectAllWritesSafe("fulllog.txt", " in sub writetextfile of module mSHAREDFileSubs",
-                        [&] { WriteTextFile(path("fulllog.txt"), std::string(10000, 'x')); });
-}
-
-TEST_F(DiskFaults, AFolderThatVanishesUnderASave) {
-    test::addSchedule("AC#1,N1,100%,24HR,IFR", test::loopOver({"KSEA", "KPDX"}));
-    std::filesystem::create_directory(folder() / "usb");
-    {
-        const DiskFault fault(DiskCall::Rename, 1, [&] { std::filesystem::remove_all(folder() / "usb"); });
-        savesc(path("usb\\Flightplans.txt"));
-        EXPECT_TRUE(fault.met());
-    }
-    EXPECT_EQ(newestAction(), "File not found(53) in sub savesc of module modSchedSave");
-    savesc(path("usb\\Flightplans.txt"));
-    EXPECT_EQ(newestAction(), "Path not found(76) in sub savesc of module modSchedSave");
-    savesc(path("Flightplans.txt"));
-    EXPECT_TRUE(exists("Flightplans.txt"));
-    expectNoFileIsOpen();
 }
 
 TEST_F(DiskFaults, SettingsStayWholeAndTheUserIsTold) {
-    constexpr std::string_view readOnly = "Unable to write to settings file - possibly read-only?";
     cSHAREDSettings store;
     for (int i = 0; i < manyRows; ++i) {
         store.sSet("key" + std::to_string(i), std::string(100, 'x'));
     }
-    const auto save = [&] { store.SaveSettings(path("Vantor2.ini")); };
-    save();
-    const std::string whole = readFile("Vantor2.ini");
-    const auto restart = [&] {
+    const auto begin = [this] {
         writeFile("Vantor2.ini", "old");
         recorder.messages.clear();
         reports.clear();
     };
-    for (const Fault& fault : {Fault{DiskCall::Open, EROFS, readOnly}, Fault{DiskCall::Rename, EACCES, readOnly},
-                               Fault{DiskCall::Write, ENOSPC, ""}, Fault{DiskCall::Sync, EIO, ""}}) {
-        restart();
-        const int met = atEvery(fault.call, fault.error, save, [&](int n) {
-            if (fault.call == DiskCall::Write) { // the disk has room again for the second attempt
-                ASSERT_EQ(recorder.messages.size(), 1U);
-                EXPECT_TRUE(recorder.messages[0].starts_with("You've run out of disk space"));
-            } else if (fault.call == DiskCall::Sync) {
-                EXPECT_EQ(reports, n == 1 ? Texts{"57 - Device I/O error in SaveSettings"} : Texts{});
-            } else {
-                EXPECT_EQ(recorder.messages, Texts{std::string(fault.description)});
-            }
-            const bool saved = fault.call == DiskCall::Write || (fault.call == DiskCall::Sync && n == 2);
-            EXPECT_EQ(readFile("Vantor2.ini"), saved ? whole : "old");
-            EXPECT_FALSE(exists("Vantor2.ini.~new"));
-            expectNoFileIsOpen();
-            restart();
-        });
-        EXPECT_GE(met, 1);
-        EXPECT_EQ(readFile("Vantor2.ini"), whole);
-    }
+    const auto save = [&] { store.SaveSettings(path("Vantor2.ini")); };
+    const auto content = [this] { return readFile("Vantor2.ini"); };
+    const auto after = [this](const Fault& fault, int n, const std::string& whole) {
+        if (fault.call == DiskCall::Sync) {
+            EXPECT_EQ(reports, n == 1 ? Texts{"57 - Device I/O error in SaveSettings"} : Texts{});
+        } else {
+            ASSERT_EQ(recorder.messages.size(), 1U);
+            EXPECT_TRUE(recorder.messages[0].starts_with(fault.description)) << recorder.messages[0];
+        }
+        // The disk has room again for the second attempt, and the second flush is that of the folder.
+        const bool saved = fault.call == DiskCall::Write || (fault.call == DiskCall::Sync && n == 2);
+        EXPECT_EQ(readFile("Vantor2.ini"), saved ? whole : "old");
+        EXPECT_FALSE(exists("Vantor2.ini.~new"));
+    };
+    const std::string readOnly = "Unable to write to settings file - possibly read-only?";
+    atEveryCall({{DiskCall::Open, EROFS, readOnly},
+                 {DiskCall::Rename, EACCES, readOnly},
+                 {DiskCall::Write, ENOSPC, "You've run out of disk space"},
+                 {DiskCall::Sync, EIO, ""}},
+                {begin, save, content, after});
 }
 
 TEST_F(DiskFaults, TheLogLosesTheFaultyLineAlone) {
-    const Texts lines = {"first", "second", "third"};
+    const Texts whole = {"Vantor starting.", "first", "second", "third"};
+    const auto begin = [&] {
+        EraseFile(path("log.txt"));
+        resetLogging();
+        logit(whole[0], true);
+    };
     const auto writeLines = [&] {
         const StandardTrap trap{"sub test", "test"};
-        for (const std::string& line : lines) {
-            trap([&] { logit(line); });
+        for (std::size_t i = 1; i < whole.size(); ++i) {
+            trap([&] { logit(whole[i]); });
         }
     };
-    for (const Fault& fault : {Fault{DiskCall::Open, EACCES, "Path/File access error(75) in sub test of module test"},
-                               Fault{DiskCall::Write, ENOSPC, "Disk full(61) in sub test of module test"}}) {
-        const auto restart = [&] {
-            EraseFile(path("log.txt"));
-            resetLogging();
-            logit("Vantor starting.", true);
-        };
-        restart();
-        const int met = atEvery(fault.call, fault.error, writeLines, [&](int n) {
-            Texts expected = {"Vantor starting."};
-            expected.insert(expected.end(), lines.begin(), lines.end());
-            expected.erase(expected.begin() + n);
-            Texts logged = logTexts();
-            logged.erase(logged.begin(), logged.begin() + 4); // the header
-            EXPECT_EQ(logged, expected);
-            EXPECT_EQ(newestAction(), fault.description);
-            expectNoFileIsOpen();
-            restart();
-        });
-        EXPECT_EQ(met, 3);
-    }
+    const auto logged = [this] {
+        const Texts texts = logTexts();
+        return Texts(texts.begin() + 4, texts.end()); // behind the header
+    };
+    const auto after = [&](const Fault& fault, int n, const std::string&) {
+        Texts expected = whole;
+        expected.erase(expected.begin() + n);
+        EXPECT_EQ(logged(), expected);
+        EXPECT_EQ(newestAction(), fault.description + " in sub test of module test");
+    };
+    const auto content = [&] { return logged() == whole ? "whole" : ""; };
+    const std::vector<Fault> faults = {{DiskCall::Open, EACCES, "Path/File access error(75)"},
+                                       {DiskCall::Write, ENOSPC, "Disk full(61)"}};
+    EXPECT_EQ(atEveryCall(faults, {begin, writeLines, content, after}), 2 * 3);
 }
 
 TEST_F(DiskFaults, TheReportEndsWhereTheFaultIs) {
@@ -208,24 +194,18 @@ TEST_F(DiskFaults, TheReportEndsWhereTheFaultIs) {
         std::filesystem::create_directories(folder() / "FS" / plane / "texture.blue");
     }
     fsaircraftpath = path("FS\\");
-    modACReport();
-    const std::string whole = readFile("ACLOG.TXT");
-    for (const Fault& fault :
-         {Fault{DiskCall::Open, EACCES, ""}, Fault{DiskCall::Write, ENOSPC, ""}, Fault{DiskCall::Read, EIO, ""}}) {
-        const int met = atEvery(
-            fault.call, fault.error, [] { modACReport(); },
-            [&](int) {
-                EXPECT_TRUE(whole.starts_with(readFile("ACLOG.TXT")));
-                EXPECT_EQ(newestAction(), "");
-                expectNoFileIsOpen();
-            });
-        EXPECT_GE(met, 3);
-        EXPECT_EQ(readFile("ACLOG.TXT"), whole);
-    }
+    const auto content = [this] { return readFile("ACLOG.TXT"); };
+    const auto after = [&](const Fault&, int, const std::string& whole) {
+        EXPECT_TRUE(whole.starts_with(content()));
+        EXPECT_EQ(newestAction(), "");
+    };
+    EXPECT_GE(atEveryCall({{DiskCall::Open, EACCES, ""}, {DiskCall::Write, ENOSPC, ""}, {DiskCall::Read, EIO, ""}},
+                          {[] {}, [] { modACReport(); }, content, after}),
+              3 * 3);
 }
 
 // `load` gives something that tells what was loaded; `where` stands behind the description of what it raises.
-void DiskFaults::expectAllReadsTold(const std::string& where, const std::function<std::string()>& load) {
+void DiskFaults::expectAllReadsTold(const std::string& where, const std::function<std::string()>& load) const {
     std::string loaded;
     const auto attempt = [&] {
         try {
@@ -234,18 +214,15 @@ void DiskFaults::expectAllReadsTold(const std::string& where, const std::functio
             loaded = error.description();
         }
     };
-    const std::string whole = load();
-    for (const Fault& fault :
-         {Fault{DiskCall::Open, EACCES, "Path/File access error"}, Fault{DiskCall::Open, ENOENT, "File not found"},
-          Fault{DiskCall::Read, EIO, "Device I/O error"}}) {
-        const int met = atEvery(fault.call, fault.error, attempt, [&](int n) {
-            // A read behind the end of the file, when all is there, may fail unseen.
-            EXPECT_TRUE(loaded == std::string(fault.description) + where || (n > 1 && loaded == whole)) << loaded;
-            expectNoFileIsOpen();
-        });
-        EXPECT_GE(met, 1);
-        EXPECT_EQ(loaded, whole) << "the next attempt goes well";
-    }
+    const auto after = [&](const Fault& fault, int n, const std::string& whole) {
+        // A read behind the end of the file, when all is there, may fail unseen.
+        EXPECT_TRUE(loaded == fault.description + where || (n > 1 && loaded == whole)) << loaded;
+    };
+    atEveryCall({{DiskCall::Open, EACCES, "Path/File access error"},
+                 {DiskCall::Open, ENOENT, "File not found"},
+                 {DiskCall::Read, EIO, "Device I/O error"}},
+                {[] {}, attempt, [&] { return loaded; }, after});
+    EXPECT_EQ(loaded, load());
 }
 
 TEST_F(DiskFaults, EveryReaderTellsWhatItMeets) {
@@ -285,23 +262,18 @@ TEST_F(DiskFaults, TheScanPassesOverAFileThatCantBeOpened) {
         writeFile(std::string("FS\\") + plane + "\\aircraft.cfg", std::string("title=") + plane + " long enough\r\n");
     }
     fsaircraftpath = path("FS\\");
-    // Each file is opened for its speed and then for its titles.
-    const int met = atEvery(
-        DiskCall::Open, EACCES, [] { LoadFSAircraft(nullptr); },
-        [&](int n) {
-            // The log's own opening counts, too: when that one fails the scan ends with its error, told to the caller.
-            EXPECT_EQ(fsaircraftcount, n % 2 == 1 ? 2 : 1);
-            expectNoFileIsOpen();
-        });
-    EXPECT_EQ(met, 4);
+    // Each file is opened for its speed and then for its titles. The log's own opening counts, too: when that one fails
+    // the scan ends with its error, told to the caller.
+    const auto after = [](const Fault&, int n, const std::string&) { EXPECT_EQ(fsaircraftcount, n % 2 == 1 ? 2 : 1); };
+    const auto content = [] { return std::to_string(fsaircraftcount); };
+    const auto scan = [] { LoadFSAircraft(nullptr); };
+    EXPECT_EQ(atEveryCall({{DiskCall::Open, EACCES, ""}}, {[] {}, scan, content, after}), 4);
     EXPECT_EQ(fsaircraftcount, 2);
     EXPECT_EQ(logTexts().at(0).substr(0, 32), "Error 75 in LoadFSAircraft, item");
-    EXPECT_THROW(
-        {
-            const DiskFault fault(DiskCall::Read, 2, EIO);
-            LoadFSAircraft(nullptr);
-        },
-        Error);
+    {
+        const DiskFault fault(DiskCall::Read, 2, EIO);
+        EXPECT_THROW(scan(), Error);
+    }
     expectNoFileIsOpen();
     EXPECT_TRUE(recorder.messages.empty());
 }
@@ -318,37 +290,6 @@ TEST_F(DiskFaults, AFileThatChangesBetweenCountingAndReading) {
         }
         expectNoFileIsOpen();
     }
-}
-
-TEST_F(DiskFaults, AFolderWhereAFileIsMeant) {
-    for (const char* const name : {"Aircraft.txt", "Airports.txt", "Flightplans.txt", "icao name.cfg", "Vantor2.ini",
-                                   "FS/A/aircraft.cfg", "log.txt"}) {
-        std::filesystem::create_directories(folder() / name);
-    }
-    const auto errorOf = [](auto&& load) {
-        try {
-            load();
-            return 0;
-        } catch (const Error& error) {
-            return error.number();
-        }
-    };
-    EXPECT_EQ(errorOf([&] { LoadAircraft(path("Aircraft.txt"), nullptr); }), 23000);
-    EXPECT_EQ(errorOf([&] { LoadAirports(path("Airports.txt"), nullptr); }), 23000);
-    EXPECT_EQ(errorOf([&] { LoadSched(nullptr, path("Flightplans.txt")); }), 75);
-    fsicaofile = path("icao name.cfg");
-    EXPECT_EQ(errorOf([&] { LoadAirportTitles(nullptr); }), 0);
-    fsaircraftpath = path("FS\\");
-    EXPECT_EQ(errorOf([&] { LoadFSAircraft(nullptr); }), 0);
-    modACReport();
-    EXPECT_EQ(readFile("ACLOG.TXT"), "");
-    cSHAREDSettings store;
-    store.LoadSettings(path("Vantor2.ini"));
-    EXPECT_TRUE(reports.empty());
-    EXPECT_EQ(errorOf([] { logit("x"); }), 75);
-    savesc(path("Flightplans.txt"));
-    EXPECT_EQ(newestAction(), "Path/File access error(75) in sub savesc of module modSchedSave");
-    expectNoFileIsOpen();
 }
 
 } // namespace
