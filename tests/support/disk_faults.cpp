@@ -71,15 +71,23 @@ bool DiskFault::met() const {
 using vantor::test::DiskCall;
 using vantor::test::faultOf;
 
+namespace {
+
+bool fails(DiskCall call) {
+    if (const int error = faultOf(call); error != 0) {
+        errno = error;
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
 extern "C" {
 
 std::FILE* fopen(const char* path, const char* mode) {
-    if (const int error = faultOf(DiskCall::Open); error != 0) {
-        errno = error;
-        return nullptr;
-    }
     static auto* const library = vantor::test::next(&fopen, "fopen");
-    return library(path, mode);
+    return fails(DiskCall::Open) ? nullptr : library(path, mode);
 }
 
 std::size_t fread(void* bytes, std::size_t size, std::size_t count, std::FILE* file) {
@@ -99,20 +107,12 @@ std::size_t fwrite(const void* bytes, std::size_t size, std::size_t count, std::
 }
 
 int fsync(int handle) {
-    if (const int error = faultOf(DiskCall::Sync); error != 0) {
-        errno = error;
-        return -1;
-    }
     static auto* const library = vantor::test::next(&fsync, "fsync");
-    return library(handle);
+    return fails(DiskCall::Sync) ? -1 : library(handle);
 }
 
 int rename(const char* from, const char* to) noexcept {
-    if (const int error = faultOf(DiskCall::Rename); error != 0) {
-        errno = error;
-        return -1;
-    }
     static auto* const library = vantor::test::next(&rename, "rename");
-    return library(from, to);
+    return fails(DiskCall::Rename) ? -1 : library(from, to);
 }
 }

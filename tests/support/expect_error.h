@@ -14,8 +14,6 @@ int errorOf(Statement&& statement) {
     try {
         std::forward<Statement>(statement)();
         return 0;
-    } catch (const Error& error) {
-        return error.number();
     } catch (...) {
         return currentError().number();
     }

@@ -37,6 +37,16 @@ void close(QDialog& dialog) {
     }
 }
 
+/// Hands a dialog to `user`, who must close it.
+void handTo(const std::function<void(QDialog&)>& user, QDialog& dialog, const std::string& name) {
+    const QPointer<QDialog> guard(&dialog);
+    EXPECT_NO_THROW(user(dialog)); // nothing may leave through the event loop
+    if (guard && guard->isVisible()) {
+        ADD_FAILURE() << "it stayed open: " << name;
+        close(dialog);
+    }
+}
+
 void serveBox(QMessageBox& box) {
     const std::string text = fromQString(box.text());
     if (expectedBoxes.empty()) {
@@ -47,17 +57,16 @@ void serveBox(QMessageBox& box) {
     const BoxAnswer answer = std::move(expectedBoxes.front());
     expectedBoxes.pop_front();
     EXPECT_EQ(text, fromQString(boxText(answer.text)));
-    if (answer.button == QMessageBox::NoButton) {
-        QTest::keyClick(&box, Qt::Key_Escape);
-    } else if (QAbstractButton* button = box.button(answer.button)) {
-        QTest::mouseClick(button, Qt::LeftButton);
-    } else {
-        ADD_FAILURE() << "the message box lacks the expected button: " << text;
-    }
-    if (box.isVisible()) {
-        ADD_FAILURE() << "the message box stayed open: " << text;
-        close(box);
-    }
+    const auto press = [&](QDialog&) {
+        if (answer.button == QMessageBox::NoButton) {
+            QTest::keyClick(&box, Qt::Key_Escape);
+        } else if (QAbstractButton* button = box.button(answer.button)) {
+            QTest::mouseClick(button, Qt::LeftButton);
+        } else {
+            ADD_FAILURE() << "the message box lacks the expected button: " << text;
+        }
+    };
+    handTo(press, box, text);
 }
 
 void serveDialog(QDialog& dialog) {
@@ -69,23 +78,12 @@ void serveDialog(QDialog& dialog) {
     }
     const ExpectedDialog expected = std::move(expectedDialogs.front());
     expectedDialogs.pop_front();
-    const QPointer<QDialog> guard(&dialog);
-    // Nothing may leave through the event loop.
-    EXPECT_NO_THROW(expected.user(dialog));
-    if (guard && guard->isVisible()) {
-        ADD_FAILURE() << "the dialog stayed open: " << name;
-        close(dialog);
-    }
+    handTo(expected.user, dialog, name);
 }
 
 void serve(QDialog& dialog) {
     if (everyDialog) {
-        const QPointer<QDialog> guard(&dialog);
-        EXPECT_NO_THROW(everyDialog(dialog));
-        if (guard && guard->isVisible()) {
-            ADD_FAILURE() << "the dialog stayed open: " << fromQString(dialog.objectName());
-            close(dialog);
-        }
+        handTo(everyDialog, dialog, fromQString(dialog.objectName()));
     } else if (auto* box = qobject_cast<QMessageBox*>(&dialog)) {
         serveBox(*box);
     } else {

@@ -6,8 +6,10 @@
 #include "foundation/clock.h"
 #include "foundation/silent_host.h"
 
+#include <cmath>
 #include <deque>
 #include <functional>
+#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,10 +25,11 @@ class FakeClock : public Clock {
 
     void set(DateTime value) { m_now = value; }
     /// Sets the time of day, in seconds since midnight, on the day the clock shows.
-    void setTimer(double seconds);
-    void advance(double seconds);
+    void setTimer(double seconds) { m_now = std::floor(m_now) + seconds / secondsPerDay; }
+    void advance(double seconds) { m_now += seconds / secondsPerDay; }
 
   private:
+    static constexpr double secondsPerDay = 86400;
     DateTime m_now = dayNumber({2004, 6, 1}) + 0.5;
 };
 
@@ -58,18 +61,41 @@ class RecordingHost : public SilentHost {
     std::function<void(std::string_view)> onMessage; ///< runs while a message box stands
     std::function<void(Pump)> onPump;
 
-    void message(std::string_view text) override;
-    bool askYesNo(std::string_view text) override;
+    void message(std::string_view text) override {
+        messages.emplace_back(text);
+        if (onMessage) {
+            onMessage(text);
+        }
+    }
+    bool askYesNo(std::string_view text) override {
+        questions.emplace_back(text);
+        if (answers.empty()) {
+            ADD_FAILURE() << "unexpected question: " << text;
+            return false;
+        }
+        const bool answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
     void setPointer(Pointer pointer) override { pointers.push_back(pointer); }
-    void pumpEvents(Pump what) override;
+    void pumpEvents(Pump what) override {
+        ++(what == Pump::Everything ? fullPumps : paintPumps);
+        if (onPump) {
+            onPump(what);
+        }
+    }
     bool inputPending() override { return pendingInput; }
     void sleepFor(int milliseconds) override { sleeps.push_back(milliseconds); }
-    std::string shortDate(const Date& date) override;
+    std::string shortDate(const Date& date) override {
+        return dateSample.empty() ? SilentHost::shortDate(date) : dateSample;
+    }
     std::string booleanWord(bool value) override { return value ? trueWord : falseWord; }
     std::optional<SystemVersion> systemVersion() override { return version; }
     void viewTextFile(std::string_view path) override { viewedFiles.emplace_back(path); }
     void openAddress(std::string_view address) override { addresses.emplace_back(address); }
-    void startProgram(std::string_view program, std::string_view arguments) override;
+    void startProgram(std::string_view program, std::string_view arguments) override {
+        starts.push_back({std::string(program), std::string(arguments)});
+    }
 };
 
 // What was drawn, with the numbers as they were given.
@@ -122,11 +148,19 @@ class RecordingCanvas : public Canvas {
     [[nodiscard]] double outerWidth() const override { return width + 2 * border; }
     [[nodiscard]] double outerHeight() const override { return height + 2 * border; }
     void clear() override { calls.emplace_back(Cleared{}); }
-    void fillBox(double x1, double y1, double x2, double y2, Colour colour) override;
-    void drawLine(double x1, double y1, double x2, double y2, Colour colour) override;
-    void drawText(double x, double y, std::string_view text) override;
-    [[nodiscard]] double textWidth(std::string_view text) const override;
-    [[nodiscard]] double textHeight(std::string_view text) const override;
+    void fillBox(double x1, double y1, double x2, double y2, Colour colour) override {
+        calls.emplace_back(FilledBox{x1, y1, x2, y2, colour});
+    }
+    void drawLine(double x1, double y1, double x2, double y2, Colour colour) override {
+        calls.emplace_back(DrawnLine{x1, y1, x2, y2, colour});
+    }
+    void drawText(double x, double y, std::string_view text) override {
+        calls.emplace_back(DrawnText{x, y, std::string(text)});
+    }
+    [[nodiscard]] double textWidth(std::string_view text) const override {
+        return 90 * static_cast<double>(text.size());
+    }
+    [[nodiscard]] double textHeight(std::string_view /*text*/) const override { return 200; }
     void setFontSize(double points) override { calls.emplace_back(FontSize{points}); }
     void setTextColour(Colour colour) override { calls.emplace_back(TextColour{colour}); }
     void setBackColour(Colour colour) override { calls.emplace_back(BackColour{colour}); }
