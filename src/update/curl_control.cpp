@@ -359,13 +359,11 @@ void CurlControl::succeeded() {
         try {
             m_file->commit();
         } catch (...) {
-            m_fault = currentError();
+            m_errorText = currentError().description();
+            m_states.push_back(TransferState::Error);
         }
         m_file.reset();
-        if (m_fault) {
-            m_errorText = m_fault->description();
-            m_fault.reset();
-            m_states.push_back(TransferState::Error);
+        if (!m_errorText.empty()) {
             return;
         }
     }

@@ -3,6 +3,7 @@
 #include "foundation/log.h"
 #include "foundation/settings_store.h"
 #include "foundation/text.h"
+#include "support/disk_faults.h"
 #include "support/fixture.h"
 #include "update/curl_control.h"
 #include "update/recording_form.h"
@@ -11,12 +12,14 @@
 #include "update/updater.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 
 namespace vantor::test {
 namespace {
@@ -215,6 +218,22 @@ TEST_F(RealServers, FilesComeFromAFileServer) {
         expectGot(one.body, one.url);
         EXPECT_TRUE(!one.body || internet.ExpectedFilesize() == 30000) << one.url;
         EraseFile(path("got\\setup.exe"));
+    }
+}
+
+TEST_F(RealServers, AFaultOfTheDiskEndsAFileServersFile) {
+    const std::vector<std::tuple<DiskCall, int, std::string>> faults = {
+        {DiskCall::Open, EROFS, "Path/File access error"},
+        {DiskCall::Write, ENOSPC, "Disk full"},
+        {DiskCall::Sync, EIO, "Device I/O error"},
+        {DiskCall::Rename, EACCES, "Path/File access error"},
+    };
+    for (const auto& [call, error, words] : faults) {
+        const DiskFault fault(call, 1, error);
+        EXPECT_FALSE(getFile("ftp://{ftp}/pub/setup.exe"));
+        EXPECT_TRUE(fault.met());
+        expectGot(std::nullopt, words);
+        EXPECT_TRUE(contains(call == DiskCall::Open ? newestAction() : lastStatus, words)) << lastStatus;
     }
 }
 
