@@ -27,11 +27,12 @@ void readAircraft(std::string_view file, Canvas* progress) {
         throw Error(ErrorCode::Loader, std::string(file) + " missing or empty.   Please run this program in the "
                                                            "TrafficTools path AFTER you have decompiled Traffic.BGL");
     }
+    // Ahead of the reading, so that every row that counts is there when it fails. The lines counted end at a lone CR or
+    // LF as well, the pieces below at CR LF alone: there are never fewer lines.
+    aircraft.resize(aircraftcount);
     std::string text;
     ReadWholeFile(file, text);
     const auto lines = split(text, "\r\n");
-    // The lines counted end at a lone CR or LF as well, the pieces at CR LF alone: there are never fewer lines.
-    aircraft.resize(aircraftcount);
     std::int32_t count = 0;
     for (std::size_t piece = 0; piece < lines.size(); ++piece) {
         const auto columns = split(lines[piece], ",");

@@ -4,9 +4,11 @@
 #include "core/tables.h"
 #include "foundation/log.h"
 #include "foundation/native_path.h"
+#include "support/disk_faults.h"
 #include "support/expect_error.h"
 #include "support/fixture.h"
 
+#include <cerrno>
 #include <string>
 
 namespace vantor {
@@ -69,6 +71,16 @@ TEST_F(AircraftTest, BadSpeedStopsTheLoadWithTheLineCountLeft) {
     EXPECT_EQ(aircraftcount, 3);
     EXPECT_EQ(aircraft[1].acnum.text(), "AC#1");
 }
+
+#ifdef __linux__ // where disks are made to fail
+TEST_F(AircraftTest, RowsThatCountAreThereWhenTheirFileCantBeRead) {
+    writeFile("Aircraft.txt", "AC#1,1,a\r\nAC#2,2,b\r\n");
+    const test::DiskFault fault(test::DiskCall::Open, 2, EACCES); // they are counted by then
+    EXPECT_EQ(test::errorOf([&] { LoadAircraft(path("Aircraft.txt"), nullptr); }), 75);
+    EXPECT_EQ(aircraftcount, 2);
+    EXPECT_EQ(aircraft.size(), 2);
+}
+#endif
 
 TEST_F(AircraftTest, LoneLineEndsCountAsLinesButDoNotSplit) {
     load("AC#1,100,x\nAC#2,100,y\rAC#3,100,z\r\n");
