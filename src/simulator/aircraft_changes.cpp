@@ -7,15 +7,12 @@
 #include "foundation/text.h"
 #include "foundation/trap.h"
 
-#include <algorithm>
 #include <unordered_set>
 #include <utility>
 
 namespace vantor {
 
 namespace {
-
-constexpr std::string_view additionModule = "modAddNewFSAircraft";
 
 // Marks in the code field of a simulator aircraft while new ones are sought.
 constexpr std::string_view knownMark = "0";
@@ -25,17 +22,18 @@ std::int32_t lastacnum = 0;
 
 using CodeSet = std::unordered_set<std::string>;
 
-CodeSet codesOf(const OneBased<AircraftRec>& table, std::int32_t count) {
+CodeSet codesOf(const OneBased<AircraftRec>& table) {
     CodeSet codes;
-    codes.reserve(static_cast<std::size_t>(std::max(count, 0)));
-    for (std::int32_t i = 1; i <= count; ++i) {
-        codes.emplace(table[i].acnum.text());
+    codes.reserve(static_cast<std::size_t>(table.size()));
+    for (const AircraftRec& row : table) {
+        codes.emplace(row.acnum.text());
     }
     return codes;
 }
 
-// The next free code. The number is a 16-bit sum: past its end the search ends with error 6 in place of going round.
-std::string nextFreeCode(const CodeSet& codes) {
+// A free code: the first from the one after that given out last in this run, also over reloads. The number is a 16-bit
+// sum: past its end the search ends with error 6 in place of going round.
+std::string nextacnum(const CodeSet& codes) {
     std::int32_t number = lastacnum;
     std::string code;
     do {
@@ -64,7 +62,7 @@ std::int32_t markNewAircraft() {
 void appendNewAircraft(const StandardTrap& trap, std::int32_t newcount) {
     OneBased<AircraftRec> table = aircraft;
     table.resize(aircraftcount);
-    CodeSet codes = codesOf(table, aircraftcount);
+    CodeSet codes = codesOf(table);
     for (std::int32_t i = 1; i <= fsaircraftcount; ++i) {
         if (fsaircraft[i].acnum.text() != newMark) {
             continue;
@@ -72,7 +70,7 @@ void appendNewAircraft(const StandardTrap& trap, std::int32_t newcount) {
         const bool numbered = trap([&] {
             static_cast<void>(toInt16(aircraftcount + newcount)); // the search counts rows in 16 bits as well
             AircraftRec added = fsaircraft[i];
-            std::string code = nextFreeCode(codes);
+            std::string code = nextacnum(codes);
             added.acnum = code;
             codes.insert(std::move(code));
             table.append(std::move(added));
@@ -97,19 +95,12 @@ void deleteaircraft(std::string_view text) noexcept {
     });
 }
 
-std::string nextacnum(const OneBased<AircraftRec>& table, std::int16_t count) noexcept {
-    const StandardTrap trap{"function nextacnum", additionModule};
-    std::string code;
-    trap([&] { code = nextFreeCode(codesOf(table, count)); });
-    return code;
-}
-
 void resetAircraftNumbers() noexcept {
     lastacnum = 0;
 }
 
 std::string addnewfsaircraft() noexcept {
-    const StandardTrap trap{"sub addnewfsaircraft", additionModule};
+    const StandardTrap trap{"sub addnewfsaircraft", "modAddNewFSAircraft"};
     std::string message;
     trap([&] {
         const std::int32_t newcount = markNewAircraft();

@@ -2,10 +2,8 @@
 // Repairs of the aircraft table against the simulator: substitution, addition, deletion, and the rows to pick from.
 #pragma once
 
-#include "core/records.h"
 #include "foundation/list_row.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -14,17 +12,14 @@ namespace vantor {
 /// Marks an aircraft (a row or code) as deleted. It stays in the table until the next load.
 void deleteaircraft(std::string_view text) noexcept;
 
-/// A free aircraft code in the rows 1 to `count` of a table: the first from the one after that given out last in this
-/// run, also over reloads. Numbers have 16 bits: where none is left the ring gets error 6 (Overflow) and the result
-/// is empty.
-[[nodiscard]] std::string nextacnum(const OneBased<AircraftRec>& table, std::int16_t count) noexcept;
 /// Numbering starts at 1 again, as at the start of a run. For tests.
 void resetAircraftNumbers() noexcept;
 
 /// Adds every simulator aircraft whose title the table lacks (deleted aircraft count as present; case, quotes and all
-/// 80 characters count). Repeats of a title become aircraft of their own. One for which no code is left is not added,
-/// so that no code stands twice; the table keeps all it had. Returns "No new aircraft found" when there was none new,
-/// an empty text otherwise.
+/// 80 characters count). Repeats of a title become aircraft of their own. Each gets the first free code from the one
+/// after that given out last in this run, also over reloads. Numbers have 16 bits: where none is left the ring gets
+/// error 6 (Overflow) and the aircraft is not added, so that no code stands twice; the table keeps all it had. Returns
+/// "No new aircraft found" when there was none new, an empty text otherwise.
 [[nodiscard]] std::string addnewfsaircraft() noexcept;
 
 /// Rows on offer under a filter text, without regard to case. Without a filter one empty row closes them; it is meant.

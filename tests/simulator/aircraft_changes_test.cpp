@@ -71,16 +71,6 @@ TEST_F(AircraftChangesTest, AnAircraftIsKnownByTheEightyCharactersThatAreKept) {
     }
 }
 
-TEST_F(AircraftChangesTest, EachNumberIsGivenOutOnce) {
-    addAircraft("AC#1", "\"One\"");
-    OneBased<AircraftRec> table = aircraft;
-    table.append({}); // not filled yet
-    EXPECT_EQ(nextacnum(table, 2), "AC#2");
-    EXPECT_EQ(nextacnum(table, 2), "AC#3");
-    EXPECT_EQ(nextacnum(table, 9), ""); // rows that aren't there
-    EXPECT_EQ(newestAction(), "Subscript out of range(9) in function nextacnum of module modAddNewFSAircraft");
-}
-
 TEST_F(AircraftChangesTest, WithoutNumbersLeftTheTableKeepsAllItHas) {
     for (int i = 1; i <= 32765; ++i) {
         addAircraft("AC#" + std::to_string(i + (i > 5 ? 1 : 0)), "\"" + std::to_string(i) + "\"");
@@ -99,8 +89,14 @@ TEST_F(AircraftChangesTest, WithoutNumbersLeftTheTableKeepsAllItHas) {
     EXPECT_EQ(aircraft[1].title.text(), "\"1\"");
     EXPECT_EQ(aircraft[32767].title.text(), "\"B\"");
     EXPECT_EQ(newestAction(), "Overflow(6) in sub addnewfsaircraft of module modAddNewFSAircraft");
-    EXPECT_EQ(nextacnum(aircraft, 32767), ""); // and none is given out a second time
-    EXPECT_EQ(newestAction(), "Overflow(6) in function nextacnum of module modAddNewFSAircraft");
+
+    // Nor is there one in an empty table: none is given out a second time.
+    aircraft.clear();
+    aircraftcount = 0;
+    resetLogging();
+    EXPECT_EQ(addnewfsaircraft(), "");
+    EXPECT_EQ(aircraftcount, 0);
+    EXPECT_EQ(newestAction(), "Overflow(6) in sub addnewfsaircraft of module modAddNewFSAircraft");
 }
 
 TEST_F(AircraftChangesTest, DeletesByCode) {
