@@ -6,8 +6,10 @@
 #include "foundation/text.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vantor {
@@ -20,11 +22,10 @@ std::string withoutBackslashes(std::string_view text) {
     return result;
 }
 
-// What stands behind the first `key` anywhere in a text; `found` is false without one.
-std::string_view behind(std::string_view text, std::string_view key, bool& found) {
+// What stands behind the first `key` anywhere in a text that has one.
+std::optional<std::string_view> behind(std::string_view text, std::string_view key) {
     const std::size_t position = text.find(key);
-    found = position != std::string_view::npos;
-    return found ? text.substr(position + key.size()) : std::string_view();
+    return position == std::string_view::npos ? std::nullopt : std::optional(text.substr(position + key.size()));
 }
 
 // One aircraft folder of the simulator.
@@ -47,10 +48,8 @@ class AircraftCheck {
         fillfolders(m_folder, subfolders, false);
         for (const std::string& subfolder : subfolders) {
             const std::string capitals = upper(subfolder);
-            bool found = false;
-            const std::string_view name = behind(capitals, "TEXTURE.", found);
-            if (found) {
-                m_variants.push_back(withoutBackslashes(name));
+            if (const auto name = behind(capitals, "TEXTURE.")) {
+                m_variants.push_back(withoutBackslashes(*name));
             }
         }
     }
@@ -61,14 +60,11 @@ class AircraftCheck {
         std::string_view line;
         while (input.readLine(line)) {
             const std::string capitals = upper(line);
-            bool found = false;
-            const std::string_view texture = behind(capitals, "TEXTURE=", found);
-            if (found) {
-                checkTexture(withoutBackslashes(trim(texture)));
+            if (const auto texture = behind(capitals, "TEXTURE=")) {
+                checkTexture(withoutBackslashes(trim(*texture)));
             }
-            const std::string_view model = behind(capitals, "SIM=", found);
-            if (found) {
-                checkModel(std::string(trim(model)));
+            if (const auto model = behind(capitals, "SIM=")) {
+                checkModel(std::string(trim(*model)));
             }
         }
     }
