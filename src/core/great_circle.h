@@ -14,6 +14,7 @@ inline constexpr double shortPi = 3.141592;
 /// Degrees (south and west negative) of a text such as S31* 56.40'. The digits behind the point are SECONDS of arc,
 /// not a fraction of a minute; every distance depends on it.
 [[nodiscard]] double convertlatlongtodegrees(std::string_view text) noexcept;
+/// Degrees in radians, by the short pi.
 [[nodiscard]] double convdegreestoradians(double degrees) noexcept;
 /// The arcsine in radians by the identity 2 atan(x / (1 + sqrt(1 - x x))). |x| above 1 is a fault and gives 0.
 [[nodiscard]] double bmmatharcsine(double x) noexcept;

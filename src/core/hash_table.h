@@ -4,7 +4,6 @@
 
 #include "core/records.h"
 
-#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -29,6 +28,7 @@ class clsHashNodes {
   public:
     /// The slot freed last, else the one above all others.
     [[nodiscard]] std::int32_t Alloc();
+    /// Gives a slot back; it is the next to be handed out.
     void Free(std::int32_t slot);
 
   private:
@@ -65,7 +65,9 @@ class HashTable {
   public:
     using Record = typename Key::Record;
 
+    /// Sets up an empty table of `hashsize` buckets, whose slots reach to `capacity` and grow by the factor `growth`.
     void Init(std::int32_t hashsize, std::int32_t capacity, float growth);
+    /// Stores a record in the next slot, at the head of the chain of its first-stage hash. Keys may repeat.
     void Add(std::int32_t h1, Record record);
     /// The slot of the newest record with this key, 0 for none. `key` is trimmed already.
     [[nodiscard]] std::int32_t findSlot(std::string_view key) const;
@@ -74,11 +76,15 @@ class HashTable {
     void Delete(std::int32_t h1);
     /// Grows the arrays until slot `slot` lies within them.
     void Cover(std::int32_t slot);
+    /// Drops all records; until the next Init every slot is error 9.
     void ClearArrays() noexcept;
 
+    /// Upper bound of the slots.
     [[nodiscard]] std::int32_t RecordCount() const noexcept { return m_recordCount; }
+    /// The record in a slot, read and overwritten. A slot outside 1 to RecordCount is error 9.
     [[nodiscard]] const Record& slot(std::int32_t slot) const;
     void putSlot(std::int32_t slot, Record record);
+    /// The first-stage hash of a key.
     [[nodiscard]] std::int32_t hashOf(std::string_view key) const noexcept { return cHash(key, m_hashsize); }
 
   private:
@@ -105,9 +111,11 @@ class HashFront {
 
     /// Drops all records and makes a new table of the initial capacity.
     void Init();
+    /// Drops all records; the next HashAdd, HashFind, HashDelete or Cover makes a new table.
     void HashClear() noexcept;
     /// Upper bound of the slots: the capacity, not the number of records.
     [[nodiscard]] std::int32_t RecordCount() const noexcept { return m_table ? m_table->RecordCount() : 0; }
+    /// Stores a record in the next slot. One of an equal key stays in its slot, but the newer one is found.
     void HashAdd(Record record);
     /// Makes every slot up to `slot` readable, blank where nothing was added: for a count that runs ahead of the slots.
     void Cover(std::int32_t slot);
@@ -115,7 +123,9 @@ class HashFront {
     [[nodiscard]] Record HashFind(std::string_view key);
     /// A copy of the record in a slot; blank where nothing was added. A slot outside the capacity is error 9.
     [[nodiscard]] Record HashGetSlot(std::int32_t slot) const { return peek(slot); }
+    /// Overwrites the record in a slot, which must keep its key. A slot outside the capacity is error 9.
     void HashPutSlot(std::int32_t slot, Record record);
+    /// Removes the record of a key (trimmed) and frees its slot; raises the table's error 1 when there is none.
     void HashDelete(std::string_view key);
 
     /// The record in a slot in place, for walks that only read. It holds until the table changes.

@@ -19,6 +19,7 @@ class LoadSteps {
 
     /// Where the splash draws its bar; null when there is none.
     [[nodiscard]] virtual Canvas* progress() = 0;
+    /// The steps that need more than the traffic's own files; what they raise ends the load.
     virtual void loadSimulatorAircraft() = 0;
     virtual void listMissingAircraft() = 0;
     virtual void fillAircraftList() = 0;
