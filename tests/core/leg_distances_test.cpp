@@ -6,7 +6,6 @@
 #include "support/fixture.h"
 #include "support/traffic.h"
 
-#include <array>
 #include <random>
 #include <string>
 #include <vector>
@@ -14,35 +13,34 @@
 namespace vantor {
 namespace {
 
-class LegDistancesTest : public test::Fixture {
-  protected:
-    // Airports all over the globe, and neighbours and opposites of a few of them.
-    std::vector<FixedText<6>> fillGlobe(int count) {
-        std::mt19937 random(7);
-        const auto degrees = [&](float most) {
-            return most * (static_cast<float>(random() % 2'000'001) / 1'000'000.0F - 1);
-        };
-        std::vector<FixedText<6>> codes;
-        const auto add = [&](float latitude, float longitude) {
-            codes.emplace_back("A" + std::to_string(codes.size()));
-            test::addAirport(codes.back().text(), "", latitude, longitude);
-        };
-        for (int i = 0; i < count; ++i) {
-            const float latitude = degrees(90);
-            const float longitude = degrees(180);
-            add(latitude, longitude);
-            add(latitude + degrees(0.02F), longitude + degrees(0.02F));
-            add(-latitude + degrees(i % 2 == 0 ? 0.0F : 2.0F), longitude > 0 ? longitude - 180 : longitude + 180);
-        }
-        add(90, 0);
-        add(-90, 0);
-        add(0, 0);
-        return codes;
+using LegDistancesTest = test::Fixture;
+
+// Airports all over the globe, each with a neighbour and with one on the other side.
+std::vector<FixedText<6>> fillGlobe() {
+    std::mt19937 random(7);
+    const auto degrees = [&](float most) {
+        return most * (static_cast<float>(random() % 2'000'001) / 1'000'000.0F - 1);
+    };
+    std::vector<FixedText<6>> codes;
+    const auto add = [&](float latitude, float longitude) {
+        codes.emplace_back("A" + std::to_string(codes.size()));
+        test::addAirport(codes.back().text(), "", latitude, longitude);
+    };
+    for (int i = 0; i < 120; ++i) {
+        const float latitude = degrees(90);
+        const float longitude = degrees(180);
+        add(latitude, longitude);
+        add(latitude + degrees(0.02F), longitude + degrees(0.02F));
+        add(-latitude + degrees(i % 2 == 0 ? 0.0F : 2.0F), longitude > 0 ? longitude - 180 : longitude + 180);
     }
-};
+    add(90, 0);
+    add(-90, 0);
+    add(0, 0);
+    return codes;
+}
 
 TEST_F(LegDistancesTest, RoundAsTheExactOnesDo) {
-    const std::vector<FixedText<6>> codes = fillGlobe(120);
+    const std::vector<FixedText<6>> codes = fillGlobe();
     LegDistances distances;
     int differing = 0;
     for (const FixedText<6>& from : codes) {

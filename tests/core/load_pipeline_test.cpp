@@ -1,9 +1,14 @@
-// The order of a load, its log and its file names.
+// The load of all files: its order, its log and its file names, and the demo's traffic there and back.
+#include "core/flightplans_reader.h"
+#include "core/flightplans_writer.h"
 #include "core/load_pipeline.h"
 #include "core/tables.h"
 #include "foundation/settings_store.h"
+#include "simulator/fs_aircraft.h"
+#include "simulator/missing_aircraft.h"
 #include "support/fixture.h"
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,23 +17,24 @@ namespace {
 
 using LoadPipelineTest = test::Fixture;
 
-// Notes each step with the count of log lines that stood when it ran.
-class NotingSteps final : public LoadSteps {
+// A load without a window, which notes its steps.
+class HeadlessSteps final : public LoadSteps {
   public:
     Canvas* progress() override { return nullptr; }
-    void loadSimulatorAircraft() override { notes.emplace_back("simulator"); }
-    void listMissingAircraft() override { notes.emplace_back("missing"); }
-    void fillAircraftList() override { notes.emplace_back("aircraft"); }
-    void fillAirportList() override { notes.emplace_back("airports"); }
-    std::vector<std::string> notes;
-};
+    void loadSimulatorAircraft() override {
+        notes += "simulator ";
+        LoadFSAircraft(nullptr);
+    }
+    void listMissingAircraft() override {
+        notes += "missing ";
+        missing = checkmissing();
+    }
+    void fillAircraftList() override { notes += "aircraft "; }
+    void fillAirportList() override { notes += "airports "; }
 
-TEST_F(LoadPipelineTest, SuffixKeepsItsFolderInCapitals) {
-    EXPECT_EQ(GetSuffix("Flightplans.txt"), "");
-    EXPECT_EQ(GetSuffix("flightPlans030528.txt"), "030528");
-    EXPECT_EQ(GetSuffix("C:\\tt\\Flightplans030528.txt"), "C:\\TT\\030528");
-    EXPECT_EQ(GetSuffix("myplans.txt"), "MYPLANS");
-}
+    ListRows missing;
+    std::string notes;
+};
 
 TEST_F(LoadPipelineTest, ConfiguredFilesGoByTheMode) {
     LoadSettings(path("Vantor2.ini"));
@@ -41,21 +47,57 @@ TEST_F(LoadPipelineTest, ConfiguredFilesGoByTheMode) {
     EXPECT_EQ(configuredFiles(defaults).aircraft, "a");
 }
 
-TEST_F(LoadPipelineTest, LogsEachStepInOrder) {
-    writeFile("a.txt", "AC#1,100,x\r\n");
-    writeFile("p.txt", "KSEA,N1* 1.1',E1* 1.1',5\r\n");
-    writeFile("f.txt", "AC#1,N,1%,6H,IFR,06:00:00,07:00:00,1,F,1,KSEA\r\n");
-    aircraftfile = path("a.txt");
-    airportsfile = path("p.txt");
-    flightplansfile = path("f.txt");
-    NotingSteps steps;
+// The demo's files in both modes.
+class DemoTest : public test::Fixture, public ::testing::WithParamInterface<std::int16_t> {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        std::filesystem::copy(VANTOR_DEMO, folder(), std::filesystem::copy_options::recursive);
+        fsmode = GetParam();
+        const std::string simulator = path(fsmode == 2 ? "FS2002\\" : "FS2004\\");
+        fsicaofile = simulator + "WEATHER\\ICAO name.cfg";
+        fsaircraftpath = simulator + "Aircraft\\";
+        const std::string suffix = fsmode == 2 ? "" : "030528";
+        aircraftfile = path("TrafficTools\\aircraft" + suffix + ".txt");
+        airportsfile = path("TrafficTools\\AIRPORTS" + suffix + ".TXT");
+        flightplansfile = path("TrafficTools\\Flightplans" + suffix + ".txt");
+    }
+
+    static std::vector<ScheduleRec> allSchedules() {
+        std::vector<ScheduleRec> all;
+        for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
+            if (schedules.peek(recnum).legcount > 0) {
+                all.push_back(schedules.HashGetSlot(recnum));
+            }
+        }
+        return all;
+    }
+};
+
+TEST_P(DemoTest, LoadsStepByStepAndRoundTrips) {
+    HeadlessSteps steps;
     loadAllTraffic(steps);
-    EXPECT_EQ(steps.notes, (std::vector<std::string>{"simulator", "missing", "aircraft", "airports"}));
+    EXPECT_EQ(steps.notes, "simulator missing aircraft airports ");
     EXPECT_EQ(logTexts(),
               (std::vector<std::string>{"Loading " + aircraftfile, "Sorting Aircraft", "Loading " + airportsfile,
                                         "Loading FS ICAO names", "Loading " + flightplansfile, "Loading FS aircraft",
                                         "Scanning FS aircraft", "Filling aircraft list", "Filling airport list"}));
+    EXPECT_GE(aircraftcount, 60);
+    EXPECT_GE(airportcount, 150);
+    EXPECT_GE(schedulecount, 800);
+    EXPECT_GE(fsaircraftcount, 60);
+    EXPECT_EQ(steps.missing.size(), 5U);
+
+    const std::vector<ScheduleRec> before = allSchedules();
+    savesc(path("saved.txt"));
+    LoadSched(nullptr, path("saved.txt"));
+    EXPECT_EQ(schedulecount, static_cast<std::int32_t>(before.size()));
+    EXPECT_EQ(allSchedules(), before);
+    savesc(path("again.txt"));
+    EXPECT_EQ(readFile("saved.txt"), readFile("again.txt"));
 }
+
+INSTANTIATE_TEST_SUITE_P(Modes, DemoTest, ::testing::Values(2, 4));
 
 } // namespace
 } // namespace vantor
