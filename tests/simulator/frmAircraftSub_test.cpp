@@ -41,10 +41,10 @@ class FrmAircraftSub : public Fixture {
 
 TEST_F(FrmAircraftSub, OffersFiltersAndAsksForARow) {
     EXPECT_EQ(answers([](QDialog& dialog) {
-                  const std::string all = "AC#1 - \"Boeing 737\"|AC#2 - \"Airbus\"|AC#3 - \"BOEING 747\"||";
+                  const std::string all = offered(dialog);
+                  EXPECT_EQ(all, "AC#1 - \"Boeing 737\"|AC#2 - \"Airbus\"|AC#3 - \"BOEING 747\"||");
                   EXPECT_EQ(fromQString(control<QLabel>(dialog, "lblCurrent").text()), "AC#9 - \"Gone & lost\"");
                   EXPECT_FALSE(control<ListBox>(dialog, "List2").isVisible());
-                  EXPECT_EQ(offered(dialog), all);
                   auto& filter = control<QLineEdit>(dialog, "txtFilter");
                   typeOver(filter, "boeing");
                   EXPECT_EQ(offered(dialog), "AC#1 - \"Boeing 737\"|AC#3 - \"BOEING 747\"|");
@@ -54,10 +54,8 @@ TEST_F(FrmAircraftSub, OffersFiltersAndAsksForARow) {
                   filter.setText(QStringLiteral("air")); // as code or a paste by the mouse may leave it
                   click(dialog, "cmdApply");
                   EXPECT_EQ(offered(dialog), "AC#2 - \"Airbus\"|");
-                  {
-                      const Expectation boxes = answerBoxes({{"Please click a substitute aircraft in the list box"}});
-                      click(dialog, "cmdOK");
-                  }
+                  const Expectation boxes = answerBoxes({{"Please click a substitute aircraft in the list box"}});
+                  click(dialog, "cmdOK");
                   EXPECT_TRUE(dialog.isVisible());
                   clickRow(control<ListBox>(dialog, "List1"), 0);
                   click(dialog, "cmdOK");
@@ -80,22 +78,17 @@ TEST_F(FrmAircraftSub, ADoubleClickAcceptsARowAndSoDoKeysAlone) {
               "AC#9 - \"BOEING 747\"|AC#3 - \"BOEING 747\"");
 }
 
-TEST_F(FrmAircraftSub, TheClosingRowGivesAnEmptyTitle) {
-    EXPECT_EQ(answers([](QDialog& dialog) {
-                  clickRow(control<ListBox>(dialog, "List1"), 3);
-                  click(dialog, "cmdOK");
-              }),
-              "AC#9 - |");
-}
-
-TEST_F(FrmAircraftSub, LeavingAnswersNothing) {
-    EXPECT_EQ(answers([](QDialog& dialog) {
-                  clickRow(control<ListBox>(dialog, "List1"), 0);
-                  click(dialog, "cmdCancel");
-              }),
-              "|");
+TEST_F(FrmAircraftSub, LeavingAnswersNothingAndTheClosingRowAnEmptyTitle) {
+    const auto pickAndPress = [](int row, const char* button) {
+        return [row, button](QDialog& dialog) {
+            clickRow(control<ListBox>(dialog, "List1"), row);
+            click(dialog, button);
+        };
+    };
+    EXPECT_EQ(answers(pickAndPress(0, "cmdCancel")), "|");
     EXPECT_EQ(answers([](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); }), "|");
     EXPECT_EQ(answers([](QDialog& dialog) { dialog.close(); }), "|");
+    EXPECT_EQ(answers(pickAndPress(3, "cmdOK")), "AC#9 - |");
 }
 
 } // namespace

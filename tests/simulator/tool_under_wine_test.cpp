@@ -22,45 +22,42 @@ class ToolUnderWine : public Fixture {
         const char* const prefix = std::getenv("WINEPREFIX");
         ASSERT_NE(prefix, nullptr);
         const std::string name = folder().filename().string();
-        m_native = fs::path(prefix) / "drive_c" / name / "Traffic Tools";
-        m_folder = "C:\\" + name + "\\Traffic Tools";
-        copyStandInTool(m_native / "TTools.exe");
+        native = fs::path(prefix) / "drive_c" / name / "Traffic Tools";
+        onDrive = "C:\\" + name + "\\Traffic Tools";
+        copyStandInTool(native / "TTools.exe");
     }
     void TearDown() override {
         std::error_code ignored;
-        fs::remove_all(m_native.parent_path(), ignored);
+        fs::remove_all(native.parent_path(), ignored);
         Fixture::TearDown();
     }
-    [[nodiscard]] const fs::path& native() const { return m_native; }
-    [[nodiscard]] const std::string& onDrive() const { return m_folder; }
     static std::string text(const std::string& file) {
         std::string text;
         LoadTextFile(file, text);
         return text;
     }
 
-  private:
-    fs::path m_native;
-    std::string m_folder;
+    fs::path native;
+    std::string onDrive;
 };
 
 TEST_F(ToolUnderWine, APathWithADriveLetterLeadsIntoThePrefix) {
-    EXPECT_EQ(fs::canonical(nativePath(onDrive())), fs::canonical(native()));
-    EXPECT_TRUE(FileExists(upper(onDrive()) + "\\ttools.EXE"));
+    EXPECT_EQ(fs::canonical(nativePath(onDrive)), fs::canonical(native));
+    EXPECT_TRUE(FileExists(upper(onDrive) + "\\ttools.EXE"));
     EXPECT_TRUE(FolderExists("C:\\WINDOWS\\system32"));
     EXPECT_FALSE(FolderExists("Q:\\windows"));
-    WriteTextFile(onDrive() + "\\Flightplans.txt", "AC#1\r\n");
-    EXPECT_EQ(text(onDrive() + "\\FLIGHTPLANS.TXT"), "AC#1\r\n");
-    EXPECT_TRUE(fs::is_regular_file(native() / "Flightplans.txt"));
+    WriteTextFile(onDrive + "\\Flightplans.txt", "AC#1\r\n");
+    EXPECT_EQ(text(onDrive + "\\FLIGHTPLANS.TXT"), "AC#1\r\n");
+    EXPECT_TRUE(fs::is_regular_file(native / "Flightplans.txt"));
     EXPECT_EQ(newestAction(), "");
 }
 
 TEST_F(ToolUnderWine, TheToolRunsToItsEnd) {
-    EXPECT_EQ(ExecCmd(onDrive() + "\\ttools.exe /co030528 /t4"), 7U);
-    const std::string call = recordedCalls(native());
+    EXPECT_EQ(ExecCmd(onDrive + "\\ttools.exe /co030528 /t4"), 7U);
+    const std::string call = recordedCalls(native);
     EXPECT_TRUE(call.ends_with(folder().filename().string() + " [/co030528] [/t4]\n"))
         << call; // its working folder is ours
-    EXPECT_EQ(text(onDrive() + "\\Flightplans.txt"), "new Flightplans\r\n");
+    EXPECT_EQ(text(onDrive + "\\Flightplans.txt"), "new Flightplans\r\n");
     EXPECT_TRUE(recorder.messages.empty());
 
     // A folder of Debian's own, with an argument that has a blank and letters beyond ASCII.

@@ -9,7 +9,6 @@
 #include "support/traffic.h"
 
 #include <cstdlib>
-#include <gtest/gtest.h>
 
 namespace vantor::test {
 namespace {
@@ -48,52 +47,48 @@ TEST_F(MissingAirportsTest, DeletedAndDestinationsAloneDontCount) {
     EXPECT_EQ(found(), "-");
 }
 
-TEST_F(MissingAirportsTest, ACodeInsideTheListIsNotAdded) {
+TEST_F(MissingAirportsTest, OddCodes) {
+    // ABC and its blank stand in XABC and its blank, so it is not added; XAB and its blank don't.
     addLegs({makeLeg("XABC", "EGLL"), makeLeg("ABC", "EGLL"), makeLeg("XAB", "EGLL")});
-    EXPECT_EQ(found(), "XABC XAB "); // ABC and its blank stand in XABC and its blank, XAB and its blank don't
+    EXPECT_EQ(found(), "XABC XAB ");
     EXPECT_EQ(found("12XABC XAB "), "12XABC XAB ");
-}
-
-TEST_F(MissingAirportsTest, AnAirportCalledLikeAMissIsMissing) {
-    addAirport("-1", "odd");
-    addAirport("-1.0", "odd");
-    addAirport("-1X", "odd");
-    addAirport("-2", "odd");
-    addLegs({makeLeg("-1", "EGLL"), makeLeg("-1.0", "EGLL"), makeLeg("-1X", "EGLL"), makeLeg("-2", "EGLL")});
-    EXPECT_EQ(found(), "-1 -1.0 ");
-}
-
-TEST_F(MissingAirportsTest, AScheduleWithFewerLegsThanItTellsIsRecordedAndPassed) {
-    const std::int32_t broken = addLegs(loopOver({"EGLL", "LFPG"}));
-    changeSchedule(broken, [](ScheduleRec& schedule) { schedule.legcount = 3; });
+    // An airport that is called like a miss is missing.
+    std::vector<LegRec> legs;
+    for (const char* const code : {"-1", "-1.0", "-1X", "-2"}) {
+        addAirport(code, "odd");
+        legs.push_back(makeLeg(code, "EGLL"));
+    }
+    const std::int32_t odd = addLegs(legs);
+    EXPECT_EQ(found(), "XABC XAB -1 -1.0 ");
+    // A schedule with fewer legs than it tells is recorded and passed.
+    changeSchedule(odd, [](ScheduleRec& schedule) { schedule.legcount = 5; });
     addLegs(loopOver({"ZZZZ", "EGLL"}));
-    EXPECT_EQ(found(), "ZZZZ ");
+    EXPECT_EQ(found(), "XABC XAB -1 -1.0 ZZZZ ");
     EXPECT_TRUE(newestAction().starts_with("Subscript out of range(9) in function airportsmissing")) << newestAction();
 }
 
-class CommandLineTest : public Fixture {
-  protected:
-    static std::string both() {
-        return compileCommand("C:\\Traffic Tools\\TTools.exe") + "|" +
-               decompileCommand("C:\\Traffic Tools\\TTools.exe");
-    }
-};
+using CommandLineTest = Fixture;
 
 TEST_F(CommandLineTest, BothModesAndAllKindsOfSuffix) {
+    struct Case {
+        std::int16_t mode;
+        const char* file;
+        const char* suffix;
+        const char* compile;
+        const char* decompile;
+    };
     const std::string tool = "C:\\Traffic Tools\\TTools.exe";
-    fsmode = 2;
-    plansuffix = GetSuffix("C:\\Traffic Tools\\Flightplans.txt"); // a default load of FS2002
-    EXPECT_EQ(plansuffix, "C:\\TRAFFIC TOOLS\\");
-    EXPECT_EQ(both(), tool + " /co /t2|" + tool + " /de");
-    fsmode = 4;
-    plansuffix = GetSuffix("C:\\Traffic Tools\\Flightplans030528.txt"); // and of FS2004
-    EXPECT_EQ(both(), tool + " /co030528 /t4|" + tool + " /de030528");
-    fsmode = 2; // the mode changed, nothing loaded since
-    EXPECT_EQ(both(), tool + " /co030528 /t2|" + tool + " /de030528");
-    plansuffix = GetSuffix("flightplans_Summer.txt"); // a chosen file, its bare name
-    EXPECT_EQ(both(), tool + " /co_SUMMER /t2|" + tool + " /de_SUMMER");
-    plansuffix = GetSuffix("My Flightplans.old.txt");
-    EXPECT_EQ(both(), tool + " /coMY .OLD /t2|" + tool + " /deMY .OLD");
+    for (const Case& c : {Case{2, "C:\\tt\\Flightplans.txt", "C:\\TT\\", " /co /t2", " /de"},
+                          {4, "C:\\tt\\flightPlans030528.txt", "C:\\TT\\030528", " /co030528 /t4", " /de030528"},
+                          {2, "Flightplans.txt", "", " /co /t2", " /de"},
+                          {2, "flightplans_Summer.txt", "_SUMMER", " /co_SUMMER /t2", " /de_SUMMER"},
+                          {4, "My Flightplans.old.txt", "MY .OLD", " /coMY .OLD /t4", " /deMY .OLD"}}) {
+        fsmode = c.mode;
+        plansuffix = GetSuffix(c.file);
+        EXPECT_EQ(plansuffix, c.suffix);
+        EXPECT_EQ(compileCommand(tool), tool + c.compile);
+        EXPECT_EQ(decompileCommand(tool), tool + c.decompile);
+    }
 }
 
 class ToolRunTest : public Fixture {
@@ -150,18 +145,15 @@ TEST_F(ToolRunTest, AToolThatIsKilledEndsTheWait) {
 
 TEST_F(ToolRunTest, AWindowsProgramRunsThroughWineWhenThatIsInstalled) {
     writeExecutable(toolFolder() / "TTools.exe", "MZ\x90 and so on");
-    fs::create_directories(folder() / "empty");
-    const std::string search = std::getenv("PATH");
-    const auto searchIn = [](const std::string& folders) { setenv("PATH", folders.c_str(), 1); };
-    searchIn((folder() / "empty").string());
-    EXPECT_EQ(ExecCmd(tool() + " /co /t2"), waitFailed);
-
     writeStandInTool(folder() / "bin" / "wine");
-    searchIn((folder() / "bin").string() + ":" + search);
+    const std::string search = std::getenv("PATH");
+    setenv("PATH", folder().c_str(), 1);
+    EXPECT_EQ(ExecCmd(tool() + " /co /t2"), waitFailed);
+    setenv("PATH", ((folder() / "bin").string() + ":" + search).c_str(), 1);
     EXPECT_EQ(ExecCmd(tool() + " /co /t2"), 7U);
+    setenv("PATH", search.c_str(), 1);
     EXPECT_EQ(recordedCalls(folder() / "bin"),
               oneCall(" [" + (toolFolder() / "TTools.exe").string() + "] [/co] [/t2]"));
-    searchIn(search);
 }
 
 #endif
