@@ -16,11 +16,6 @@ class AirportsTest : public test::Fixture {
         writeFile("Airports.txt", bytes);
         LoadAirports(path("Airports.txt"), nullptr);
     }
-    void nameThem(std::string_view names) {
-        fsicaofile = path("icao name.cfg");
-        writeFile("icao name.cfg", names);
-        LoadAirportTitles(nullptr);
-    }
     std::string fault(std::string_view bytes) {
         return test::faultOf([&] { load(bytes); });
     }
@@ -54,16 +49,18 @@ TEST_F(AirportsTest, FaultsCountTheAcceptedLines) {
 
 TEST_F(AirportsTest, NamesComeFromTheSimulatorsFileElseFromTheCode) {
     load(threeAirports);
-    fsicaofile = path("absent.cfg");
+    fsicaofile = path("icao name.cfg");
     LoadAirportTitles(nullptr);
     EXPECT_EQ(airporttitle("KSEA"), "KSEA");
     EXPECT_EQ(airports.HashGetSlot(4).title.text(), "");
 
     load(threeAirports);
-    nameThem("no equals\r\n ksea =Seattle=Tacoma\nXXXX=unknown\rYPPHXY=" + std::string(70, 'n'));
-    EXPECT_EQ(airporttitle("KSEA"), "Seattle=Tacoma");
+    writeFile("icao name.cfg", "no equals\r\n ksea =Seattle=Tacoma\nXXXX=unknown\rYPPHXY=" + std::string(70, 'n'));
+    LoadAirportTitles(nullptr);
+    EXPECT_EQ(airporttitle(" KSEA "), "Seattle=Tacoma");
     EXPECT_EQ(airporttitle("YPPHXY"), std::string(60, 'n'));
     EXPECT_EQ(airporttitle("ksea"), "") << "in small letters it can't be named";
+    EXPECT_EQ(airporttitle(" KPDX "), "KPDX") << "unknown";
 }
 
 } // namespace

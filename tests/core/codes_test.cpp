@@ -3,7 +3,6 @@
 #include "core/tables.h"
 #include "foundation/log.h"
 #include "support/fixture.h"
-#include "support/traffic.h"
 
 namespace vantor {
 namespace {
@@ -68,12 +67,6 @@ TEST_F(CodesTest, ZoneLabelAndShiftedTimes) {
         EXPECT_EQ(shifted < 1.0, c.onTheSameDay);
         EXPECT_GE(shifted, 0);
     }
-}
-
-TEST_F(CodesTest, AirportTitleOrCode) {
-    test::addAirport("KSEA", "");
-    EXPECT_EQ(airporttitle(" KSEA "), ""); // known, but not named
-    EXPECT_EQ(airporttitle(" KPDX "), "KPDX");
 }
 
 } // namespace

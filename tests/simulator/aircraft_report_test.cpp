@@ -6,12 +6,6 @@
 #include "simulator/aircraft_report.h"
 #include "support/fixture.h"
 
-#include <gtest/gtest.h>
-
-#ifndef _WIN32
-#include <sys/stat.h>
-#endif
-
 namespace vantor::test {
 namespace {
 
@@ -72,20 +66,12 @@ TEST_F(AircraftReportTest, AFolderAboveThatHoldsTheWordShiftsTheNames) {
                             "AIRCRAFT.CFG file.\r\n\r\n");
 }
 
-TEST_F(AircraftReportTest, AFaultEndsTheReportAndTheLinesSoFarStay) {
+TEST_F(AircraftReportTest, AReportThatCannotBeWrittenClosesAllFiles) {
     addAircraftFolder("A", "texture=gone\r\n");
-#ifndef _WIN32
-    addAircraftFolder("C", "texture=gone\r\n");
-    fs::create_directory(nativePath(at("B")));
-    // A pipe is there and can't be read, whoever runs the tests.
-    ASSERT_EQ(mkfifo(nativePath(at("B") + "aircraft.cfg").c_str(), 0600), 0);
-    EXPECT_EQ(report(), at("A") + " texture folder 'textures.gone' is missing.\r\n");
-#endif
-    fs::remove(folder() / "ACLOG.TXT");
-    fs::create_directories(folder() / "ACLOG.TXT"); // the report itself can't be written
+    fs::create_directories(folder() / "ACLOG.TXT");
     const InputFile open(at("A") + "aircraft.cfg");
     modACReport();
-    EXPECT_FALSE(open.isOpen()) << "all open files are closed";
+    EXPECT_FALSE(open.isOpen());
     EXPECT_EQ(newestAction(), "");
     EXPECT_TRUE(recorder.messages.empty());
 }
