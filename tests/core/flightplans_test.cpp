@@ -91,16 +91,17 @@ TEST_F(FlightplansTest, UnknownAircraftInheritTheSpeedAbove) {
 TEST_F(FlightplansTest, ArrivalMarksAndDays) {
     test::addAircraft("AC#3", "", 120);
     load("AC#1,N,1%,WEEK,IFR,6/23:00:00,TNG@6/23:30:00,1,F,1,BBBB,0/06:00:00,4/07:00:00,1,F,1,AAAA,"
-         "6/10:00:00,12:00:00,1,F,1,CCCC,2/10:00:00,@12:00:00,1,F,1,AAAA\r\n"
+         "6/10:00:00,12:00:00,1,F,1,CCCC,2/10:00:00,@12:00:00,1,F,1,AAAA,4/00:00:00,5/07:00:00,1,F,1,BBBB\r\n"
          "AC#3,N,1%,WEEK,IFR,3/23:00:00,3/23:30:00,1,F,1,BBBB,5/00:00:00,5/07:00:00,1,F,1,AAAA\r\n");
     // Without "@" the file's day gives way to a computed one: an hour or more goes to the next day. Sixty miles at 100
-    // knots round to an hour, and 1 + 6:00 is above 1; the third flies six hours from a Saturday; the last is fixed,
-    // and no day is told. At 120 knots they are half an hour, which rounds to the even hour, 0.
+    // knots round to an hour, and 1 + 6:00 is above 1, but 1 + 0:00 is not; the third flies six hours from a Saturday;
+    // the fourth is fixed, and no day is told. At 120 knots they are half an hour, which rounds to the even hour, 0.
     EXPECT_EQ(test::textOf(schedules.peek(1)), "1 AC#1 N 1% WEEK IFR weekly"
-                                               " | AAAA-BBBB 6/23:00:00 @TNG6/23:30:00 1 F1 60nm 1.00h 1001"
+                                               " | BBBB-BBBB 6/23:00:00 @TNG6/23:30:00 1 F1 0nm 0.00h 1001"
                                                " | BBBB-AAAA 0/06:00:00 1/07:00:00 1 F1 60nm 1.00h 1002"
                                                " | AAAA-CCCC 6/10:00:00 0/12:00:00 1 F1 600nm 6.00h 1003"
-                                               " | CCCC-AAAA 2/10:00:00 @0/12:00:00 1 F1 600nm 6.00h 1004");
+                                               " | CCCC-AAAA 2/10:00:00 @0/12:00:00 1 F1 600nm 6.00h 1004"
+                                               " | AAAA-BBBB 4/00:00:00 4/07:00:00 1 F1 60nm 1.00h 1005");
     EXPECT_EQ(test::textOf(schedules.peek(2)), "2 AC#3 N 1% WEEK IFR weekly"
                                                " | AAAA-BBBB 3/23:00:00 3/23:30:00 1 F1 60nm 0.00h 2001"
                                                " | BBBB-AAAA 5/00:00:00 5/07:00:00 1 F1 60nm 0.00h 2002");

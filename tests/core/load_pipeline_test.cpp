@@ -15,16 +15,26 @@
 namespace vantor {
 namespace {
 
+// Every look at it takes a second: the bar is drawn each time.
+class TickingClock final : public Clock {
+  public:
+    DateTime now() override { return m_now += 1 / 86400.0; }
+
+  private:
+    DateTime m_now = 38139;
+};
+
 // A load without a window, which notes its steps.
 class HeadlessSteps final : public LoadSteps {
   public:
-    Canvas* progress() override { return nullptr; }
-    void loadSimulatorAircraft() override { LoadFSAircraft(nullptr); }
+    Canvas* progress() override { return &bar; }
+    void loadSimulatorAircraft() override { LoadFSAircraft(&bar); }
     void listMissingAircraft() override { notes += std::to_string(checkmissing().size()) + " missing "; }
     void fillAircraftList() override { notes += "aircraft "; }
     void fillAirportList() override { notes += "airports "; }
 
     std::string notes;
+    test::RecordingCanvas bar;
 };
 
 // The demo's files in both modes.
@@ -64,8 +74,21 @@ class DemoTest : public test::Fixture, public ::testing::WithParamInterface<std:
 
 TEST_P(DemoTest, LoadsStepByStepAndRoundTrips) {
     HeadlessSteps steps;
+    TickingClock ticking;
+    useClock(&ticking);
     loadAllTraffic(steps);
     EXPECT_EQ(steps.notes, "5 missing aircraft airports ");
+    useClock(&clock);
+    std::string texts; // of the bar, each once
+    for (const test::DrawnText& drawn : steps.bar.all<test::DrawnText>()) {
+        texts += texts.ends_with(drawn.text + "|") ? "" : drawn.text + "|";
+    }
+    const std::string plans = "Loading Data: FS200" + std::to_string(fsmode) + " Flight Plans - ";
+    // Each five hundred lines, counted with those that are no schedules.
+    EXPECT_EQ(texts, "Loading Data: Aircraft|Sorting Aircraft|Loading Data: Airports|" + plans +
+                         (fsmode == 2 ? "445|" : "449|") + plans + (fsmode == 2 ? "891|" : "887|") +
+                         "Loading FS Aircraft|Listing missing aircraft|Finished|Filling Aircraft list|"
+                         "Filling Airport list|");
     EXPECT_EQ(logTexts(),
               (std::vector<std::string>{"Loading " + aircraftfile, "Sorting Aircraft", "Loading " + airportsfile,
                                         "Loading FS ICAO names", "Loading " + flightplansfile, "Loading FS aircraft",

@@ -1,4 +1,4 @@
-// Deletion, addition and substitution of aircraft.
+// The addition of the simulator's aircraft.
 #include "core/aircraft_table.h"
 #include "foundation/log.h"
 #include "simulator/aircraft_changes.h"
@@ -81,34 +81,6 @@ TEST_F(AircraftChangesTest, WithoutNumbersLeftTheTableKeepsAllItHas) {
     dropAircraft();
     EXPECT_EQ(afterAddition(), "");
     EXPECT_EQ(newestAction(), "Overflow(6) in sub addnewfsaircraft of module modAddNewFSAircraft");
-}
-
-TEST_F(AircraftChangesTest, DeletesAndSubstitutesByCode) {
-    addAircraft("AC#1", "\"Gone\"");
-    addAircraft("AC#2", "\"Two\"");
-    deleteaircraft("ac#2 - \"Two\"");
-    deleteaircraft("AC#7");
-    EXPECT_FALSE(aircraft[1].deleted);
-    EXPECT_TRUE(aircraft[2].deleted);
-
-    aircraft[1].missing = true;
-    const std::string answer = substituteText("AC#1 - \"Gone\"", "AC#2 - \"Boeing 737-400\"");
-    EXPECT_EQ(answer, "AC#1 - \"Boeing 737-400\"");
-    EXPECT_EQ(substituteText("AC#1", ""), "AC#1 - ");
-    EXPECT_TRUE(substituteAircraft(answer));
-    EXPECT_EQ(aircraft[1].acnum.text(), "AC#1");
-    EXPECT_EQ(aircraft[1].title.text(), "\"Boeing 737-400\"");
-    EXPECT_TRUE(aircraft[1].missing) << "until the next load";
-    EXPECT_FALSE(substituteAircraft("AC#9 - x"));
-}
-
-TEST_F(AircraftChangesTest, FilterOffersRowsWithoutRegardToCase) {
-    const ListRows all{{"AC#1 - \"Boeing 737-400\"", 1}, {"AC#2 - \"Airbus \xC4rger\"", 2}};
-    EXPECT_EQ(filterAircraftRows(all, ""), (ListRows{{all[0].text, 0}, {all[1].text, 0}, {"", 0}}));
-    EXPECT_EQ(filterAircraftRows(all, "boeing"), (ListRows{{all[0].text, 0}}));
-    EXPECT_EQ(filterAircraftRows(all, "\xE4RG"), (ListRows{{all[1].text, 0}}));
-    EXPECT_EQ(filterAircraftRows(all, "ac#").size(), 2U); // no closing row under a filter
-    EXPECT_EQ(filterAircraftRows({}, ""), (ListRows{{"", 0}}));
 }
 
 } // namespace

@@ -53,7 +53,11 @@ TEST_F(AircraftCommands, SubstitutesAMissingAircraft) {
     form().unsavedchanges = false;
     clickRow(list("List3"), 0);
     combo("cmbAC").setRowText(3, "AC#5 - \"Renamed\"");
-    press("cmdSubAC", "frmAircraftSub", [&](QDialog& sub) { pickAircraft(sub, 0); });
+    press("cmdSubAC", "frmAircraftSub", [&](QDialog& sub) {
+        // AC#2 counts as missing until the next load.
+        EXPECT_EQ(rowsOf(control<ListBox>(sub, "List1").rows()), "AC#1 - \"Boeing 737\"|AC#3 - \"Airbus\"||");
+        pickAircraft(sub, 0);
+    });
     EXPECT_EQ(missing(), "");
     EXPECT_EQ(aircraft[4].title.text(), "\"Lost\"");
     EXPECT_FALSE(form().unsavedchanges);
