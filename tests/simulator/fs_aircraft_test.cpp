@@ -59,10 +59,14 @@ TEST_F(SimulatorScanTest, ReadsTitlesAndTheSpeedOfTheirFile) {
 
 TEST_F(SimulatorScanTest, MindsTheLengthsOfLinesAndTitles) {
     const std::string name(78, 'n');
-    addConfig("a", "cruise_speed=\ncruise_speed=9\ntitle=\ntitle=x\n");  // 13 and 14, 6 and 7 characters
-    addConfig("b", "cruise_speed= \ntitle= \n");                         // a blank makes them long enough
-    addConfig("c", "\tcruise_speed=99\n;title=no\nmytitle=no\ntitle=c"); // a tab is no blank
-    addConfig("d", "title=one\rtitle=" + name + "\n\r\ncruise_speed=120\r\ntitle=" + name + "m"); // every kind of end
+    // 13 and 14, 6 and 7 characters.
+    addConfig("a", "cruise_speed=\ncruise_speed=9\ntitle=\ntitle=x\n");
+    // A blank makes them long enough.
+    addConfig("b", "cruise_speed= \ntitle= \n");
+    // A tab is no blank, and a key needs its "=".
+    addConfig("c", "\tcruise_speed=99\ncruise_speed  \n;title=no\nmytitle=no\ntitle=c");
+    // Every kind of end.
+    addConfig("d", "title=one\rtitle=" + name + "\n\r\ncruise_speed=120\r\ntitle=" + name + "m");
     EXPECT_EQ(scan(), R"("x" 9|"" 0|"c" 250|"one" 120|")" + name + R"(" 120|")" + name + "m 120|");
 }
 
