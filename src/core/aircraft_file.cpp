@@ -58,7 +58,7 @@ void LoadAircraft(std::string_view file, Canvas* progress) {
     } catch (...) {
         const Error error = currentError();
         if (error.is(ErrorCode::Loader)) {
-            throw error;
+            throw;
         }
         throw Error(error.number(), error.description() + " in LoadAircraft");
     }

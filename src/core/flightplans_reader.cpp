@@ -308,7 +308,7 @@ void LoadSched(Canvas* progress, std::string_view file) {
     } catch (...) {
         const Error error = currentError();
         if (error.is(ErrorCode::Loader)) {
-            throw error;
+            throw;
         }
         closeAllFiles();
         if (error.is(ErrorCode::TypeMismatch)) {

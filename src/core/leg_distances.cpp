@@ -52,6 +52,7 @@ double halfAngle(double haversine) {
 // Whether two neighbouring numbers above 0 round to one whole number: no half lies between them. Beyond a million,
 // where nobody asks, it says no.
 bool roundAlike(double low, double high) {
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): halves are what is looked for
     return high < 1e6 && static_cast<std::int32_t>(low + 0.5) == static_cast<std::int32_t>(high + 0.5);
 }
 

@@ -73,7 +73,7 @@ void appendNewAircraft(const StandardTrap& trap, std::int32_t newcount) {
             std::string code = nextacnum(codes);
             added.acnum = code;
             codes.insert(std::move(code));
-            table.append(std::move(added));
+            table.append(added);
         });
         if (!numbered) {
             break; // none of those behind would find a code either
