@@ -230,7 +230,7 @@ void frmMain::errorexit(std::string_view message) noexcept {
 void frmMain::exitprog() noexcept {
     const StandardTrap trap{"sub exitprog", module};
     savesettings(settingsFile()); // ahead of the question: settings are saved whatever the answer
-    bool leave = true;
+    bool leave = !unsavedchanges; // a question that fails is no Yes
     trap([&] {
         if (unsavedchanges) {
             leave = host().askYesNo("If you exit now you will lose your changes.  Are you sure?");

@@ -89,9 +89,10 @@ bool frmMain::restartForInstall() noexcept {
         });
         return false;
     }
-    bool sure = true;
+    const bool ask = unsavedchanges && !m_changesGivenUp; // changes made since the check began
+    bool sure = !ask;
     trap([&] {
-        if (unsavedchanges && !m_changesGivenUp) { // changes made since the check began
+        if (ask) {
             sure = host().askYesNo(loseChanges);
         }
     });

@@ -147,34 +147,52 @@ TEST_F(LifeTest, TheCloseBoxClosesWhateverTheAnswer) {
     EXPECT_FALSE(logHas("End of actions list"));
 }
 
-// A host in whose first event pump the user closes the window, as a window system may deliver it.
-class ClosingHost : public QtHost {
+// A host in whose event pumps something happens, as a window system may deliver it, and whose questions may fail.
+class OddHost : public QtHost {
   public:
     std::function<void()> onPump;
+    bool questionsFail = false;
     void pumpEvents(Pump what) override {
-        if (const auto once = std::exchange(onPump, {})) {
-            once();
+        if (onPump) {
+            onPump();
         }
         QtHost::pumpEvents(what);
     }
+    bool askYesNo(std::string_view text) override {
+        return questionsFail ? throw Error(ErrorCode::OutOfMemory) : QtHost::askYesNo(text);
+    }
 };
 
-class CloseDuringLoadTest : public LifeTest {
+class OddHostTest : public LifeTest {
   protected:
-    ClosingHost closingHost; // outlives the window
+    void SetUp() override {
+        LifeTest::SetUp();
+        useHost(&host);
+    }
+    OddHost host; // outlives the window
 };
 
-TEST_F(CloseDuringLoadTest, WaitsForTheEndOfTheLoad) {
-    useHost(&closingHost);
+TEST_F(OddHostTest, AQuestionThatFailsLosesNoChanges) {
+    changeSomething();
+    host.questionsFail = true;
+    EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), stillRuns);
+    EXPECT_FALSE(form().ended());
+    EXPECT_EQ(aircraftcount, 4);
+}
+
+TEST_F(OddHostTest, ACloseWaitsForTheEndOfTheLoad) {
     const int code = exitCodeOf([this] {
         schedulecount = 0;
-        closingHost.onPump = [this] {
+        bool pumped = false;
+        host.onPump = [&] {
+            pumped = true;
             form().close();
             EXPECT_TRUE(form().isVisible());
             EXPECT_FALSE(form().ended());
         };
         press("cmdReload");
-        EXPECT_FALSE(closingHost.onPump) << "the load never let events run";
+        host.onPump = {};
+        EXPECT_TRUE(pumped) << "the load never let events run";
         EXPECT_EQ(schedulecount, 4);
         EXPECT_TRUE(form().isVisible()) << "the close comes behind the command";
     });
