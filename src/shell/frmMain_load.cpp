@@ -28,7 +28,7 @@ constexpr std::string_view module = "frmMain";
 // What a load fills in the window, behind its splash. The splash goes with it, also when a reader raises.
 class frmMain::SplashSteps final : public LoadSteps {
   public:
-    explicit SplashSteps(frmMain& form) : m_form(form) {}
+    explicit SplashSteps(frmMain& form) : m_form(form), m_splash(&form) {}
     ~SplashSteps() override { close(); }
     SplashSteps(const SplashSteps&) = delete;
     SplashSteps& operator=(const SplashSteps&) = delete;

@@ -14,7 +14,8 @@ namespace Ui {
 class frmSplash;
 }
 
-/// Shown beside whatever runs: it takes neither the focus nor any event from the window behind it.
+/// Shown beside whatever runs, in the middle of its owner, or of the screen while that is not shown: it takes neither
+/// the focus nor any event from the window behind it.
 class frmSplash : public QWidget {
     Q_OBJECT
 
