@@ -114,9 +114,4 @@ float gmtOffsetOf(const GmtBoxes& boxes) noexcept {
     return static_cast<float>((val(boxes.hour) + val(boxes.minute) / minutesPerHour) / hoursPerDay);
 }
 
-void resetApplicationSettings() {
-    compiletool.clear();
-    decompiletool.clear();
-}
-
 } // namespace vantor

@@ -60,7 +60,4 @@ struct GmtFault {
 /// The offset of the boxes as a signed fraction of a day: (hours + minutes / 60) / 24.
 [[nodiscard]] float gmtOffsetOf(const GmtBoxes& boxes) noexcept;
 
-/// The tool paths as at the start of a run. For tests.
-void resetApplicationSettings();
-
 } // namespace vantor

@@ -19,13 +19,11 @@ class QTimer;
 
 namespace vantor {
 
-class TransferControl;
-class fSHAREDUpdater;
-class frmSchedEdit;
-
 namespace Ui {
 class frmMain;
 }
+class TransferControl;
+class fSHAREDUpdater;
 class frmAircraftSub;
 class frmSchedEdit;
 struct BulkOutcome;
@@ -87,8 +85,6 @@ class frmMain : public QMainWindow {
 
     /// What the updater's transfers go through, asked for once at the first need; empty for the program's own control.
     std::function<std::unique_ptr<TransferControl>()> transferControl;
-
-    std::unique_ptr<Ui::frmMain> ui;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -161,6 +157,7 @@ class frmMain : public QMainWindow {
     void cmdGates_Click() noexcept;
     void cmdChart_Click() noexcept;
     void cmdMap_Click() noexcept;
+
     // Utilities panel
     void hideframes() noexcept;
     void showUtilityFrame(QWidget& frame) noexcept;
@@ -203,6 +200,7 @@ class frmMain : public QMainWindow {
     void endFatally(const Error& error) noexcept;
     void endProcess(int code) noexcept;
 
+    std::unique_ptr<Ui::frmMain> ui;
     // True while displaylist itself moves the current row of List1.
     bool m_ignorelist1click = false;
     std::string m_timetableicao;

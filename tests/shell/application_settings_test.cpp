@@ -10,11 +10,6 @@ namespace {
 
 class ApplicationSettings : public test::Fixture {
   protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        resetApplicationSettings();
-    }
-
     /// Reads the settings from a settings file of these bytes.
     void read(std::string_view bytes) const {
         writeFile("Vantor2.ini", bytes);
