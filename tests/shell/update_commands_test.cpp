@@ -1,12 +1,15 @@
 // Tests of the main window.
-// Newer versions: the button, the automatic check, and the hand-over to the installer.
+// Newer versions: the button, the automatic check, the hand-over to the installer, and what the user does meanwhile:
+// the waits of a transfer let everything through, unlike all other commands.
 #include "foundation/settings_store.h"
 #include "shell/application_loop.h"
 #include "shell/application_settings.h"
 #include "support/main_window.h"
 #include "support/stand_in_tool.h"
+#include "support/table_invariants.h"
 #include "update/fSHAREDUpdater.h"
 #include "update/scripted_control.h"
+#include "walks/queued_user.h"
 
 #include <QLabel>
 #include <QTimer>
@@ -24,46 +27,35 @@ class UpdateCommands : public MainWindowFixture {
   protected:
     void SetUp() override {
         MainWindowFixture::SetUp();
+        useHost(&host);
+        script = {};
         form().transferControl = [this] { return std::make_unique<ScriptedControl>(script); };
         script.replies[current] = {"2.0.0\r\n" + setup};
         script.replies[setup] = {std::string(30000, 'x')};
-    }
-    void changeSomething() const {
         press("cmdListall");
-        clickRow(list("List1"), 0);
-        press("cmdDeleteSchedule");
-        ASSERT_TRUE(form().unsavedchanges);
+        clickRow(list("List1"), 1);
     }
+    void changeSomething() const { press("cmdCopy"); }
     [[nodiscard]] fSHAREDUpdater& updater() const { return control<fSHAREDUpdater>(form(), "fSHAREDUpdater"); }
+    [[nodiscard]] QTimer& timer() const { return control<QTimer>(form(), "Timer3"); }
     void install(std::vector<BoxAnswer> answers) const {
         const Expectation boxes = answerBoxes(std::move(answers));
         click(updater(), "cmdDownloadInstall");
     }
     /// Lets the start-up job's time come.
     void elapse() const {
-        auto& timer = control<QTimer>(form(), "Timer3");
-        ASSERT_TRUE(timer.isActive());
-        timer.start(0);
-        ASSERT_TRUE(waitFor([&] { return !timer.isActive() || timer.interval() > 0; }));
+        timer().start(0);
+        ASSERT_TRUE(waitFor([&] { return !timer().isActive() || timer().interval() > 0; }));
     }
-    void allowAutomaticCheck() const { sset("DisableAutoUpdateCheck", false); }
+    static void allowAutomaticCheck() { sset("DisableAutoUpdateCheck", false); }
 
+    BusyUserHost host;
     TransferScript script;
 };
 
-TEST_F(UpdateCommands, TheButtonAsksAboutUnsavedChangesFirst) {
-    changeSomething();
-    press("cmdCheckUpdate", {{loseByUpdate, QMessageBox::No}});
-    EXPECT_TRUE(script.requests.empty());
-    press("cmdCheckUpdate", {{loseByUpdate, QMessageBox::Yes}});
-    EXPECT_TRUE(updater().isVisible());
-    EXPECT_TRUE(form().unsavedchanges);
-}
-
 TEST_F(UpdateCommands, TheAutomaticCheckComesOnceFiveSecondsAfterTheStart) {
-    auto& timer = control<QTimer>(form(), "Timer3");
-    EXPECT_EQ(timer.interval(), 5000);
-    EXPECT_TRUE(timer.isActive());
+    EXPECT_EQ(timer().interval(), 5000);
+    EXPECT_TRUE(timer().isActive());
     allowAutomaticCheck();
     const Expectation boxes =
         answerBoxes({{"An update is available. Would you like to view the details now?", QMessageBox::Yes}});
@@ -72,27 +64,21 @@ TEST_F(UpdateCommands, TheAutomaticCheckComesOnceFiveSecondsAfterTheStart) {
         click(shown, "cmdExit");
     });
     elapse();
-    EXPECT_FALSE(timer.isActive());
+    EXPECT_FALSE(timer().isActive());
     EXPECT_EQ(sget("LastUpdateCheck", "").text(), "01/Jun/2004");
 }
 
-TEST_F(UpdateCommands, TheAutomaticCheckNeedsLeaveAndAWeek) {
+TEST_F(UpdateCommands, TheAutomaticCheckNeedsLeaveAWeekAndNoOpenDialog) {
     elapse();
     EXPECT_EQ(logTexts().back(), "Automatic update check is disabled");
     allowAutomaticCheck();
-    sset("LastUpdateCheck", dayNumber({2004, 5, 26}));
-    control<QTimer>(form(), "Timer3").start(0);
-    elapse();
-    EXPECT_TRUE(script.requests.empty());
-}
-
-TEST_F(UpdateCommands, TheAutomaticCheckWaitsForAnOpenDialog) {
-    allowAutomaticCheck();
     press("cmdSettings", "frmSettings", [this](QDialog& shown) {
         elapse();
-        EXPECT_TRUE(control<QTimer>(form(), "Timer3").isActive()) << "it comes again";
+        EXPECT_TRUE(timer().isActive()) << "it comes again";
         shown.reject();
     });
+    sset("LastUpdateCheck", dayNumber({2004, 5, 26}));
+    elapse();
     EXPECT_TRUE(script.requests.empty());
 }
 
@@ -108,14 +94,16 @@ TEST_P(HandOver, StartsTheInstallerWithTheCaptionAndLeaves) {
     qputenv("PATH", QByteArray::fromStdString((folder() / "bin").string()) + ':' + search);
     sset("ProxyUser", "someone");
     changeSomething();
+    press("cmdCheckUpdate", {{loseByUpdate, QMessageBox::No}});
+    EXPECT_TRUE(script.requests.empty());
     EXPECT_EQ(exitCodeOf([this] {
                   press("cmdCheckUpdate", {{loseByUpdate, QMessageBox::Yes}});
+                  EXPECT_TRUE(updater().isVisible() && form().unsavedchanges);
                   install({{installNow, QMessageBox::Yes}});
               }),
               0);
     EXPECT_TRUE(form().ended());
-    EXPECT_FALSE(form().isVisible());
-    EXPECT_FALSE(updater().isVisible());
+    EXPECT_FALSE(form().isVisible() || updater().isVisible());
     EXPECT_FALSE(form().unsavedchanges) << "the program must not ask again";
     EXPECT_EQ(readFile("updater.ini"), "VantorUpd.exe");
     EXPECT_EQ(readFile("VantorUpd.exe").size(), 30000U);
@@ -142,44 +130,90 @@ TEST_F(UpdateCommands, TheProgramStaysWithoutAnInstallerOrWithoutLeave) {
     changeSomething(); // since the check
     install({{installNow, QMessageBox::Yes}, {loseByUpdate, QMessageBox::No}});
     EXPECT_FALSE(form().ended());
-    EXPECT_TRUE(form().isVisible());
-    EXPECT_TRUE(form().unsavedchanges);
-    EXPECT_TRUE(updater().isVisible());
+    EXPECT_TRUE(form().isVisible() && updater().isVisible() && form().unsavedchanges);
     EXPECT_FALSE(exists("updater.ini"));
 }
 
-class LeavingDuringATransfer : public UpdateCommands, public ::testing::WithParamInterface<std::string> {};
+// The user's keys, clicks and closes wait in the window system's queue when a transfer has begun.
+class DuringATransfer : public UpdateCommands, public testing::WithParamInterface<const char*> {
+  protected:
+    [[nodiscard]] static bool isDownload() { return std::string_view(GetParam()) == "download"; }
+    void transfer(const std::function<void()>& meanwhile) {
+        if (isDownload()) {
+            press("cmdCheckUpdate");
+        }
+        script.onRequest = [this, meanwhile] {
+            script.onRequest = {};
+            meanwhile();
+        };
+        if (isDownload()) {
+            click(updater(), "cmdDownload");
+        } else if (std::string_view(GetParam()) == "check") {
+            press("cmdCheckUpdate");
+        } else {
+            allowAutomaticCheck();
+            elapse();
+        }
+    }
+    void queueClick(const QWidget& window, const char* button) const { clickOn(control<QWidget>(window, button))(); }
 
-TEST_P(LeavingDuringATransfer, EndsItAndTheProgram) {
-    const bool download = GetParam() == "download";
-    script.replies[download ? setup : current].hangs = true;
-    EXPECT_EQ(exitCodeOf([&] {
-                  if (download) {
-                      press("cmdCheckUpdate");
-                  }
-                  script.onRequest = [this] {
-                      QTimer::singleShot(0, &form(), [this] {
-                          EXPECT_FALSE(form().ended());
-                          press("cmdExit");
-                      });
-                  };
-                  if (download) {
-                      click(updater(), "cmdDownload");
-                  } else if (GetParam() == "check") {
-                      press("cmdCheckUpdate");
-                  } else {
-                      allowAutomaticCheck();
-                      elapse();
-                  }
-              }),
-              0);
-    EXPECT_TRUE(form().ended());
-    EXPECT_FALSE(updater().isVisible());
-    EXPECT_FALSE(exists("VantorUpd.exe"));
+    DialogService user{[](QDialog& dialog) { dialog.close(); }};
+};
+
+TEST_P(DuringATransfer, CommandsRunToTheirEndButStartNoOtherTransfer) {
+    transfer([this] {
+        queueClick(form(), "cmdCheckUpdate");
+        for (const char* const button : {"cmdCheckAgain", "cmdShowDetail", "cmdDownload", "cmdDownloadInstall"}) {
+            if (updater().isVisible()) {
+                queueClick(updater(), button);
+            }
+        }
+        queueClick(form(), "cmdCopy");
+    });
+    EXPECT_EQ(script.requests.size(), isDownload() ? 2U : 1U);
+    EXPECT_EQ(schedulecount, 5);
+    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_EQ(tableFaults(), std::vector<std::string>());
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, LeavingDuringATransfer, ::testing::Values("check", "silentCheck", "download"),
-                         [](const auto& parameter) { return parameter.param; });
+TEST_P(DuringATransfer, AnExitOrACloseEndsItAndTheProgram) {
+    for (const bool closes : {false, true}) {
+        script.replies[isDownload() ? setup : current].hangs = true;
+        EXPECT_EQ(exitCodeOf([&] { transfer([&] { closes ? queueClose(form()) : queueClick(form(), "cmdExit"); }); }),
+                  0);
+        EXPECT_TRUE(form().ended());
+        EXPECT_FALSE(form().isVisible() || updater().isVisible());
+        EXPECT_FALSE(exists("VantorUpd.exe"));
+        TearDown();
+        exitCodeOf([] {}); // the loop that hears of the end
+        SetUp();
+    }
+}
+
+TEST_P(DuringATransfer, ACloseDuringALoadWaitsForTheLoad) {
+    std::int32_t loaded = 0;
+    EXPECT_EQ(exitCodeOf([&] {
+                  transfer([&] {
+                      schedulecount = 0;
+                      host.beforePump = [&](int) {
+                          const auto* const splash = form().findChild<QWidget*>(QStringLiteral("frmSplash"));
+                          const bool loading = splash != nullptr && splash->isVisible();
+                          if (loading) {
+                              queueClose(form());
+                          }
+                          EXPECT_FALSE(loading && form().ended());
+                          loaded = schedulecount;
+                      };
+                      queueClick(form(), "cmdReload");
+                  });
+              }),
+              0);
+    EXPECT_EQ(loaded, 4);
+    EXPECT_TRUE(form().ended());
+}
+
+INSTANTIATE_TEST_SUITE_P(, DuringATransfer, testing::Values("check", "silent", "download"),
+                         [](const auto& transfer) { return std::string(transfer.param); });
 
 } // namespace
 } // namespace vantor::test

@@ -29,7 +29,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <array>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -47,25 +46,16 @@ class WalkHost : public QtHost {
     void startProgram(std::string_view /*program*/, std::string_view /*arguments*/) override {}
 };
 
-// Faults in the ring that a user's action may give: what stands there, and why.
-struct Allowed {
-    std::string_view text;
-    std::string_view reason;
-};
-constexpr std::array allowedFaults = {
-    Allowed{"DBG: ", "a note of the updater's and no fault"},
-    Allowed{"in sub cmdreload_click", "a default load that fails is silent"},
-    Allowed{"Overflow(6) in sub cmdchangefl_click", "a level beyond 32 bits is refused"},
-    Allowed{"Path/File access error(75) in sub savesc", "nothing was loaded, so that the file has no name"},
-    Allowed{"Subscript out of range(9) in sub enablelegbuttons", "a leg's number may be older than its schedule"},
-    Allowed{"Subscript out of range(9) in sub cmddeleteleg_click", "likewise"},
-    Allowed{"Subscript out of range(9) in sub deleteleg", "no leg is current in the editor's list"},
-    Allowed{"Subscript out of range(9) in sub cmbairport_click", "the editor shows leg 0, or none"},
-};
-
-bool isAllowed(const std::string& entry) {
-    return std::ranges::any_of(allowedFaults, [&](const Allowed& one) { return contains(entry, one.text); });
-}
+// Faults in the ring that a user's action may give, and why.
+const std::vector<std::pair<std::string_view, std::string_view>> allowedFaults = {
+    {"DBG: ", "a note of the updater's and no fault"},
+    {"in sub cmdreload_click", "a default load that fails is silent"},
+    {"Overflow(6) in sub cmdchangefl_click", "a level beyond 32 bits is refused"},
+    {"Path/File access error(75) in sub savesc", "nothing was loaded, so that the file has no name"},
+    {"Subscript out of range(9) in sub enablelegbuttons", "a leg's number may be older than its schedule"},
+    {"Subscript out of range(9) in sub cmddeleteleg_click", "likewise"},
+    {"Subscript out of range(9) in sub deleteleg", "no leg is current in the editor's list"},
+    {"Subscript out of range(9) in sub cmbairport_click", "the editor shows leg 0, or none"}};
 
 class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> {
   protected:
@@ -76,7 +66,7 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         m_server.replies[VANTOR_UPDATE_SERVER "/versions/VNT_current.txt"] = {"2.0.0\r\n" + setup};
         m_server.replies[setup] = {std::string(30000, 'x')};
         resetAircraftNumbers(); // a seed walks the same way whatever was before it
-        m_everyDialog = std::make_unique<DialogService>([this](QDialog& dialog) { serve(dialog); });
+        startAnew();
     }
     void TearDown() override {
         m_form.reset();
@@ -84,23 +74,206 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         Fixture::TearDown();
     }
 
-    void walk(int steps);
-    void endBySaveAndLoad();
+    void walk(int steps) {
+        while (m_step < steps && !m_told) {
+            if ((m_loadFailed || schedulecount == 0) && m_user.below(20) == 0) {
+                startAnew(); // little can be done in an empty window
+            }
+            step();
+        }
+        RecordProperty("actions", m_user.actions);
+        RecordProperty("stepsOverTraffic", m_whole);
+    }
+
+    // Saves both files as the user does and reads them again: the flight plans against the aircraft in memory, so that
+    // nothing else moves.
+    void endBySaveAndLoad() {
+        if (m_told) {
+            return;
+        }
+        if (m_loadFailed || m_form->flightsname.empty()) {
+            startAnew();
+        }
+        const std::vector<ScheduleRec> expectedSchedules = readBack(trafficNow().schedules);
+        m_user.answers = {true, true}; // the question and what is told behind it
+        click(at("cmdSaveFlights"));
+        ASSERT_TRUE(m_user.answers.empty());
+        if (!expectedSchedules.empty()) { // a file without a line is refused
+            m_user.fileName = m_form->flightsname.substr(m_form->flightsname.rfind('\\') + 1);
+            m_user.answers = {false}; // aircraft and airports stay
+            click(at("cmdLoadFlightPlan"));
+            m_user.answers.clear(); // a name without a suffix asks nothing
+            ASSERT_FALSE(m_form->ended()) << newestAction();
+            const std::vector<ScheduleRec> read = trafficNow().schedules;
+            ASSERT_EQ(read.size(), expectedSchedules.size());
+            for (std::size_t i = 0; i < read.size(); ++i) {
+                EXPECT_EQ(read[i], expectedSchedules[i]) << "schedule " << i + 1;
+            }
+        }
+        const std::vector<AircraftRec> expectedAircraft = readBack(trafficNow().aircraft);
+        m_user.answers = {true, true};
+        click(at("cmdSaveAircraft"));
+        if (!expectedAircraft.empty()) {
+            LoadAircraft(path("Aircraft.txt"), nullptr);
+            SortAircraft();
+            EXPECT_EQ(trafficNow().aircraft, expectedAircraft);
+        }
+    }
 
   private:
-    void writeWorld() const;
-    void start();
-    void startAnew();
-    void step();
-    void serve(QDialog& dialog);
-    void lookInDialog();
-    void lookAtRing(Faults& faults);
-    void lookAtFlag(Faults& faults, const Traffic& before, bool flagBefore) const;
-    void lookAtLists(Faults& faults) const;
-    void lookAtWindow(Faults& faults) const;
-    void tell(const std::vector<std::string>& faults);
-    [[nodiscard]] QWidget* updater() const;
-    [[nodiscard]] bool did(std::initializer_list<std::string_view> names) const;
+    // The program's start, also after its end.
+    void start() {
+        m_form.reset();
+        resetTables();
+        resetSettings();
+        resetProgress();
+        exitCodeOf([] {}); // the loop that hears of the end of the run before
+        currentPrinter().setOutputFormat(QPrinter::PdfFormat);
+        currentPrinter().setOutputFileName(QString::fromStdString((folder() / "print.pdf").string()));
+        m_host.setPointer(Pointer::Normal); // it goes with a program
+        m_loadFailed = false;
+        m_form = std::make_unique<frmMain>();
+        m_form->transferControl = [this] { return std::make_unique<ScriptedControl>(m_server); };
+        m_form->formLoad();
+        m_form->show();
+        at<QTimer>("Timer3").stop(); // its time comes when the user's draw says so
+    }
+    // A new start with the files of the world and nothing in the settings but their folder.
+    void startAnew() {
+        for (const auto& [name, text] : walkWorld(GetParam())) {
+            writeFile(name, text);
+        }
+        writeFile("Vantor2.ini", "FSMODE, 2 \r\nFS2K2PATH," + path("FS\\") + "\r\nFS2K4PATH," + path("FS\\") + "\r\n");
+        // The tool brings back what there was at the start.
+        writeExecutable(folder() / "TTools.exe", "#!/bin/sh\nhere=$(dirname \"$0\")\n"
+                                                 "case $1 in /de*) cp \"$here\"/original/*.txt \"$here\" ;; esac\n");
+        start();
+        click(at("cmdReload"));
+    }
+
+    void step() {
+        ++m_step;
+        m_form->activateWindow();
+        const Traffic before = trafficNow();
+        const bool flagBefore = m_form->unsavedchanges;
+        clock.advance(0.2);
+        QWidget* const other = updater(); // no modal window behind a check
+        m_done = m_user.act(other != nullptr && m_user.below(3) == 0 ? *other : *m_form);
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (m_form->ended()) {
+            resetLogging();
+            start();
+            return;
+        }
+        Faults faults;
+        lookAtRing(faults);
+        if (!m_loadFailed) {
+            m_whole += schedulecount == 0 ? 0 : 1;
+            lookAtFlag(faults, before, flagBefore);
+            lookAtLists(faults);
+            tell(tableFaults());
+        }
+        lookAtWindow(faults);
+        tell(faults.lines());
+    }
+    // What is done inside a dialog changes nothing until it is left.
+    void serve(QDialog& dialog) {
+        m_atDialog.push_back(trafficNow());
+        m_user.serve(dialog);
+        m_atDialog.pop_back();
+    }
+    void lookInDialog() {
+        if (trafficNow() != m_atDialog.back()) {
+            tell({"the tables changed inside a dialog"});
+        }
+    }
+    void lookAtRing(Faults& faults) {
+        for (int index = 1; index <= recentActions; ++index) {
+            const std::string entry = actionText(index);
+            const bool allowed =
+                std::ranges::any_of(allowedFaults, [&](const auto& one) { return contains(entry, one.first); });
+            faults.expect(entry.empty() || allowed, "in the ring: " + entry);
+            m_loadFailed = m_loadFailed || contains(entry, "sub cmdreload_click");
+        }
+        resetLogging();
+    }
+    [[nodiscard]] bool did(std::initializer_list<std::string_view> names) const {
+        return std::ranges::any_of(names, [&](std::string_view name) { return m_done.starts_with(name); });
+    }
+    // What changes traffic sets the flag, and a save alone clears it.
+    void lookAtFlag(Faults& faults, const Traffic& before, bool flagBefore) const {
+        // A delete by airport leaves the flag; it is meant.
+        const bool told = did({"cmdReload", "cmdLoadFlightPlan", "window: key F5", "cmdDeleteByICAO"});
+        faults.expect(m_form->unsavedchanges || told || trafficNow() == before, "a change without the flag");
+        faults.expect(m_form->unsavedchanges || !flagBefore || did({"cmdSaveFlights", "window: key Ctrl+S"}),
+                      "the flag fell without a save");
+    }
+    void lookAtLists(Faults& faults) const {
+        const auto& list1 = at<ListBox>("List1");
+        for (int row = 0; row < list1.rowCount(); ++row) {
+            const std::int32_t slot = list1.itemData(row);
+            const bool holds = slot == 0 || (slot >= 1 && slot <= schedulecount && schedules.peek(slot).recnum != 0 &&
+                                             list1.rowText(row).starts_with("(DEL) ") == schedules.peek(slot).deleted);
+            faults.expect(holds, "List1 differs from its schedule: " + list1.rowText(row));
+        }
+        const int closing = list1.rowCount() - 1;
+        faults.expect(closing < 0 || (list1.rowText(closing).empty() && list1.itemData(closing) == 0),
+                      "no closing row");
+        for (const ListRow& row : at<ListBox>("List2").rows()) {
+            faults.expect(row.itemData >= 0 && row.itemData / 1000 <= schedulecount,
+                          "List2 leads nowhere: " + row.text);
+        }
+        for (const ListRow& row : at<ListBox>("List3").rows()) {
+            const std::int32_t found = aircraftrecord(extractcode(row.text));
+            faults.expect(found != -1 && aircraft[found].missing && !aircraft[found].deleted,
+                          "List3 shows what is not missing: " + row.text);
+        }
+        for (const ListRow& row : at<ComboBox>("cmbAC").rows()) {
+            const AircraftRec& shown = aircraft[row.itemData];
+            faults.expect(shown.acnum.text() == extractcode(row.text) && !shown.deleted,
+                          "cmbAC differs from the aircraft: " + row.text);
+        }
+        for (const ListRow& row : at<ComboBox>("cmbICAO").rows()) {
+            faults.expect(airports.peek(row.itemData).icao.text() == extractcode(row.text),
+                          "cmbICAO differs from the airports: " + row.text);
+        }
+    }
+    void lookAtWindow(Faults& faults) const {
+        faults.expect(at("cmdPrint").isEnabled() == !m_form->timetableicao().empty(), "cmdPrint without its timetable");
+        faults.expect(QApplication::overrideCursor() == nullptr || m_loadFailed, "the pointer stayed busy");
+        for (const QWidget* const window : QApplication::topLevelWidgets()) {
+            faults.expect(!window->isVisible() || window == m_form.get() || window == updater(),
+                          "a window stayed open: " + fromQString(window->objectName()));
+        }
+        for (const auto& [option, frame] :
+             std::initializer_list<std::pair<const char*, const char*>>{{"optmass", "frameMassUpdate"},
+                                                                        {"optATCPercent", "frameSetATCPercent"},
+                                                                        {"optDelByIcao", "frameDelByIcao"},
+                                                                        {"optSplit", "frameSplit"},
+                                                                        {"optSplitAC", "frameSplitAC"}}) {
+            faults.expect(at<QRadioButton>(option).isChecked() == at(frame).isVisible(), "the wrong panel shows");
+        }
+    }
+    void tell(const std::vector<std::string>& faults) {
+        if (faults.empty() || std::exchange(m_told, true)) {
+            return;
+        }
+        std::string text = "seed " + std::to_string(GetParam()) + ", step " + std::to_string(m_step) + ":\n";
+        for (const std::string& fault : faults) {
+            text += "  " + fault + "\n";
+        }
+        text += "behind these actions:\n";
+        for (const std::string& action : m_user.history) {
+            text += "  " + action + "\n";
+        }
+        ADD_FAILURE() << text;
+    }
+    // The updater's window while it is on the screen.
+    [[nodiscard]] QWidget* updater() const {
+        auto* const found = m_form->findChild<fSHAREDUpdater*>();
+        return found != nullptr && found->isVisible() ? found : nullptr;
+    }
     template <class Widget = QWidget>
     [[nodiscard]] Widget& at(std::string_view name) const {
         return control<Widget>(*m_form, name);
@@ -109,7 +282,7 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
     WalkHost m_host;
     TransferScript m_server;
     RandomUser m_user{GetParam(), [this] { lookInDialog(); }};
-    std::unique_ptr<DialogService> m_everyDialog;
+    DialogService m_everyDialog{[this](QDialog& dialog) { serve(dialog); }};
     std::unique_ptr<frmMain> m_form;
     std::vector<Traffic> m_atDialog; // the tables as each open dialog found them
     std::string m_done;              // the latest action in the main window
@@ -118,228 +291,6 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
     bool m_loadFailed = false; // the tables are what a failing load left behind
     bool m_told = false;       // a fault was found: the walk ends
 };
-
-void RandomWalk::writeWorld() const {
-    WalkWorld world(GetParam());
-    for (const std::string family : {"", "030528"}) {
-        const std::string plans = world.flightplans();
-        for (const std::string place : {"", "original\\"}) {
-            writeFile(place + "Aircraft" + family + ".txt", WalkWorld::aircraft());
-            writeFile(place + "Airports" + family + ".txt", WalkWorld::airports());
-            writeFile(place + "Flightplans" + family + ".txt", plans);
-        }
-    }
-    for (int number = 1; number <= 3; ++number) {
-        writeFile("FS\\aircraft\\plane " + std::to_string(number) + "\\aircraft.cfg",
-                  WalkWorld::simulatorAircraft(number));
-    }
-    writeFile("FS\\weather\\icao name.cfg", "EGLL=Heathrow, London\r\nkjfk=New York - Kennedy\r\nXXXX=none\r\n");
-    writeFile("Vantor2.ini", "FSMODE, 2 \r\nFS2K2PATH," + path("FS\\") + "\r\nFS2K4PATH," + path("FS\\") + "\r\n");
-    writeFile("Updater.exe", "");
-    // The tool brings back what there was at the start.
-    writeExecutable(folder() / "TTools.exe", "#!/bin/sh\nhere=$(dirname \"$0\")\n"
-                                             "case $1 in /de*) cp \"$here\"/original/*.txt \"$here\" ;; esac\n");
-}
-
-// The program's start, also after its end.
-void RandomWalk::start() {
-    m_form.reset();
-    resetTables();
-    resetSettings();
-    resetProgress();
-    exitCodeOf([] {}); // the loop that hears of the end of the run before
-    currentPrinter().setOutputFormat(QPrinter::PdfFormat);
-    currentPrinter().setOutputFileName(QString::fromStdString((folder() / "print.pdf").string()));
-    m_host.setPointer(Pointer::Normal); // it goes with a program
-    m_loadFailed = false;
-    m_form = std::make_unique<frmMain>();
-    m_form->transferControl = [this] { return std::make_unique<ScriptedControl>(m_server); };
-    m_form->formLoad();
-    m_form->show();
-    at<QTimer>("Timer3").stop(); // its time comes when the user's draw says so
-}
-
-void RandomWalk::serve(QDialog& dialog) {
-    m_atDialog.push_back(trafficNow());
-    m_user.serve(dialog);
-    m_atDialog.pop_back();
-}
-
-// What is done inside a dialog changes nothing until it is left.
-void RandomWalk::lookInDialog() {
-    if (trafficNow() != m_atDialog.back()) {
-        tell({"the tables changed inside a dialog"});
-    }
-}
-
-bool RandomWalk::did(std::initializer_list<std::string_view> names) const {
-    return std::ranges::any_of(names, [&](std::string_view name) { return m_done.starts_with(name); });
-}
-
-// The updater's window while it is on the screen.
-QWidget* RandomWalk::updater() const {
-    auto* const found = m_form->findChild<fSHAREDUpdater*>();
-    return found != nullptr && found->isVisible() ? found : nullptr;
-}
-
-void RandomWalk::lookAtRing(Faults& faults) {
-    for (int index = 1; index <= recentActions; ++index) {
-        const std::string entry = actionText(index);
-        faults.expect(entry.empty() || isAllowed(entry), "in the ring: " + entry);
-        m_loadFailed = m_loadFailed || contains(entry, "sub cmdreload_click");
-    }
-    resetLogging();
-}
-
-// What changes traffic sets the flag, and a save alone clears it.
-void RandomWalk::lookAtFlag(Faults& faults, const Traffic& before, bool flagBefore) const {
-    const bool loaded = did({"cmdReload", "cmdLoadFlightPlan", "window: F5"});
-    const bool told = loaded || did({"cmdDeleteByICAO"}); // a delete by airport leaves the flag; it is meant
-    faults.expect(m_form->unsavedchanges || told || trafficNow() == before, "a change without the flag");
-    faults.expect(m_form->unsavedchanges || !flagBefore || did({"cmdSaveFlights", "window: Ctrl+S"}),
-                  "the flag fell without a save");
-}
-
-void RandomWalk::lookAtLists(Faults& faults) const {
-    const auto& list1 = at<ListBox>("List1");
-    for (int row = 0; row < list1.rowCount(); ++row) {
-        const std::int32_t slot = list1.itemData(row);
-        const bool holds = slot == 0 || (slot >= 1 && slot <= schedulecount && schedules.peek(slot).recnum != 0 &&
-                                         list1.rowText(row).starts_with("(DEL) ") == schedules.peek(slot).deleted);
-        faults.expect(holds, "List1 row " + std::to_string(row) + " differs from its schedule: " + list1.rowText(row));
-    }
-    const int closing = list1.rowCount() - 1;
-    faults.expect(closing < 0 || (list1.rowText(closing).empty() && list1.itemData(closing) == 0), "no closing row");
-    for (const ListRow& row : at<ListBox>("List2").rows()) {
-        faults.expect(row.itemData >= 0 && row.itemData / 1000 <= schedulecount, "List2 leads nowhere: " + row.text);
-    }
-    for (const ListRow& row : at<ListBox>("List3").rows()) {
-        const std::int32_t found = aircraftrecord(extractcode(row.text));
-        faults.expect(found != -1 && aircraft[found].missing && !aircraft[found].deleted,
-                      "List3 shows what is not missing: " + row.text);
-    }
-    for (const ListRow& row : at<ComboBox>("cmbAC").rows()) {
-        faults.expect(aircraft[row.itemData].acnum.text() == extractcode(row.text) && !aircraft[row.itemData].deleted,
-                      "cmbAC differs from the aircraft: " + row.text);
-    }
-    for (const ListRow& row : at<ComboBox>("cmbICAO").rows()) {
-        faults.expect(airports.peek(row.itemData).icao.text() == extractcode(row.text),
-                      "cmbICAO differs from the airports: " + row.text);
-    }
-}
-
-void RandomWalk::lookAtWindow(Faults& faults) const {
-    faults.expect(at("cmdPrint").isEnabled() == !m_form->timetableicao().empty(), "cmdPrint and its timetable differ");
-    faults.expect(QApplication::overrideCursor() == nullptr || m_loadFailed, "the pointer stayed busy");
-    for (const QWidget* const window : QApplication::topLevelWidgets()) {
-        faults.expect(!window->isVisible() || window == m_form.get() || window == updater(),
-                      "a window stayed open: " + fromQString(window->objectName()));
-    }
-    for (const auto& [option, frame] :
-         std::initializer_list<std::pair<const char*, const char*>>{{"optmass", "frameMassUpdate"},
-                                                                    {"optATCPercent", "frameSetATCPercent"},
-                                                                    {"optDelByIcao", "frameDelByIcao"},
-                                                                    {"optSplit", "frameSplit"},
-                                                                    {"optSplitAC", "frameSplitAC"}}) {
-        faults.expect(at<QRadioButton>(option).isChecked() == at(frame).isVisible(), "the wrong panel shows");
-    }
-}
-
-void RandomWalk::tell(const std::vector<std::string>& faults) {
-    if (faults.empty() || std::exchange(m_told, true)) {
-        return;
-    }
-    std::string text = "seed " + std::to_string(GetParam()) + ", step " + std::to_string(m_step) + ":\n";
-    for (const std::string& fault : faults) {
-        text += "  " + fault + "\n";
-    }
-    text += "behind these actions:\n";
-    for (const std::string& action : m_user.history()) {
-        text += "  " + action + "\n";
-    }
-    ADD_FAILURE() << text;
-}
-
-void RandomWalk::step() {
-    ++m_step;
-    m_form->activateWindow();
-    const Traffic before = trafficNow();
-    const bool flagBefore = m_form->unsavedchanges;
-    clock.advance(0.2);
-    QWidget* const other = updater(); // no modal window behind a check
-    m_done = m_user.act(other != nullptr && m_user.below(3) == 0 ? *other : *m_form);
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    Faults faults;
-    if (m_form->ended()) {
-        resetLogging();
-        start();
-        return;
-    }
-    lookAtRing(faults);
-    m_whole += m_loadFailed || schedulecount == 0 ? 0 : 1;
-    if (!m_loadFailed) {
-        lookAtFlag(faults, before, flagBefore);
-        lookAtLists(faults);
-        tell(tableFaults());
-    }
-    lookAtWindow(faults);
-    tell(faults.lines());
-}
-
-// A new start with the files of the world and nothing in the settings but their folder.
-void RandomWalk::startAnew() {
-    writeWorld();
-    start();
-    click(at("cmdReload"));
-}
-
-void RandomWalk::walk(int steps) {
-    startAnew();
-    while (m_step < steps && !m_told) {
-        if ((m_loadFailed || schedulecount == 0) && m_user.below(20) == 0) {
-            startAnew(); // little can be done in an empty window
-        }
-        step();
-    }
-    RecordProperty("actions", m_user.actions());
-    RecordProperty("stepsOverTraffic", m_whole);
-}
-
-// Saves both files as the user does and reads them again: the flight plans against the aircraft in memory, so that
-// nothing else moves.
-void RandomWalk::endBySaveAndLoad() {
-    if (m_told) {
-        return;
-    }
-    if (m_loadFailed || m_form->flightsname.empty()) {
-        startAnew();
-    }
-    const std::vector<ScheduleRec> expectedSchedules = readBack(trafficNow().schedules);
-    m_user.answers = {true, true}; // the question and what is told behind it
-    click(at("cmdSaveFlights"));
-    ASSERT_TRUE(m_user.answers.empty());
-    if (!expectedSchedules.empty()) { // a file without a line is refused
-        m_user.fileNames = {m_form->flightsname.substr(m_form->flightsname.rfind('\\') + 1)};
-        m_user.answers = {false}; // aircraft and airports stay
-        click(at("cmdLoadFlightPlan"));
-        m_user.answers.clear(); // a name without a suffix asks nothing
-        ASSERT_FALSE(m_form->ended()) << newestAction();
-        const std::vector<ScheduleRec> read = trafficNow().schedules;
-        ASSERT_EQ(read.size(), expectedSchedules.size());
-        for (std::size_t i = 0; i < read.size(); ++i) {
-            EXPECT_EQ(read[i], expectedSchedules[i]) << "schedule " << i + 1;
-        }
-    }
-    const std::vector<AircraftRec> expectedAircraft = readBack(trafficNow().aircraft);
-    m_user.answers = {true, true};
-    click(at("cmdSaveAircraft"));
-    if (!expectedAircraft.empty()) {
-        LoadAircraft(path("Aircraft.txt"), nullptr);
-        SortAircraft();
-        EXPECT_EQ(trafficNow().aircraft, expectedAircraft);
-    }
-}
 
 TEST_P(RandomWalk, KeepsTheTablesWhole) {
     walk(1000);

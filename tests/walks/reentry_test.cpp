@@ -1,6 +1,7 @@
 // Re-entry: keys, clicks and closes that arrive while a command runs, a dialog stands or the tool works.
 #include "core/tables.h"
 #include "foundation/log.h"
+#include "foundation/text.h"
 #include "platform/code_page.h"
 #include "shell/application_loop.h"
 #include "simulator/aircraft_changes.h"
@@ -11,16 +12,14 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QFileDialog>
 #include <QPushButton>
-#include <QRadioButton>
 
 #include <array>
 #include <atomic>
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace vantor::test {
@@ -28,10 +27,14 @@ namespace {
 
 class ReentryTest : public MainWindowFixture, public testing::WithParamInterface<const char*> {
   protected:
+    // The window with a row chosen in each list, the button in sight, and all boxes filled that stand beside one.
     void SetUp() override {
         resetAircraftNumbers();
         MainWindowFixture::SetUp();
         useHost(&host);
+        host.beforePump = {};
+        host.afterPump = {};
+        host.pumps = 0;
         writeStandInTool(folder() / "TTools.exe");
         press("optFS2k4");
         press("optFS2k2");
@@ -41,6 +44,18 @@ class ReentryTest : public MainWindowFixture, public testing::WithParamInterface
         for (auto* const button : form().findChildren<QAbstractButton*>()) {
             QObject::connect(button, &QAbstractButton::clicked, button, [this] { ++clicks; });
         }
+        for (const std::string name : {"DelByIcao", "Split", "SplitAC"}) {
+            if (control<QWidget>(form(), "frame" + name).isAncestorOf(&control<QWidget>(form(), GetParam()))) {
+                press("opt" + name);
+            }
+        }
+        for (const std::string_view box :
+             split("txtICAO1=LFPG txtICAO2=EGLL txtDelByICAO=LFPG txtSplitICAO=LFPG txtSplitIcao1=EGKK "
+                   "txtSplitIcao2=EGSS txtSplitACSource=AC#1 txtSplitACICAO=LFPG txtSplitACNewICAO=EGKK",
+                   " ")) {
+            const std::size_t sign = box.find('=');
+            control<QLineEdit>(form(), box.substr(0, sign)).setText(toQString(box.substr(sign + 1)));
+        }
     }
     void TearDown() override {
         MainWindowFixture::TearDown();
@@ -48,61 +63,33 @@ class ReentryTest : public MainWindowFixture, public testing::WithParamInterface
     }
     // The same window over the same files again.
     void startAnew() {
-        host.beforePump = {};
-        host.afterPump = {};
-        host.pumps = 0;
         TearDown();
         SetUp();
     }
 
-    // Shows the button and fills what stands beside it.
-    void prepare() const {
-        const std::string button = GetParam();
-        for (const auto& [option, frame] : std::initializer_list<std::pair<const char*, const char*>>{
-                 {"optDelByIcao", "frameDelByIcao"}, {"optSplit", "frameSplit"}, {"optSplitAC", "frameSplitAC"}}) {
-            if (control<QWidget>(form(), frame).isAncestorOf(&control<QWidget>(form(), button))) {
-                press(option);
-            }
-        }
-        const auto fill = [this](const char* box, const char* text) {
-            control<QLineEdit>(form(), box).setText(QLatin1String(text));
-        };
-        fill("txtICAO1", "LFPG");
-        fill("txtICAO2", "EGLL");
-        fill("txtDelByICAO", "LFPG");
-        fill("txtSplitICAO", "LFPG");
-        fill("txtSplitIcao1", "EGKK");
-        fill("txtSplitIcao2", "EGSS");
-        fill("txtSplitACSource", "AC#1");
-        fill("txtSplitACICAO", "LFPG");
-        fill("txtSplitACNewICAO", "EGKK");
-    }
     // All that a command may change: tables and files.
-    struct Outcome {
-        Traffic tables;
-        std::string flightplans;
-        std::string aircraft;
-        friend bool operator==(const Outcome&, const Outcome&) = default;
-    };
+    using Outcome = std::pair<Traffic, std::string>;
     [[nodiscard]] Outcome outcome() const {
-        return {trafficNow(), readFile("Flightplans.txt"), readFile("Aircraft.txt")};
+        return {trafficNow(), readFile("Flightplans.txt") + readFile("Aircraft.txt")};
     }
 
-    // Presses the button in the program's event loop, saying yes to all that comes up, and gives what came of it and
-    // the exit code.
-    struct Run {
-        Outcome outcome;
-        int code = 0;
-    };
-    Run run() {
-        Run result;
+    // Presses the button in the program's event loop, saying yes to all that comes up; gives the exit code and what
+    // came of it.
+    Outcome done;
+    int run() {
         const DialogService yes([this](QDialog& dialog) { accept(dialog); });
-        result.code = exitCodeOf([&] {
+        return exitCodeOf([&] {
             press(GetParam());
             host.beforePump = {};
             host.afterPump = {};
-            result.outcome = outcome();
+            done = outcome();
         });
+    }
+    // Runs it with nobody about, and gets ready to run it again.
+    Outcome undisturbed() {
+        run();
+        Outcome result = std::move(done);
+        startAnew();
         return result;
     }
     void accept(QDialog& dialog) const {
@@ -158,10 +145,7 @@ class CommandReentry : public ReentryTest {};
 class DialogReentry : public ReentryTest {};
 
 TEST_P(CommandReentry, KeysAndClicksWaitForItsEnd) {
-    prepare();
-    const Outcome undisturbed = run().outcome;
-    startAnew();
-    prepare();
+    const Outcome expected = undisturbed();
     int before = 0;
     host.beforePump = [&](int pump) {
         before = clicks;
@@ -170,7 +154,8 @@ TEST_P(CommandReentry, KeysAndClicksWaitForItsEnd) {
         }
     };
     host.afterPump = [&] { EXPECT_EQ(clicks, before) << "a pump let a click through"; };
-    EXPECT_TRUE(run().outcome == undisturbed) << newestAction();
+    run();
+    EXPECT_TRUE(done == expected) << newestAction();
     // What waited comes now.
     const DialogService no([](QDialog& dialog) { dialog.close(); });
     QCoreApplication::processEvents();
@@ -178,31 +163,28 @@ TEST_P(CommandReentry, KeysAndClicksWaitForItsEnd) {
 }
 
 TEST_P(CommandReentry, ACloseWaitsForItsEnd) {
-    prepare();
-    const Outcome undisturbed = run().outcome;
+    const Outcome expected = undisturbed();
     int pumps = 1;
     for (int pump = 0; pump < pumps; ++pump) {
-        startAnew();
-        prepare();
         host.beforePump = [&](int number) {
             if (number == pump) {
                 QApplication::closeAllWindows(); // an open dialog first
                 EXPECT_FALSE(form().ended());
             }
         };
-        const Run closed = run();
+        const int code = run();
         pumps = std::min(host.pumps, 8);
-        EXPECT_EQ(closed.code, pumps > 0 ? 0 : stillRuns);
+        EXPECT_EQ(code, pumps > 0 ? 0 : stillRuns);
         EXPECT_EQ(form().ended(), pumps > 0);
-        EXPECT_TRUE(closed.outcome == undisturbed) << "closed at pump " << pump;
+        EXPECT_TRUE(done == expected) << "closed at pump " << pump;
         EXPECT_EQ(tableFaults(), std::vector<std::string>());
+        startAnew();
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(, CommandReentry, testing::ValuesIn(commandButtons), nameOfButton);
 
 TEST_P(DialogReentry, TheWindowBehindIsOutOfReach) {
-    prepare();
     const Outcome before = outcome();
     int dialogs = 0;
     const DialogService user([&](QDialog& dialog) {
@@ -224,17 +206,15 @@ TEST_P(DialogReentry, TheWindowBehindIsOutOfReach) {
 
 // The answer and a click on the window behind arrive together: the dialog is gone and its command has not gone on yet.
 TEST_P(DialogReentry, AClickBehindTheAnswerStartsNothingInside) {
-    prepare();
-    const Outcome undisturbed = run().outcome;
-    startAnew();
-    prepare();
+    const Outcome expected = undisturbed();
     const auto copy = clickOn(control<QWidget>(form(), "cmdCopy"));
     answerButton = [&](const QAbstractButton& button) {
         clickOn(button)();
         copy();
         QCoreApplication::processEvents();
     };
-    EXPECT_TRUE(run().outcome == undisturbed);
+    run();
+    EXPECT_TRUE(done == expected);
     EXPECT_EQ(tableFaults(), std::vector<std::string>());
 }
 
@@ -257,9 +237,10 @@ TEST_P(ToolReentry, KeysAndClicksComeWhenItHasEnded) {
         writeFile("go", "");
     });
     const Outcome before = outcome();
-    EXPECT_TRUE(run().outcome == before);
+    run();
     over = true;
     user.join();
+    EXPECT_TRUE(done == before);
     QCoreApplication::processEvents();
     // What the decompile tells behind the tool keeps the window out of reach.
     EXPECT_EQ(schedulecount, std::string_view(GetParam()) == "cmdCompile" ? 5 : 4);
