@@ -1,7 +1,6 @@
 // Tests of the main window.
-// Its two lists and the boxes that choose what they show, clicked through as a user does.
-#include "core/tables.h"
-#include "foundation/log.h"
+// Its two lists and the boxes that choose what they show, clicked through as a user does. What rows say and which
+// buttons they allow is tested without the window.
 #include "platform/code_page.h"
 #include "support/main_window.h"
 
@@ -28,6 +27,14 @@ class ListsTest : public MainWindowFixture {
         }
         return states;
     }
+    // The numbers of the legs shown.
+    [[nodiscard]] std::string legs() const {
+        std::string numbers;
+        for (const ListRow& row : list("List2").rows()) {
+            numbers += std::to_string(row.itemData) + " ";
+        }
+        return numbers;
+    }
     const std::string one = "AC#1 - \"Boeing 737\" GAAA (IFR,2 legs)|";
     const std::string two = "AC#2 - \"Gone\" GBBB (IFR,2 legs)|";
     const std::string three = "AC#2 - \"Gone\" GCCC (IFR,2 legs)|";
@@ -39,9 +46,7 @@ TEST_F(ListsTest, EveryFlightIsListedAndClickedThrough) {
     EXPECT_EQ(rows("List1"), one + two + three + four + "|");
     EXPECT_EQ(title("fraList1"), "Listing all flights");
     EXPECT_EQ(list("List1").currentRow(), 0);
-    EXPECT_EQ(list("List2").rowCount(), 0) << "no legs until a click";
-    EXPECT_EQ(buttons(), "------");
-
+    EXPECT_EQ(legs() + buttons(), "------") << "no legs until a click";
     clickRow(list("List1"), 3);
     EXPECT_EQ(title("fraList2"), "Legs in flight #4");
     // EGKK lies 22 nautical miles from EGLL.
@@ -49,37 +54,22 @@ TEST_F(ListsTest, EveryFlightIsListedAndClickedThrough) {
                              "FL#2 - EGLL to EGKK (22 nm) dpt 12:00:00 every 24HR|");
     EXPECT_EQ(list("List2").currentRow(), 0);
     EXPECT_EQ(buttons(), "++++++");
-
     clickRow(list("List1"), 1, Qt::ControlModifier);
     EXPECT_EQ(buttons(), "--++++") << "two rows";
-
-    const std::string legs = rows("List2");
     pressKey(list("List1"), Qt::Key_End);
     EXPECT_EQ(list("List1").currentRow(), 4);
-    EXPECT_EQ(rows("List2"), legs) << "the closing row leaves the legs";
-    EXPECT_EQ(buttons(), "------");
+    EXPECT_EQ(legs() + buttons(), "2001 2002 ------") << "the closing row leaves the legs";
 }
 
-TEST_F(ListsTest, FlightsOfAnAircraftPickedOrTyped) {
+TEST_F(ListsTest, FlightsOfAnAircraftOrAnAirportPickedOrTyped) {
     pickRow(combo("cmbAC"), 1); // AC#2
-    EXPECT_EQ(box("txtATCAircraft"), "AC#2");
     press("cmdListACnum");
     EXPECT_EQ(rows("List1"), two + three + "|");
-    clickRow(list("List1"), 1);
-    EXPECT_EQ(title("fraList2"), "Legs in flight #3");
-
     typeOver(combo("cmbAC"), "ac#3");
     EXPECT_EQ(box("txtATCAircraft"), "AC#2") << "typing is no click";
     press("cmdListACnum");
     EXPECT_EQ(rows("List1"), four + "|");
 
-    typeOver(combo("cmbAC"), "none such");
-    press("cmdListACnum");
-    EXPECT_EQ(rows("List1"), "|");
-    EXPECT_EQ(list("List2").rowCount(), 0);
-}
-
-TEST_F(ListsTest, FlightsOfAnAirportAndTheBoxesThatFollow) {
     pickRow(combo("cmbICAO"), 0); // EGLL
     pickRow(combo("cmbICAO"), 3); // EGSS
     for (const char* const name : {"txtICAO1", "txtSplitICAO", "txtSplitIcao1", "txtDelByICAO", "txtSplitACICAO"}) {
@@ -102,9 +92,7 @@ TEST_F(ListsTest, AircraftOfAnAirportShowTheirLegsThere) {
     clickRow(list("List1"), 1);
     EXPECT_EQ(combo("cmbAC").text(), "AC#2 - \"Gone\"");
     EXPECT_EQ(box("txtATCAircraft"), percentBox) << "setting the text is no click";
-    ASSERT_EQ(list("List2").rowCount(), 2) << "of its four legs those at the airport";
-    EXPECT_EQ(list("List2").itemData(0), 3001);
-    EXPECT_EQ(list("List2").itemData(1), 3002);
+    EXPECT_EQ(legs(), "3001 3002 ") << "of its four legs those at the airport";
     EXPECT_EQ(title("fraList2"), "Flights to/from EGLL by \"Gone\"");
     EXPECT_EQ(buttons(), "----++") << "no schedule stands behind the row";
 }
@@ -118,8 +106,7 @@ TEST_F(ListsTest, AirportsOfAnAircraftAreSortedAndShowItsLegs) {
     EXPECT_EQ(combo("cmbICAO").text(), "EGSS - EGSS");
     EXPECT_EQ(box("txtICAO1"), "EGSS");
     EXPECT_EQ(box("txtDelByICAO"), other) << "setting the text is no click";
-    ASSERT_EQ(list("List2").rowCount(), 2);
-    EXPECT_EQ(list("List2").itemData(0), 2001);
+    EXPECT_EQ(legs(), "2001 2002 ");
     clickRow(list("List1"), 3);
     EXPECT_EQ(combo("cmbICAO").text(), "EGSS - EGSS") << "the closing row does nothing";
 }

