@@ -266,6 +266,7 @@ TEST_F(AirportSplitTest, MovesOneAircraft) {
 
 TEST_F(AirportSplitTest, RefusesInTheOrderOfItsChecksAndLeavesTheTrafficAlone) {
     addLoop({"LFPG", "EGLL"});
+    addAirport("-1", "called like a miss");
     const auto refused = [](std::string message) { return BulkOutcome{.message = std::move(message)}; };
     for (auto [boxes, message] : std::vector<std::pair<SplitBoxes, std::string>>{
              {{"EGLL", " ", "", "5%"}, "Please specify the first 'Split' ICAO"},
