@@ -14,6 +14,7 @@ class UtilitiesPanel : public MainWindowFixture {
     void SetUp() override {
         MainWindowFixture::SetUp();
         press("cmdListall");
+        clickRow(list("List1"), 0);
     }
     /// What a change did to the flag and to the lists.
     [[nodiscard]] std::string traces() const {

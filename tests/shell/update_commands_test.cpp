@@ -72,11 +72,16 @@ TEST_F(UpdateCommands, TheAutomaticCheckNeedsLeaveAWeekAndNoOpenDialog) {
     elapse();
     EXPECT_EQ(logTexts().back(), "Automatic update check is disabled");
     allowAutomaticCheck();
-    press("cmdSettings", "frmSettings", [this](QDialog& shown) {
-        elapse();
-        EXPECT_TRUE(timer().isActive()) << "it comes again";
-        shown.reject();
-    });
+    changeSomething();
+    {
+        const DialogService user([this](QDialog& question) {
+            elapse();
+            EXPECT_TRUE(timer().isActive()) << "it comes again";
+            question.close();
+        });
+        press("cmdCheckUpdate");
+    }
+    EXPECT_TRUE(script.requests.empty());
     sset("LastUpdateCheck", dayNumber({2004, 5, 26}));
     elapse();
     EXPECT_TRUE(script.requests.empty());
