@@ -12,9 +12,8 @@
 #include <QDesktopServices>
 #include <QLocale>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QThread>
-#include <QTime>
-#include <QUrl>
 
 #include <algorithm>
 #include <cmath>
@@ -47,13 +46,6 @@ Qt::CursorShape shapeOf(Pointer pointer) {
     return Qt::ArrowCursor;
 }
 
-// The time in the locale's long form, without the time zone that it may carry.
-QString longTime(const QLocale& locale, QTime time) {
-    QString format = locale.timeFormat(QLocale::LongFormat);
-    format.remove(QLatin1Char('t'));
-    return locale.toString(time, format.trimmed());
-}
-
 void startDetached(const QString& program, const QStringList& arguments) {
     QProcess process;
     process.setProgram(program);
@@ -68,6 +60,13 @@ QString boxText(std::string_view text) {
     shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     return shown;
+}
+
+QString longTime(const QLocale& locale, QTime time) {
+    static const QRegularExpression zone(QStringLiteral(R"([,\s]*[(\[]?t+[)\]]?)"));
+    QString format = locale.timeFormat(QLocale::LongFormat);
+    format.remove(zone);
+    return locale.toString(time, format.trimmed());
 }
 
 QtHost::~QtHost() {
@@ -151,8 +150,10 @@ std::string QtHost::shortDate(const Date& date) {
 
 std::string QtHost::generalDateTime(DateTime value) {
     const int seconds = secondsOfDay(value);
-    const bool hasDate = std::trunc(value) != 0.0;
-    std::string result = hasDate ? shortDate(dateOf(value)) : std::string();
+    // The last half second of a day shows as midnight, which belongs to the next one.
+    const DateTime day = seconds == 0 ? std::nearbyint(value) : std::trunc(value);
+    const bool hasDate = day != 0.0;
+    std::string result = hasDate ? shortDate(dateOf(day)) : std::string();
     // The general form leaves out a date of day 0 and a time of midnight, but never both.
     if (seconds != 0 || !hasDate) {
         const std::string time = fromQString(longTime(QLocale::system(), QTime(0, 0).addSecs(seconds)));

@@ -4,9 +4,12 @@
 
 #include "foundation/host.h"
 
+#include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QString>
+#include <QTime>
+#include <QUrl>
 #include <QWidget>
 
 #include <string_view>
@@ -15,6 +18,8 @@ namespace vantor {
 
 /// A message as a box shows it: its lines end in CR, which Qt's labels would run over.
 [[nodiscard]] QString boxText(std::string_view text);
+/// A time in the locale's long form, without the time zone and what stands around it.
+[[nodiscard]] QString longTime(const QLocale& locale, QTime time);
 
 /// Needs a QApplication while it is in use. Tests find its boxes by the object names "messageBox" and "questionBox".
 class QtHost : public Host {

@@ -115,6 +115,18 @@ TEST_F(QtHostTest, GeneralFormLeavesOutAnEmptyDateOrTime) {
     EXPECT_EQ(qtHost.generalDateTime(day), date);
     EXPECT_EQ(qtHost.generalDateTime(day + 0.5), date + " " + time);
     EXPECT_FALSE(qtHost.generalDateTime(0.0).empty());
+    EXPECT_EQ(qtHost.generalDateTime(day - 1e-6), date); // shown to the second: midnight of the next day
+}
+
+TEST_F(QtHostTest, TheLongTimeLeavesNothingOfTheTimeZone) {
+    const QTime time(13, 5, 9);
+    for (const auto& [name, shown] : {std::pair{"en_US", "1:05:09 PM"},
+                                      {"es_ES", "13:05:09"},
+                                      {"be_BY", "13:05:09"},
+                                      {"fr_CA", "13 h 05 min 09 s"},
+                                      {"nn_NO", "kl. 13:05:09"}}) {
+        EXPECT_EQ(longTime(QLocale(QLatin1String(name)), time), QLatin1String(shown)) << name;
+    }
 }
 
 } // namespace
