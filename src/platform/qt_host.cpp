@@ -69,6 +69,14 @@ QString longTime(const QLocale& locale, QTime time) {
     return locale.toString(time, format.trimmed());
 }
 
+QUrl addressUrl(std::string_view address) {
+    // One lone percent sign, and the URL would take all of them for plain ones.
+    static const QRegularExpression lonePercent(QStringLiteral("%(?![0-9A-Fa-f]{2})"));
+    QString text = toQString(address);
+    text.replace(lonePercent, QStringLiteral("%25"));
+    return QUrl::fromEncoded(text.toUtf8(), QUrl::TolerantMode);
+}
+
 QtHost::~QtHost() {
     if (QCoreApplication::instance() != nullptr) {
         showPointer(Pointer::Normal);
@@ -198,7 +206,7 @@ void QtHost::openAddress(std::string_view address) {
     const std::string text(address);
     ShellExecuteA(nullptr, "open", text.c_str(), nullptr, "c:\\", SW_SHOWNORMAL);
 #else
-    QDesktopServices::openUrl(QUrl::fromEncoded(toQString(address).toUtf8(), QUrl::TolerantMode));
+    QDesktopServices::openUrl(addressUrl(address));
 #endif
 }
 

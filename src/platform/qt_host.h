@@ -20,6 +20,8 @@ namespace vantor {
 [[nodiscard]] QString boxText(std::string_view text);
 /// A time in the locale's long form, without the time zone and what stands around it.
 [[nodiscard]] QString longTime(const QLocale& locale, QTime time);
+/// An address or mail request as a URL. One that was cut in the middle of an escape keeps all its other escapes.
+[[nodiscard]] QUrl addressUrl(std::string_view address);
 
 /// Needs a QApplication while it is in use. Tests find its boxes by the object names "messageBox" and "questionBox".
 class QtHost : public Host {

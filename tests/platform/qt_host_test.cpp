@@ -129,5 +129,13 @@ TEST_F(QtHostTest, TheLongTimeLeavesNothingOfTheTimeZone) {
     }
 }
 
+TEST_F(QtHostTest, AMailCutInTheMiddleOfAnEscapeKeepsTheOthers) {
+    const std::string_view front = "mailto:a@b.c?subject=Bug%20Report&body=100%25 of";
+    for (const auto& [end, sent] : {std::pair{"%0D%0A", "%0D%0A"}, {"%0D%0", "%0D%250"}, {"%0D%", "%0D%25"}}) {
+        EXPECT_EQ(addressUrl(std::string(front) + end + "&attachment=\"\"").toEncoded().toStdString(),
+                  std::string("mailto:a@b.c?subject=Bug%20Report&body=100%25%20of") + sent + "&attachment=%22%22");
+    }
+}
+
 } // namespace
 } // namespace vantor
