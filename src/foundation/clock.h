@@ -39,6 +39,7 @@ class Clock {
 /// Puts another clock in use; nullptr brings the system's back. The clock must outlive its use.
 void useClock(Clock* clock) noexcept;
 
+/// Local date and time by the clock in use.
 [[nodiscard]] DateTime now();
 /// Today as a whole day number.
 [[nodiscard]] std::int32_t today();
@@ -56,6 +57,7 @@ void useClock(Clock* clock) noexcept;
 [[nodiscard]] int secondsOfDay(DateTime value) noexcept;
 /// The time of day as a fraction, to the whole second.
 [[nodiscard]] DateTime timeOfDay(DateTime value) noexcept;
+/// Hour (0 to 23) and minute (0 to 59) of the time of day, rounded to the second first.
 [[nodiscard]] int hourOf(DateTime value) noexcept;
 [[nodiscard]] int minuteOf(DateTime value) noexcept;
 

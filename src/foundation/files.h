@@ -99,7 +99,6 @@ class ReplacingFile : public Channel {
     void write(std::string_view bytes);
     /// Puts the new file in the old one's place; quiet after a failed write, which was raised already.
     void commit();
-    [[nodiscard]] bool failed() const noexcept { return m_failed; }
 
   private:
     void discard() noexcept;
@@ -116,16 +115,21 @@ class ReplacingFile : public Channel {
 [[nodiscard]] std::string pathonly(std::string_view name);
 /// Behind the last separator, or the whole name; every "/" in the result is a "\".
 [[nodiscard]] std::string fileonly(std::string_view name);
+/// The same as fileonly.
 [[nodiscard]] std::string fileexpath(std::string_view name);
 /// Before the last "." of the whole text, folder and all: a dot in a folder's name counts.
 [[nodiscard]] std::string filewithoutext(std::string_view name);
+/// The same as filewithoutext.
 [[nodiscard]] std::string fileroot(std::string_view name);
 /// The text up to its first zero character, trimmed.
 [[nodiscard]] std::string stripnull(std::string_view text);
 
 /// Whether a search for `path` (wildcards * and ? work in its last part) first meets something that is no folder.
 [[nodiscard]] bool FileExists(std::string_view path) noexcept;
+/// Whether a search for `path`, less one "\" at its end, first meets a folder. A bare drive ("C:", "C:\") is taken for
+/// granted.
 [[nodiscard]] bool FolderExists(std::string_view path) noexcept;
+/// Whether the file (or folder) is there and nobody may write to it.
 [[nodiscard]] bool isReadOnly(std::string_view path) noexcept;
 /// Takes the read-only mark off an existing file; false when there is none or that failed.
 bool MakeReadWrite(std::string_view path) noexcept;
@@ -142,10 +146,11 @@ void EraseFile(std::string_view path) noexcept;
 /// Writes `text` exactly as it stands through createoutputfile. Failures go to the ring.
 void WriteTextFile(std::string_view path, std::string_view text) noexcept;
 
-/// The number of lines of a text file, by reading through them; 0 if it doesn't exist.
+/// The number of lines of a text file, by reading through them; 0 if it doesn't exist. Raises as InputFile does.
 [[nodiscard]] std::int32_t LinesInFile(std::string_view path);
-/// The whole file as one text; empty if it doesn't exist.
+/// The whole file as one text; empty if it doesn't exist. Raises what opening and reading meet, with an empty text.
 void LoadTextFile(std::string_view path, std::string& text);
+/// The same as LoadTextFile.
 void ReadWholeFile(std::string_view path, std::string& text);
 
 /// Appends the immediate subfolders of `folder`, each name followed by "\", ascending without regard to case. A

@@ -15,7 +15,7 @@ inline constexpr int recentActions = 40;
 void setlogfile();
 /// Appends one line to the log; with `create` a new log with its header is begun. Raises what the file raises.
 void logit(std::string_view text, bool create = false);
-/// The writer behind logit.
+/// The writer behind logit: opens the file for this one line. A log that can't be erased is appended to.
 void writelogline(std::string_view path, std::string_view text, bool create);
 /// Puts an entry into the ring. When the ring is full it is dumped to the log first, which may raise.
 void logaction(std::string_view text, std::string_view procedure, std::string_view module);

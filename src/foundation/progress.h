@@ -15,10 +15,12 @@ inline constexpr Colour defaultBarColour = 0x80FF80;
 /// final state (value equal to total). A null picture box is one fault in the ring.
 void showprogressstring(Canvas* box, double value, double total, std::string_view text, Colour bar = 0,
                         Colour back = 0) noexcept;
-/// Draws the bar. `percent` shows the percentage when there is no text, `force` draws whatever the clock says.
+/// Draws the bar for `value` out of `total`, in any unit; a total of 0 counts as 1. `percent` shows the percentage in
+/// place of the text, `force` draws whatever the clock says. `bar` is the text's colour too. Faults go to the ring.
 void showprogress(Canvas* box, double value, double total, std::string_view text, bool percent, bool force,
                   Colour bar = 0, Colour back = 0) noexcept;
-/// Writes `text` centred in the box. A colour of 0 leaves the colour as it is.
+/// Writes `text` centred in the box, which is wiped first with `clear`. A colour of 0 leaves the colour as it is.
+/// Faults go to the ring.
 void PrintCentered(Canvas* box, std::string_view text, bool clear, Colour textColour, Colour back) noexcept;
 
 /// Lets the window repaint and timers run if 0.25 seconds have passed since the last time. Keys and clicks wait.
@@ -27,9 +29,11 @@ void timedevents();
 void checkevents();
 /// Lets everything run, and counts as a pump of timedevents.
 void pumpEverything();
-/// Waits, in steps of half a second with a pump between them when it is over one second.
+/// Waits; over one second in steps of half a second with a pump after each. Error 6 beyond 2^31 milliseconds.
 void delay(float seconds);
+/// As delay, in milliseconds.
 void delayms(int milliseconds);
+/// Puts the thread to sleep, without any pump; a negative number counts as 0.
 void sleepms(int milliseconds);
 
 /// Forgets the clock values of the last drawing and pump. For tests.

@@ -26,6 +26,7 @@ class SettingValue {
     [[nodiscard]] std::string text() const;
     /// The value as a number; true is -1. Error 13 for a text that is no number.
     [[nodiscard]] double number() const;
+    /// The number in a narrower type, whole numbers with halves to even. Error 13 as number, 6 beyond the type.
     [[nodiscard]] std::int16_t int16() const;
     [[nodiscard]] std::int32_t int32() const;
     [[nodiscard]] float single() const;
@@ -33,8 +34,6 @@ class SettingValue {
     [[nodiscard]] bool flag() const;
     /// The value as it is written into the file: numbers with a blank ahead (or a minus) and one behind.
     [[nodiscard]] std::string written() const;
-    /// Whether the value is a text (as opposed to a number or a flag).
-    [[nodiscard]] bool isText() const { return std::holds_alternative<std::string>(m_value); }
 
     friend bool operator==(const SettingValue&, const SettingValue&) = default;
 
@@ -55,16 +54,23 @@ class cSHAREDSettings {
     [[nodiscard]] std::int32_t SettingsCount() const noexcept;
     /// The name of entry 1 upward; empty (and a fault in the ring) outside.
     [[nodiscard]] std::string SettingNameByIndex(std::int32_t index) const noexcept;
+    /// Adds or updates an entry; the key goes into capitals and loses its commas.
     void sSet(std::string_view key, const SettingValue& value) noexcept;
     void StoreSetting(std::string_view key, const SettingValue& value) noexcept;
     /// As RetrieveSetting, but a value equal to 0 also gives the default.
     [[nodiscard]] SettingValue RetrieveWithDefault(std::string_view key, const SettingValue& fallback) const noexcept;
     void DeleteAllSettings() noexcept;
+    /// The value of a key in any case, a word for true or false as the flag; the default as it is for a missing key.
     [[nodiscard]] SettingValue sGet(std::string_view key, const SettingValue& fallback) const noexcept;
     [[nodiscard]] SettingValue RetrieveSetting(std::string_view key, const SettingValue& fallback) const noexcept;
+    /// Writes the file, whole or not at all. The user is told of failures, but for a read-only file (a line in the
+    /// log); a full disk is tried again until there is room.
     void SaveSettings(std::string_view file) noexcept;
+    /// Replaces the store from the file; a missing file empties it. The user is told of failures.
     void LoadSettings(std::string_view file) noexcept;
+    /// Removes the entry with this key, as it stands or else in capitals; a missing one is no fault.
     void DeleteSettingByName(std::string_view key) noexcept;
+    /// Removes entry 1 upward; outside is a fault in the ring.
     void DeleteSetting(std::int32_t index) noexcept;
 
   private:
@@ -86,6 +92,8 @@ void LoadSettings(std::string_view file) noexcept;
 void savesettings(std::string_view file) noexcept;
 /// The value of a key, or the default. On a store that was never created: a fault in the ring, and the default.
 [[nodiscard]] SettingValue sget(std::string_view key, const SettingValue& fallback) noexcept;
+/// Stores a value in memory; the file is written by savesettings. On a store that was never created: a fault in the
+/// ring.
 void sset(std::string_view key, const SettingValue& value) noexcept;
 /// Drops the store, as at the start of a run. For tests.
 void resetSettings();

@@ -103,21 +103,6 @@ void ComboBox::setRowText(int row, std::string_view text) {
     }
 }
 
-void ComboBox::removeRow(int row) {
-    if (!m_rows->holds(row)) {
-        return;
-    }
-    const int before = QComboBox::currentIndex();
-    const bool wasCurrent = currentRow() == row;
-    const QString shown = isEditable() ? lineEdit()->text() : QString();
-    m_rows->remove(row);
-    if (wasCurrent) {
-        place(-1, {});
-    } else if (before == row) {
-        place(-1, shown); // typed over: the text stays
-    }
-}
-
 int ComboBox::rowCount() const {
     return m_rows->count();
 }
@@ -128,14 +113,6 @@ std::string ComboBox::rowText(int row) const {
 
 std::int32_t ComboBox::itemData(int row) const {
     return m_rows->itemData32(row);
-}
-
-void ComboBox::setItemData(int row, std::int32_t itemData) {
-    const QString shown = isEditable() ? lineEdit()->text() : QString();
-    m_rows->setItemData32(row, itemData);
-    if (isEditable() && lineEdit()->text() != shown) {
-        place(QComboBox::currentIndex(), shown);
-    }
 }
 
 int ComboBox::currentRow() const {

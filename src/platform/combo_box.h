@@ -33,15 +33,12 @@ class ComboBox : public QComboBox {
     void setRows(ListRows rows);
     /// Changes a row's text; the box's own text follows when the row is current. No click.
     void setRowText(int row, std::string_view text);
-    /// Removes a row. When it was the current row, none is current and the text is empty afterwards. No click.
-    void removeRow(int row);
 
     [[nodiscard]] int rowCount() const;
     /// The text of a row, empty outside the rows.
     [[nodiscard]] std::string rowText(int row) const;
     /// The item data of a row, 0 outside the rows.
     [[nodiscard]] std::int32_t itemData(int row) const;
-    void setItemData(int row, std::int32_t itemData);
     [[nodiscard]] const ListRows& rows() const noexcept { return m_rows->rows(); }
 
     /// The row picked last, -1 when there is none or another text was typed over it.

@@ -55,10 +55,6 @@ std::int32_t ListBox::itemData(int row) const {
     return m_rows->itemData32(row);
 }
 
-void ListBox::setItemData(int row, std::int32_t itemData) {
-    m_rows->setItemData32(row, itemData);
-}
-
 int ListBox::currentRow() const {
     return currentIndex().row();
 }

@@ -21,6 +21,7 @@ class ListBox : public QListView {
 
     /// Drops all rows, and with them the current row and the selection. No click.
     void clear();
+    /// Adds a row at the end. No click.
     void addRow(std::string_view text, std::int32_t itemData = 0);
     /// Replaces all rows at once and scrolls to the top. No row is current or selected then. No click.
     void setRows(ListRows rows);
@@ -33,7 +34,6 @@ class ListBox : public QListView {
     [[nodiscard]] std::string rowText(int row) const;
     /// The item data of a row, 0 outside the rows.
     [[nodiscard]] std::int32_t itemData(int row) const;
-    void setItemData(int row, std::int32_t itemData);
 
     [[nodiscard]] int currentRow() const;
     /// Text and item data of the current row; empty and 0 without one.

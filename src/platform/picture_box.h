@@ -46,8 +46,6 @@ class PictureBox : public QFrame, public Canvas {
     void setPicture(const QPixmap& picture);
     /// What was drawn so far.
     [[nodiscard]] QPixmap surface();
-    /// Repaints at once.
-    void refresh() { repaint(); }
 
   Q_SIGNALS:
     /// The mouse was let go on the box, or Space or Enter pressed where the box takes the focus.

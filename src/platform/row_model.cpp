@@ -32,13 +32,6 @@ void RowModel::setText(int row, std::string_view text) {
     }
 }
 
-void RowModel::setItemData32(int row, std::int32_t itemData) {
-    if (holds(row)) {
-        at(row).itemData = itemData;
-        tellChanged(row);
-    }
-}
-
 std::string_view RowModel::text(int row) const noexcept {
     return holds(row) ? std::string_view(at(row).text) : std::string_view();
 }

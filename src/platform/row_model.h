@@ -24,7 +24,6 @@ class RowModel : public QAbstractListModel {
     /// Removes one row; a number outside the rows does nothing.
     void remove(int row);
     void setText(int row, std::string_view text);
-    void setItemData32(int row, std::int32_t itemData);
 
     [[nodiscard]] int count() const noexcept { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] bool holds(int row) const noexcept { return row >= 0 && row < count(); }

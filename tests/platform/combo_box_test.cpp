@@ -104,17 +104,13 @@ TEST_P(ComboBoxTest, SettingTheTextIsNoClick) {
     EXPECT_EQ(told(), GetParam() ? "0 clicks, -1 'nowhere'" : "0 clicks, 2 'YPPH - Perth'");
 }
 
-TEST_P(ComboBoxTest, ChangedAndRemovedRowsTakeTheTextAlong) {
+TEST_P(ComboBoxTest, AChangedRowTakesTheTextAlong) {
     combo.setCurrentRow(1);
     combo.setRowText(1, "EGKK - Gatwick");
     EXPECT_EQ(told(), "1 clicks, 1 'EGKK - Gatwick'");
     combo.setRowText(0, "EDDM - Munich");
-    combo.removeRow(0);
-    EXPECT_EQ(told(), "0 clicks, 0 'EGKK - Gatwick'");
-    combo.removeRow(0);
-    EXPECT_EQ(told(), "0 clicks, -1 ''");
-    combo.removeRow(5);
-    EXPECT_EQ(combo.rows(), (ListRows{{"YPPH - Perth", 3}}));
+    EXPECT_EQ(told(), "0 clicks, 1 'EGKK - Gatwick'");
+    EXPECT_EQ(combo.rows(), (ListRows{{"EDDM - Munich", 1}, {"EGKK - Gatwick", 2}, {"YPPH - Perth", 3}}));
 }
 
 TEST_P(ComboBoxTest, APickFromTheListIsAClickAlsoOnTheCurrentRow) {
@@ -186,8 +182,6 @@ TEST_P(EditableComboTest, TypedTextSurvivesChangesOfTheRows) {
     pressKey(*combo.lineEdit()->completer()->popup(), Qt::Key_Escape);
     combo.addRow("KSEA - Seattle", 4);
     combo.setRowText(1, "EGLC - London City");
-    combo.setItemData(1, 77);
-    combo.removeRow(1);
     EXPECT_EQ(told(), "1 clicks, -1 'kse'");
 }
 

@@ -74,8 +74,7 @@ TEST_F(ListBoxTest, RowsAndWhatLiesOutsideThem) {
     EXPECT_EQ(list.rowText(9), "");
     EXPECT_EQ(list.itemData(9), 0);
     EXPECT_EQ(list.rowText(-1), "");
-    list.setItemData(8, -5);
-    EXPECT_EQ(list.itemData(8), -5);
+    EXPECT_EQ(list.itemData(8), 7);
     EXPECT_EQ(told(), "nothing");
 }
 

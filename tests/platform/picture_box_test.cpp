@@ -98,7 +98,7 @@ TEST_F(PictureBoxTest, ContentSurvivesPaintingAndGrowing) {
     int resizes = 0;
     QObject::connect(&box, &PictureBox::resized, &box, [&] { ++resizes; });
     box.fillBox(0, 0, 150, 150, red);
-    box.refresh();
+    box.repaint();
     EXPECT_EQ(box.grab().toImage().pixel(5, 5), qRgb(255, 0, 0));
     box.resize(120, 80);
     EXPECT_EQ(resizes, 1);

@@ -56,7 +56,6 @@ TEST(RowModelTest, OutsideTheRowsIsEmptyAndChangesNothing) {
         EXPECT_EQ(model.itemData32(row), 0);
         model.remove(row);
         model.setText(row, "x");
-        model.setItemData32(row, 9);
     }
     EXPECT_FALSE(model.insertRows(2, 1, {}));
     EXPECT_FALSE(model.removeRows(0, 2, {}));
