@@ -10,53 +10,40 @@
 namespace vantor {
 namespace {
 
-using test::errorOf;
 using test::unwritable;
 using Names = std::vector<std::string>;
 
 class Disk : public test::Fixture {
   protected:
-    void chmod(std::string_view name, unsigned mode) const {
-        std::filesystem::permissions(folder() / name, std::filesystem::perms(mode));
+    void makeReadOnly(std::string_view name) const {
+        std::filesystem::permissions(folder() / name, std::filesystem::perms(0444));
     }
 };
 
-TEST_F(Disk, FilesAndFolders) {
-    writeFile("dir\\file.txt", "x");
-    EXPECT_TRUE(FileExists(path("DIR\\File.TXT")));
-    EXPECT_FALSE(FileExists(path("dir")));
-    EXPECT_FALSE(FileExists(path("dir\\file.txt\\")));
-    EXPECT_FALSE(FileExists(path("none")));
-    EXPECT_FALSE(FileExists(""));
-    EXPECT_TRUE(FolderExists(path("dir")));
-    EXPECT_TRUE(FolderExists(path("dir\\")));
-    EXPECT_FALSE(FolderExists(path("none")));
-    EXPECT_FALSE(FolderExists(path("dir\\file.txt")));
-    EXPECT_FALSE(FolderExists(""));
-    EXPECT_FALSE(FolderExists("\\\\server\\share"));
-    EXPECT_FALSE(FileExists(std::string_view("\0", 1)));
-}
-
-TEST_F(Disk, WildcardsAskForTheFirstMatch) {
+TEST_F(Disk, FilesFoldersAndTheFirstMatchOfAPattern) {
     writeFile("dir\\Beta.txt", "x");
     writeFile("dir\\noext", "x");
     std::filesystem::create_directory(folder() / "dir/alpha.txt");
-    EXPECT_TRUE(FileExists(path("dir\\b*.TXT")));
-    EXPECT_TRUE(FileExists(path("dir\\?eta.*")));
-    EXPECT_TRUE(FileExists(path("dir\\noe*.*"))); // ".*" fits a name without a dot as well
-    EXPECT_FALSE(FileExists(path("dir\\*.txt"))); // the folder comes first
-    EXPECT_TRUE(FolderExists(path("dir\\*.txt")));
-    EXPECT_FALSE(FileExists(path("dir\\*.*"))); // "." comes first
-    EXPECT_FALSE(FileExists(path("dir\\x*")));
-    EXPECT_FALSE(FileExists(path("none\\*")));
-    EXPECT_TRUE(FileExists(path("dir\\b*t*x*t")));
-    EXPECT_FALSE(FileExists(path("dir\\b*t*y*t")));
+    enum Kind { None, File, Folder };
+    const std::pair<std::string, Kind> cases[] = {{path("DIR\\BETA.txt"), File}, {path("dir\\Beta.txt\\"), None},
+                                                  {path("dir"), Folder},         {path("dir\\"), Folder},
+                                                  {path("none"), None},          {"", None},
+                                                  {std::string(1, '\0'), None},  {"\\\\server\\share", None},
+                                                  {path("dir\\b*.TXT"), File},   {path("dir\\?eta.*"), File},
+                                                  {path("dir\\b*t*x*t"), File},  {path("dir\\b*t*y*t"), None},
+                                                  {path("dir\\noe*.*"), File},  // ".*" fits a name without a dot too
+                                                  {path("dir\\*.txt"), Folder}, // which comes first
+                                                  {path("dir\\*.*"), Folder},   // "." comes first
+                                                  {path("dir\\x*"), None},       {path("none\\*"), None}};
+    for (const auto& [name, kind] : cases) {
+        EXPECT_EQ(FileExists(name), kind == File) << name;
+        EXPECT_EQ(FolderExists(name), kind == Folder) << name;
+    }
 }
 
 TEST_F(Disk, ReadOnlyFiles) {
     writeFile("file", "x");
-    EXPECT_FALSE(isReadOnly(path("file")));
-    chmod("file", 0444);
+    makeReadOnly("file");
     EXPECT_TRUE(isReadOnly(path("file")));
     EXPECT_TRUE(MakeReadWrite(path("file")));
     EXPECT_FALSE(isReadOnly(path("file")));
@@ -65,11 +52,11 @@ TEST_F(Disk, ReadOnlyFiles) {
     EXPECT_TRUE(isReadOnly(unwritable));
     EXPECT_FALSE(MakeReadWrite(unwritable));
 
-    chmod("file", 0444);
+    makeReadOnly("file");
     createoutputfile(path("file"))->commit();
     EXPECT_EQ(readFile("file"), "");
     EXPECT_TRUE(logLines().empty());
-    chmod("file", 0444);
+    makeReadOnly("file");
     EraseFile(path("file"));
     EXPECT_FALSE(exists("file"));
     EraseFile(path("file"));
@@ -86,16 +73,16 @@ TEST_F(Disk, AFileThatCantBeMadeWritableIsLogged) {
 }
 
 TEST_F(Disk, WholeFiles) {
-    std::string bytes("a\r\nb\0\xFF", 6);
+    const std::string bytes("a\r\nb\0\xFF", 6);
     WriteTextFile(path("text"), bytes);
     EXPECT_EQ(readFile("text"), bytes);
+    EXPECT_EQ(FileLength(path("text")), 6U);
+    EXPECT_EQ(test::errorOf([&] { (void)FileLength(path("none")); }), 53);
     std::string text = "before";
     ReadWholeFile(path("text"), text);
     EXPECT_EQ(text, bytes);
-    EXPECT_EQ(FileLength(path("text")), 6U);
     LoadTextFile(path("none"), text);
     EXPECT_EQ(text, "");
-    EXPECT_EQ(errorOf([&] { (void)FileLength(path("none")); }), 53);
     LoadTextFile(test::systemFile("\\proc\\self\\status"), text); // tells a length of 0
     EXPECT_NE(text.find("VmPeak"), std::string::npos);
 

@@ -4,7 +4,6 @@
 #include "foundation/log.h"
 #include "support/fixture.h"
 
-#include <gtest/gtest.h>
 #include <stdexcept>
 
 namespace vantor {
@@ -15,40 +14,35 @@ class ErrorReportTest : public test::Fixture {
     void SetUp() override {
         Fixture::SetUp();
         recorder.version = SystemVersion{2, 5, 1};
-        front = "Error Report: Vantor " + AppVersion() + ", WinXP";
-        mailFront = front + " (Please click Attach and add the log.txt file)%0D%0A%0D%0A";
     }
-    std::string front;
-    std::string mailFront;
+    const std::string front = "Error Report: Vantor " + AppVersion() + ", WinXP";
+    const std::string mailFront = front + " (Please click Attach and add the log.txt file)%0D%0A%0D%0A";
 };
 
 TEST_F(ErrorReportTest, EncodesFourMarksAndEveryKindOfLineEnd) {
-    EXPECT_EQ(encodeForMail("50% of #1 & more? \xFC=+\"<>"), "50%25 of %231 %26 more%3F \xFC=+\"<>");
-    EXPECT_EQ(encodeForMail("a%3Fb"), "a%253Fb");
-    EXPECT_EQ(encodeForMail("a\r\nb\nc\rd"), "a%0D%0Ab%0D%0Ac%0D%0Ad");
-    // Each pair counts once: an empty line stays between CR LF ends and goes between ends of one character.
-    EXPECT_EQ(encodeForMail("a\r\n\r\nb"), "a%0D%0A%0D%0Ab");
-    EXPECT_EQ(encodeForMail("a\n\nb\r\rc\n\n\nd"), "a%0D%0Ab%0D%0Ac%0D%0A%0D%0Ad");
+    const std::pair<const char*, const char*> cases[] = {
+        {"50% of #1 & more? \xFC=+\"<>", "50%25 of %231 %26 more%3F \xFC=+\"<>"},
+        {"a%3Fb", "a%253Fb"},
+        {"a\r\nb\nc\rd", "a%0D%0Ab%0D%0Ac%0D%0Ad"},
+        // Each pair counts once: an empty line stays between CR LF ends and goes between ends of one character.
+        {"a\r\n\r\nb", "a%0D%0A%0D%0Ab"},
+        {"a\n\nb\r\rc\n\n\nd", "a%0D%0Ab%0D%0Ac%0D%0A%0D%0Ad"}};
+    for (const auto& [text, encoded] : cases) {
+        EXPECT_EQ(encodeForMail(text), encoded);
+    }
 }
 
-TEST_F(ErrorReportTest, TheBodyHoldsDetailsAndLogInOrder) {
+TEST_F(ErrorReportTest, TheMailHoldsDetailsAndLogAndIsCutOnTheEncodedText) {
     EXPECT_EQ(mailBody({"75 - Path?", std::nullopt, "line 1\r\nline #2\r\n"}),
               mailFront + "75 - Path%3F%0D%0A%0D%0Aline 1%0D%0Aline %232%0D%0A");
     EXPECT_EQ(mailBody({"75", "100%\r\nsure", ""}), mailFront + "User: 100%25%0D%0Asure%0D%0A75%0D%0A%0D%0A");
     EXPECT_EQ(mailBody({"75", "", ""}), mailFront + "User: %0D%0A75%0D%0A%0D%0A"); // touched and left empty
-}
 
-TEST_F(ErrorReportTest, TheBodyIsCutOnTheEncodedText) {
-    const std::size_t room = mailBodyLimit - mailFront.size() - std::string("E%0D%0A%0D%0A").size();
     const std::string start = mailFront + "E%0D%0A%0D%0A";
-    const std::string fits(room, 'x');
-    EXPECT_EQ(mailBody({"E", std::nullopt, fits}), start + fits);
+    const std::string fits(mailBodyLimit - start.size(), 'x');
     EXPECT_EQ(mailBody({"E", std::nullopt, fits + "y"}), start + fits);
-    const std::string escape = std::string(room - 2, 'x') + "%";
-    EXPECT_EQ(mailBody({"E", std::nullopt, escape}), start + std::string(room - 2, 'x') + "%2");
-}
+    EXPECT_EQ(mailBody({"E", std::nullopt, fits.substr(2) + "%"}), start + fits.substr(2) + "%2");
 
-TEST_F(ErrorReportTest, TheRequestNamesMailboxSubjectAndAnEmptyAttachment) {
     const ErrorReport report{"E & F", std::nullopt, "log"};
     EXPECT_EQ(mailRequest(report), "mailto:" VANTOR_BUG_MAILBOX "?subject=Bug%20Report%20(Vantor%20-%20" +
                                        AppVersion() + ")&body=" + mailBody(report) + "&attachment=\"\"");

@@ -7,27 +7,26 @@
 namespace vantor {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class LocaleWords : public test::Fixture {};
 
 TEST_F(LocaleWords, PatternsOfSamples) {
-    EXPECT_EQ(flocaldateformatstring("25/12/2001"), "DD/MM/YYYY");
-    EXPECT_EQ(flocaldateformatstring("12/25/2001"), "MM/DD/YYYY");
-    EXPECT_EQ(flocaldateformatstring("25.12.2001"), "DD.MM.YYYY");
-    EXPECT_EQ(flocaldateformatstring("25/12/01"), "DD/MM/YY");
-    EXPECT_EQ(flocaldateformatstring("2001-12-25"), "YYYY-MM-DD");
-    EXPECT_EQ(flocaldateformatstring("01-12-25"), "YY-MM-DD");
-    EXPECT_EQ(flocaldateformatstring("2001-25-12"), ""); // known, and stays
-    EXPECT_EQ(flocaldateformatstring("2001. 12. 25."), "YYYY.MM.DD");
-    EXPECT_EQ(flocaldateformatstring(""), "MM/DD/YY");
-    EXPECT_EQ(flocaldateformatstring("2001"), "");
-    EXPECT_EQ(flocalfulldateformat("25.12.2001"), "DD.MMM.YYYY");
+    const std::pair<const char*, const char*> patterns[] = {{"25/12/2001", "DD/MM/YYYY"},
+                                                            {"12/25/2001", "MM/DD/YYYY"},
+                                                            {"25.12.2001", "DD.MM.YYYY"},
+                                                            {"25/12/01", "DD/MM/YY"},
+                                                            {"2001-12-25", "YYYY-MM-DD"},
+                                                            {"01-12-25", "YY-MM-DD"},
+                                                            {"2001-25-12", ""}, // known, and stays
+                                                            {"", "MM/DD/YY"},
+                                                            {"2001", ""}};
+    for (const auto& [sample, pattern] : patterns) {
+        EXPECT_EQ(flocaldateformatstring(sample), pattern) << sample;
+    }
     EXPECT_EQ(flocalfulldateformat("25-12.2001"), "DD.MMM.YYYY"); // the dot is put in first
-    EXPECT_EQ(fdateseparator("25-12-2001"), "-");
-    EXPECT_EQ(fdateseparator("25.12.2001"), ".");
-    EXPECT_EQ(fdateseparator("25-12/2001"), "/");
-    EXPECT_EQ(fdateseparator("20011225"), "/");
+    for (const auto& [sample, separator] :
+         {std::pair{"25-12-2001", "-"}, {"25-12.2001", "."}, {"25.12/2001", "/"}, {"20011225", "/"}}) {
+        EXPECT_EQ(fdateseparator(sample), separator) << sample;
+    }
 }
 
 TEST_F(LocaleWords, WorkedOutOnceAndLogged) {
@@ -36,12 +35,11 @@ TEST_F(LocaleWords, WorkedOutOnceAndLogged) {
     recorder.falseWord = "Fals\xE7h";
     EXPECT_EQ(gettruestring(), "WAHR");
     EXPECT_EQ(getfalsestring(), "FALS\xC7H");
-    checkinitialised();
-    EXPECT_EQ(logTexts(), (Lines{"Date format: DD.MM.YYYY", "Full date format: DD.MMM.YYYY",
-                                 "Full date format plus time: DD.MMM.YYYY HH:MM", "Date separator: .",
-                                 "True string: WAHR False string: FALS\xC7H"}));
     recorder.trueWord = "Vrai"; // a change during the run has no effect
     EXPECT_EQ(gettruestring(), "WAHR");
+    EXPECT_EQ(logTexts(), (std::vector<std::string>{"Date format: DD.MM.YYYY", "Full date format: DD.MMM.YYYY",
+                                                    "Full date format plus time: DD.MMM.YYYY HH:MM",
+                                                    "Date separator: .", "True string: WAHR False string: FALS\xC7H"}));
 }
 
 TEST_F(LocaleWords, FaultsAreSwallowed) {
