@@ -1,17 +1,79 @@
-// What the program asks of the disk: existence, attributes, dates, whole files, folders.
+// Paths, as texts and on the system, and what the program asks of the disk: existence, dates, whole files, folders.
 #include "foundation/files.h"
 #include "foundation/log.h"
+#include "foundation/native_path.h"
 #include "support/expect_error.h"
 #include "support/fixture.h"
 #include "support/system_files.h"
 
 #include <chrono>
+#include <cstdlib>
 
 namespace vantor {
 namespace {
 
 using test::unwritable;
 using Names = std::vector<std::string>;
+
+TEST(PathText, Parts) {
+    EXPECT_EQ(addbackslash(""), "");
+    EXPECT_EQ(addbackslash("C:\\x"), "C:\\x\\");
+    EXPECT_EQ(addbackslash("C:\\x\\"), "C:\\x\\");
+    EXPECT_EQ(pathonly("file.txt"), ".\\");
+    EXPECT_EQ(pathonly("C:/a\\b/file.txt"), "C:/a\\b/"); // as given, slashes too
+    EXPECT_EQ(fileonly("C:/a\\b/file.txt"), "file.txt");
+    EXPECT_EQ(fileonly("C:\\a\\"), "");
+    EXPECT_EQ(fileexpath("plain"), "plain");
+    EXPECT_EQ(filewithoutext("C:\\a.b\\file"), "C:\\a"); // the last dot lies in the folder
+    EXPECT_EQ(fileroot("a.b.txt"), "a.b");
+    EXPECT_EQ(fileroot("nodot"), "nodot");
+    EXPECT_EQ(stripnull(std::string_view(" ab \0cd", 7)), "ab");
+}
+
+#ifndef _WIN32
+
+class NativePaths : public test::Fixture {};
+
+TEST_F(NativePaths, EachComponentIsFoundWithoutCase) {
+    writeFile("Fs\\Aircraft\\B737.CFG", "x");
+    EXPECT_EQ(nativePath(path("fs\\AIRCRAFT/b737.cfg")), folder() / "Fs/Aircraft/B737.CFG");
+    EXPECT_EQ(nativePath(path("fs\\missing\\AIRCRAFT")), folder() / "Fs/missing/AIRCRAFT");
+    EXPECT_EQ(nativePath(path("fs\\..\\fs\\aircraft")), folder() / "Fs/../Fs/Aircraft");
+    writeFile("fs\\other", "y"); // an exact spelling goes first
+    EXPECT_EQ(nativePath(path("fs")), folder() / "fs");
+    EXPECT_EQ(nativePath(path("FS")), folder() / "Fs"); // of two that fit, the first by its bytes
+    setProgramFile("/opt/vantor/Vantor.exe");
+    EXPECT_EQ(programFolder(), "\\opt\\vantor");
+    EXPECT_EQ(programName(), "Vantor");
+}
+
+TEST_F(NativePaths, NamesBeyondAscii) {
+    writeFile("M\xFCnchen.txt", "x"); // stands as UTF-8 on the disk
+    EXPECT_EQ(nativePath(path("M\xFCnchen.txt")), folder() / "M\xC3\xBCnchen.txt");
+    EXPECT_EQ(nativePath(path("M\xDCNCHEN.TXT")), folder() / "M\xC3\xBCnchen.txt");
+    EXPECT_EQ(programPath(folder() / "M\xC3\xBCnchen.txt"), path("M\xFCnchen.txt"));
+    // A name that the code page can't hold, and one of single bytes, are found again by what the program makes of it.
+    for (const char* const name : {"\xE4\xB8\xAD.txt", "Z\xFCrich.txt"}) {
+        std::filesystem::create_directory(folder() / name);
+        EXPECT_EQ(nativePath(programPath(folder() / name)), folder() / name);
+    }
+}
+
+TEST_F(NativePaths, DriveLettersGoThroughTheWinePrefix) {
+    writeFile("wine\\drive_c\\Games\\fs9.exe", "x");
+    std::filesystem::create_directory(folder() / "wine/dosdevices");
+    std::filesystem::create_symlink("../drive_c", folder() / "wine/dosdevices/c:");
+    const char* const prefix = std::getenv("WINEPREFIX");
+    const std::string before = prefix != nullptr ? prefix : "";
+    setenv("WINEPREFIX", (folder() / "wine").c_str(), 1);
+    EXPECT_TRUE(FileExists("C:\\games\\FS9.EXE"));
+    EXPECT_TRUE(FolderExists("c:\\GAMES\\"));
+    EXPECT_FALSE(FileExists("D:\\games\\fs9.exe"));
+    EXPECT_TRUE(FolderExists("D:\\")); // a bare drive is taken for granted
+    prefix != nullptr ? setenv("WINEPREFIX", before.c_str(), 1) : unsetenv("WINEPREFIX");
+}
+
+#endif
 
 class Disk : public test::Fixture {
   protected:
@@ -25,19 +87,26 @@ TEST_F(Disk, FilesFoldersAndTheFirstMatchOfAPattern) {
     writeFile("dir\\noext", "x");
     std::filesystem::create_directory(folder() / "dir/alpha.txt");
     enum Kind { None, File, Folder };
-    const std::pair<std::string, Kind> cases[] = {{path("DIR\\BETA.txt"), File}, {path("dir\\Beta.txt\\"), None},
-                                                  {path("dir"), Folder},         {path("dir\\"), Folder},
-                                                  {path("none"), None},          {"", None},
-                                                  {std::string(1, '\0'), None},  {"\\\\server\\share", None},
-                                                  {path("dir\\b*.TXT"), File},   {path("dir\\?eta.*"), File},
-                                                  {path("dir\\b*t*x*t"), File},  {path("dir\\b*t*y*t"), None},
-                                                  {path("dir\\noe*.*"), File},  // ".*" fits a name without a dot too
-                                                  {path("dir\\*.txt"), Folder}, // which comes first
-                                                  {path("dir\\*.*"), Folder},   // "." comes first
-                                                  {path("dir\\x*"), None},       {path("none\\*"), None}};
-    for (const auto& [name, kind] : cases) {
-        EXPECT_EQ(FileExists(name), kind == File) << name;
-        EXPECT_EQ(FolderExists(name), kind == Folder) << name;
+    // ".*" fits a name without a dot too; "." and folders are matches as well, and here they come first.
+    for (const auto& [name, kind] : {std::pair{"DIR\\BETA.txt", File},
+                                     {"dir\\Beta.txt\\", None},
+                                     {"dir", Folder},
+                                     {"dir\\", Folder},
+                                     {"none", None},
+                                     {"dir\\b*.TXT", File},
+                                     {"dir\\?eta.*", File},
+                                     {"dir\\b*t*x*t", File},
+                                     {"dir\\b*t*y*t", None},
+                                     {"dir\\noe*.*", File},
+                                     {"dir\\*.txt", Folder},
+                                     {"dir\\*.*", Folder},
+                                     {"dir\\x*", None},
+                                     {"none\\*", None}}) {
+        EXPECT_EQ(FileExists(path(name)), kind == File) << name;
+        EXPECT_EQ(FolderExists(path(name)), kind == Folder) << name;
+    }
+    for (const std::string& nowhere : {std::string(), std::string(1, '\0'), std::string("\\\\server\\share")}) {
+        EXPECT_FALSE(FileExists(nowhere) || FolderExists(nowhere)) << nowhere;
     }
 }
 
@@ -116,12 +185,6 @@ TEST_F(Disk, SubfoldersAscendWithoutRegardToCase) {
     EXPECT_EQ(list, (Names{"before", "a\\", "b\\", "C\\", "d\\", "\xFCser\\"}));
     EXPECT_EQ(recorder.paintPumps, 1);
 
-    const std::string root = path("root\\");
-    fillfolders(root, list, true);
-    EXPECT_EQ(list.front(), root + "a\\aircraft.cfg");
-    EXPECT_EQ(list.size(), 5U);
-    fillfolders(root, list, false);
-    EXPECT_EQ(list.back(), root + "\xFCser\\");
     fillfolders(path("none\\"), list, true);
     EXPECT_TRUE(list.empty());
     EXPECT_EQ(newestAction(), "");

@@ -20,14 +20,13 @@ class ErrorReportTest : public test::Fixture {
 };
 
 TEST_F(ErrorReportTest, EncodesFourMarksAndEveryKindOfLineEnd) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"50% of #1 & more? \xFC=+\"<>", "50%25 of %231 %26 more%3F \xFC=+\"<>"},
-        {"a%3Fb", "a%253Fb"},
-        {"a\r\nb\nc\rd", "a%0D%0Ab%0D%0Ac%0D%0Ad"},
-        // Each pair counts once: an empty line stays between CR LF ends and goes between ends of one character.
-        {"a\r\n\r\nb", "a%0D%0A%0D%0Ab"},
-        {"a\n\nb\r\rc\n\n\nd", "a%0D%0Ab%0D%0Ac%0D%0A%0D%0Ad"}};
-    for (const auto& [text, encoded] : cases) {
+    // Each pair counts once: an empty line stays between CR LF ends and goes between ends of one character.
+    for (const auto& [text, encoded] :
+         {std::pair{"50% of #1 & more? \xFC=+\"<>", "50%25 of %231 %26 more%3F \xFC=+\"<>"},
+          {"a%3Fb", "a%253Fb"},
+          {"a\r\nb\nc\rd", "a%0D%0Ab%0D%0Ac%0D%0Ad"},
+          {"a\r\n\r\nb", "a%0D%0A%0D%0Ab"},
+          {"a\n\nb\r\rc\n\n\nd", "a%0D%0Ab%0D%0Ac%0D%0A%0D%0Ad"}}) {
         EXPECT_EQ(encodeForMail(text), encoded);
     }
 }

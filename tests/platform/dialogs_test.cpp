@@ -1,94 +1,68 @@
 // Tests of the Qt side of the program.
 // File, folder and printer dialogs, driven in the toolkit's own dialogs over real folders.
 #include "foundation/native_path.h"
-#include "platform/code_page.h"
 #include "platform/file_dialogs.h"
 #include "platform/printer_choice.h"
+#include "support/fixture.h"
 #include "support/form_driver.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QPrinter>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace vantor {
 namespace {
 
-using test::enterFileName;
 using test::expectDialog;
 
-class DialogsTest : public testing::Test {
+class DialogsTest : public test::Fixture {
   protected:
-    DialogsTest() {
-        EXPECT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("sub")));
-        QFile file(folder.filePath(QStringLiteral("plan.txt")));
-        EXPECT_TRUE(file.open(QFile::WriteOnly));
+    /// Lets `user` have the next file dialog, which must start in the test's folder.
+    auto expectFileDialog(std::function<void(QFileDialog&)> user) const {
+        return expectDialog("fileDialog", [this, user = std::move(user)](QDialog& dialog) {
+            auto& chooser = dynamic_cast<QFileDialog&>(dialog);
+            EXPECT_EQ(chooser.directory().canonicalPath(), QDir(folder()).canonicalPath());
+            user(chooser);
+        });
     }
-
-    QTemporaryDir folder;
-    std::string root = fromQtPath(folder.path());
+    static void enter(QFileDialog& dialog, const char* name) { test::enterFileName(dialog, QLatin1String(name)); }
+    static void cancel(QFileDialog& dialog) { test::pressKey(dialog, Qt::Key_Escape); }
 };
 
 TEST_F(DialogsTest, AskForFilenameStartsInTheFilesFolder) {
-    const auto dialogs = expectDialog("fileDialog", [&](QDialog& dialog) {
-        auto& chooser = dynamic_cast<QFileDialog&>(dialog);
-        EXPECT_EQ(chooser.windowTitle(), QStringLiteral("Select your aircraft.txt file"));
-        EXPECT_EQ(chooser.directory().canonicalPath(), QDir(folder.path()).canonicalPath());
-        enterFileName(dialog, QStringLiteral("plan.txt"));
+    const auto dialogs = expectFileDialog([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Select your aircraft.txt file"));
+        EXPECT_EQ(dialog.nameFilters(), QStringList{QStringLiteral("*.TXT")});
+        enter(dialog, "new.txt"); // a file need not exist
     });
-    EXPECT_EQ(askforFilename("Select your aircraft.txt file", root + "\\old.txt"), root + "\\plan.txt");
-    const auto cancelled = expectDialog("fileDialog", [](QDialog& dialog) { test::pressKey(dialog, Qt::Key_Escape); });
-    EXPECT_EQ(askforFilename("Title", root + "\\old.txt", "*.TXT"), "");
-}
-
-TEST_F(DialogsTest, AFileNeedNotExistAndThePatternIsTheOneFilter) {
-    const auto dialogs = expectDialog("fileDialog", [&](QDialog& dialog) {
-        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).nameFilters(), QStringList{QStringLiteral("*.TXT")});
-        enterFileName(dialog, QStringLiteral("new.txt"));
-    });
-    cSharedFileSel chooser;
-    chooser.SetCaption("Choose a flight plan");
-    chooser.Filepattern("*.TXT");
-    chooser.DefaultPath(root);
-    chooser.GetFilename();
-    EXPECT_FALSE(chooser.Cancelled());
-    EXPECT_EQ(chooser.Path(), root);
-    EXPECT_EQ(chooser.Filename(), "new.txt");
+    EXPECT_EQ(askforFilename("Select your aircraft.txt file", path("old.txt"), "*.TXT"), path("new.txt"));
+    const auto cancelled = expectFileDialog(cancel);
+    EXPECT_EQ(askforFilename("Title", path("old.txt")), "");
 }
 
 TEST_F(DialogsTest, AFolderIsChosenWithoutATrailingBackslash) {
+    writeFile("sub\\x", "");
     cSharedFileSel chooser;
-    chooser.SetCaption("Please locate the Flight Sim folder");
-    chooser.DefaultPath(root + "\\");
+    chooser.DefaultPath(path(""));
     {
-        const auto dialogs =
-            expectDialog("fileDialog", [](QDialog& dialog) { enterFileName(dialog, QStringLiteral("sub")); });
+        const auto dialogs = expectFileDialog([](QFileDialog& dialog) { enter(dialog, "sub"); });
         chooser.GetPath();
     }
     EXPECT_FALSE(chooser.Cancelled());
-    EXPECT_EQ(chooser.Path(), root + "\\sub");
-    const auto dialogs = expectDialog("fileDialog", [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(chooser.Path(), path("sub"));
+    const auto cancelled = expectFileDialog(cancel);
     chooser.GetPath();
     EXPECT_TRUE(chooser.Cancelled());
-}
 
-TEST_F(DialogsTest, WithoutAStartFolderTheProgramsIsTaken) {
-    const std::string before = programFolder();
-    setProgramFile(std::filesystem::path(QFile::encodeName(folder.filePath(QStringLiteral("Vantor"))).toStdString()));
-    const auto dialogs = expectDialog("fileDialog", [&](QDialog& dialog) {
-        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory().canonicalPath(), QDir(folder.path()).canonicalPath());
-        QTest::keyClick(&dialog, Qt::Key_Escape);
+    setProgramFile(folder() / "sub/Vantor"); // where a dialog without a start folder starts
+    const auto elsewhere = expectDialog("fileDialog", [](QDialog& dialog) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory().dirName(), QStringLiteral("sub"));
+        test::pressKey(dialog, Qt::Key_Escape);
     });
-    cSharedFileSel chooser;
-    chooser.GetFilename();
-    EXPECT_TRUE(chooser.Cancelled());
-    setProgramFile(nativePath(before) / "Vantor");
+    cSharedFileSel().GetFilename();
 }
 
-TEST(FileSelTest, OneOfTwoTrailingBackslashesIsDropped) {
+TEST_F(DialogsTest, OneOfTwoTrailingBackslashesIsDropped) {
     cSharedFileSel chooser;
     for (const auto& [given, kept] : {std::pair{"C:\\\\", "C:\\"}, {"\\\\", "\\\\"}, {"C:", "C:"}, {"C:\\", "C:\\"}}) {
         chooser.DefaultPath(given);
@@ -97,7 +71,7 @@ TEST(FileSelTest, OneOfTwoTrailingBackslashesIsDropped) {
 }
 
 #ifndef _WIN32 // the dialog there is the system's own
-TEST(PrinterChoiceTest, AChoiceHoldsForTheRunAndACancelChangesNothing) {
+TEST_F(DialogsTest, AChosenPrinterHoldsForTheRunAndACancelChangesNothing) {
     QWidget owner;
     const auto dialogs = expectDialog("printDialog", [](QDialog& dialog) { test::pressKey(dialog, Qt::Key_Escape); });
     QPrinter& before = currentPrinter();

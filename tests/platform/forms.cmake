@@ -4,5 +4,4 @@ target_sources(
           ${CMAKE_CURRENT_LIST_DIR}/dialogs_test.cpp
           ${CMAKE_CURRENT_LIST_DIR}/list_box_test.cpp
           ${CMAKE_CURRENT_LIST_DIR}/picture_box_test.cpp
-          ${CMAKE_CURRENT_LIST_DIR}/qt_host_test.cpp
-          ${CMAKE_CURRENT_LIST_DIR}/row_model_test.cpp)
+          ${CMAKE_CURRENT_LIST_DIR}/qt_host_test.cpp)

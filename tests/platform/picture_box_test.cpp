@@ -22,46 +22,40 @@ class PictureBoxTest : public testing::Test {
     }
 
     [[nodiscard]] QRgb pixel(int x, int y) { return box.surface().toImage().pixel(x, y); }
-    [[nodiscard]] int inked() {
-        int count = 0;
-        static_cast<void>(test::extentOf(box.surface().toImage(), [&](QRgb pixel) {
-            count += pixel != qRgb(255, 255, 255) ? 1 : 0;
-            return false;
-        }));
-        return count;
+    /// Where anything but white stands.
+    [[nodiscard]] QRect ink() {
+        return test::extentOf(box.surface().toImage(), [](QRgb pixel) { return pixel != qRgb(255, 255, 255); });
     }
 
     PictureBox box;
 };
 
 TEST_F(PictureBoxTest, SizesAreInTwipsWithTheBorderOutside) {
-    EXPECT_EQ(box.innerWidth(), 1500);
-    EXPECT_EQ(box.outerHeight(), 900);
     box.setFrameStyle(QFrame::Panel | QFrame::Sunken);
     box.setLineWidth(2);
     EXPECT_EQ(box.innerWidth(), 1500 - 4 * 15);
     EXPECT_EQ(box.innerHeight(), 900 - 4 * 15);
     EXPECT_EQ(box.outerWidth(), 1500);
+    EXPECT_EQ(box.outerHeight(), 900);
 }
 
 TEST_F(PictureBoxTest, BoxesFillWholePixelsBetweenTheirCorners) {
     box.fillBox(150, 150, 300, 225, red);
     EXPECT_EQ(pixel(10, 10), qRgb(255, 0, 0));
     EXPECT_EQ(pixel(19, 14), qRgb(255, 0, 0));
-    EXPECT_EQ(inked(), 10 * 5);
+    EXPECT_EQ(ink(), QRect(10, 10, 10, 5));
     box.clear();
     box.fillBox(300, 225, 150, 150, blue); // the corners the other way round
     EXPECT_EQ(pixel(10, 10), qRgb(0, 0, 255));
-    EXPECT_EQ(inked(), 10 * 5);
+    EXPECT_EQ(ink(), QRect(10, 10, 10, 5));
     box.clear();
     box.fillBox(150, 150, 300, 150, red);
-    EXPECT_EQ(inked(), 0); // a count of 0 has no bar
+    EXPECT_TRUE(ink().isEmpty()); // a count of 0 has no bar
 }
 
 TEST_F(PictureBoxTest, DrawingFarOutsideOrNowhereIsHarmless) {
     box.fillBox(-1e12, -1e12, 1e12, 1e12, red);
-    EXPECT_EQ(inked(), 100 * 60);
-    box.clear();
+    EXPECT_EQ(ink(), QRect(0, 0, 100, 60));
     const double nowhere = std::numeric_limits<double>::quiet_NaN();
     box.drawLine(nowhere, nowhere, 1e300, 75, blue);
     box.drawText(nowhere, 1e300, "far");
@@ -82,10 +76,9 @@ TEST_F(PictureBoxTest, LinesAndTextsGoWhereTheyAreTold) {
     const double width = box.textWidth("M");
     const double height = box.textHeight("M");
     box.drawText(750, 300, "M");
-    const QRect ink = test::extentOf(box.surface().toImage(), [](QRgb pixel) { return pixel != qRgb(255, 255, 255); });
-    ASSERT_FALSE(ink.isEmpty());
+    ASSERT_FALSE(ink().isEmpty());
     const QRect told(48, 18, static_cast<int>(width / 15) + 5, static_cast<int>(height / 15) + 5);
-    EXPECT_TRUE(told.contains(ink));
+    EXPECT_TRUE(told.contains(ink()));
     box.setFontSize(24);
     EXPECT_NEAR(box.textHeight("M"), 2 * height, 45);
 }
@@ -93,8 +86,6 @@ TEST_F(PictureBoxTest, LinesAndTextsGoWhereTheyAreTold) {
 TEST_F(PictureBoxTest, ContentSurvivesPaintingAndGrowing) {
     box.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
-    box.resize(100, 60);
-    box.clear();
     int resizes = 0;
     QObject::connect(&box, &PictureBox::resized, &box, [&] { ++resizes; });
     box.fillBox(0, 0, 150, 150, red);
@@ -102,9 +93,8 @@ TEST_F(PictureBoxTest, ContentSurvivesPaintingAndGrowing) {
     EXPECT_EQ(box.grab().toImage().pixel(5, 5), qRgb(255, 0, 0));
     box.resize(120, 80);
     EXPECT_EQ(resizes, 1);
-    EXPECT_EQ(pixel(5, 5), qRgb(255, 0, 0));
-    EXPECT_EQ(pixel(119, 79), qRgb(255, 255, 255));
     EXPECT_EQ(box.surface().size(), QSize(120, 80));
+    EXPECT_EQ(ink(), QRect(0, 0, 10, 10));
 }
 
 TEST_F(PictureBoxTest, APictureStandsInPlaceOfTheDrawing) {
