@@ -56,6 +56,7 @@ void frmMain::runCommand(const std::function<void(frmMain&)>& handler) {
     // everything through.
     if (m_running == 0) {
         const Running running(*this);
+        m_changesGivenUp = false; // who agreed to lose changes did not agree to lose what this command may add
         handler(*this);
     }
 }

@@ -35,7 +35,10 @@ class UpdateCommands : public MainWindowFixture {
         press("cmdListall");
         clickRow(list("List1"), 1);
     }
-    void changeSomething() const { press("cmdCopy"); }
+    void changeSomething() const {
+        clickRow(list("List1"), 1);
+        press("cmdCopy");
+    }
     [[nodiscard]] fSHAREDUpdater& updater() const { return control<fSHAREDUpdater>(form(), "fSHAREDUpdater"); }
     [[nodiscard]] QTimer& timer() const { return control<QTimer>(form(), "Timer3"); }
     void install(std::vector<BoxAnswer> answers) const {
@@ -133,6 +136,9 @@ TEST_F(UpdateCommands, TheProgramStaysWithoutAnInstallerOrWithoutLeave) {
     EXPECT_TRUE(exists("VantorUpd.exe"));
     writeStandInTool(folder() / "Updater.exe");
     changeSomething(); // since the check
+    install({{installNow, QMessageBox::Yes}, {loseByUpdate, QMessageBox::No}});
+    press("cmdCheckUpdate", {{loseByUpdate, QMessageBox::Yes}});
+    changeSomething(); // more than the user agreed to lose
     install({{installNow, QMessageBox::Yes}, {loseByUpdate, QMessageBox::No}});
     EXPECT_FALSE(form().ended());
     EXPECT_TRUE(form().isVisible() && updater().isVisible() && form().unsavedchanges);
