@@ -139,6 +139,23 @@ std::string weekdayText(std::int16_t day) {
     return " " + host().weekdayName(day + 1) + "s";
 }
 
+// A fault leaves the rows so far.
+void appendLegRows(const ScheduleRec& schedule, std::string_view icao, ListRows& rows) {
+    for (std::int32_t i = 1; i <= schedule.legcount; ++i) {
+        const LegRec& leg = schedule.legs[i];
+        if (icao.empty() || leg.toicao.text() == icao || leg.fromicao.text() == icao) {
+            rows.push_back({legRow(schedule, leg), leg.hashindex});
+        }
+    }
+}
+
+std::string legsCaption(const ScheduleRec& schedule, std::int32_t recnum, std::string_view icao) {
+    if (icao.empty()) {
+        return "Legs in flight #" + std::to_string(recnum);
+    }
+    return "Flights to/from " + std::string(icao) + " by " + aircrafttitle(schedule.acnum.text());
+}
+
 // Adds one schedule to a leg listing. Its fault ends it without a word: what was set before stays, and the current
 // row is not moved.
 void addToListing(std::int32_t recnum, std::string_view icao, LegListing& listing) noexcept {
@@ -150,7 +167,7 @@ void addToListing(std::int32_t recnum, std::string_view icao, LegListing& listin
         const ScheduleRec& schedule = schedules.peek(recnum);
         listing.enabled = !schedule.deleted;
         listing.caption = legsCaption(schedule, recnum, icao);
-        appendLegRows(recnum, icao, listing.rows);
+        appendLegRows(schedule, icao, listing.rows);
     } catch (...) {
         return;
     }
@@ -201,23 +218,6 @@ void listSchedules(std::string_view icao, std::string_view ac, bool unique, List
                                                std::to_string(lister.legNumber()) + " of schedule " +
                                                std::to_string(lister.scheduleNumber()));
     }
-}
-
-void appendLegRows(std::int32_t recnum, std::string_view icao, ListRows& rows) {
-    const ScheduleRec& schedule = schedules.peek(recnum);
-    for (std::int32_t i = 1; i <= schedule.legcount; ++i) {
-        const LegRec& leg = schedule.legs[i];
-        if (icao.empty() || leg.toicao.text() == icao || leg.fromicao.text() == icao) {
-            rows.push_back({legRow(schedule, leg), leg.hashindex});
-        }
-    }
-}
-
-std::string legsCaption(const ScheduleRec& schedule, std::int32_t recnum, std::string_view icao) {
-    if (icao.empty()) {
-        return "Legs in flight #" + std::to_string(recnum);
-    }
-    return "Flights to/from " + std::string(icao) + " by " + aircrafttitle(schedule.acnum.text());
 }
 
 LegListing listLegs(std::int32_t recnum, std::string_view icao) {

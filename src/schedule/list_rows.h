@@ -51,14 +51,9 @@ struct LegListing {
     bool disableButtons = false;        ///< the leg buttons are disabled after that click
 };
 
-/// Adds the rows of a schedule's legs, item data their hashindex; with an `icao` (a bare code) only those to or from
-/// it. What it raises leaves the rows so far.
-void appendLegRows(std::int32_t recnum, std::string_view icao, ListRows& rows);
-/// The caption of the leg list's frame: "Legs in flight #{recnum}", or "Flights to/from {icao} by {title}".
-[[nodiscard]] std::string legsCaption(const ScheduleRec& schedule, std::int32_t recnum, std::string_view icao);
-
-/// The legs of one schedule alone. A record number of 0 gives a listing without rows that leaves caption and list as
-/// they are. A fault ends it without a word, with what was set before it.
+/// The legs of one schedule alone, item data their hashindex; with an `icao` (a bare code) only those to or from it. A
+/// record number of 0 gives a listing without rows that leaves caption and list as they are. A fault ends it without a
+/// word, with what was set before it.
 [[nodiscard]] LegListing listLegs(std::int32_t recnum, std::string_view icao);
 /// The legs of all schedules of an aircraft; both are bare codes. Caption and enabling are those of the last schedule.
 [[nodiscard]] LegListing listLegsOfAircraft(std::string_view ac, std::string_view icao) noexcept;

@@ -15,6 +15,7 @@ namespace Ui {
 class frmChart;
 }
 
+/// The chart window. One is made for each showing; its picture follows the window's size.
 class frmChart : public QDialog {
     Q_OBJECT
   public:

@@ -18,6 +18,7 @@ namespace Ui {
 class frmMap;
 }
 
+/// The map window. One is made for each showing: loadmap, then exec.
 class frmMap : public QDialog {
     Q_OBJECT
   public:

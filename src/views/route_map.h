@@ -30,19 +30,22 @@ struct MapPoint {
 /// Whether a map of this size may be made 1.25 times as large.
 [[nodiscard]] bool mayZoomIn(MapPoint size) noexcept;
 
-/// Where the map's controls go in a window of a size. The frame keeps its size in a window too small for it.
+/// Where the map's controls go, in twips.
 struct MapLayout {
     MapPoint frame{100, 100};
     MapPoint frameSize;
     MapPoint map{1, 1};
     double buttonsTop = 0;
 };
+/// The layout for a window's size. A frame of `frameSize` keeps it in a window too small for it.
 [[nodiscard]] MapLayout mapLayout(MapPoint window, MapPoint frameSize) noexcept;
 
-/// The drag of the map inside its frame. Positions are those of the pointer on the map itself.
+/// The drag of the map inside its frame. Positions are those of the pointer on the map itself, in twips.
 class MapDrag {
   public:
+    /// A drag starts here.
     void press(float x, float y) noexcept;
+    /// The next drag starts here, unless it is pressed elsewhere.
     void release(float x, float y) noexcept { press(x, y); }
     /// The map's new place. `held` tells whether the left button is down. Raises error 6 for positions out of all
     /// bounds, having moved nothing.
