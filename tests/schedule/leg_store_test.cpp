@@ -1,5 +1,4 @@
 #include "core/tables.h"
-#include "schedule/leg_editing.h"
 #include "schedule/leg_store.h"
 #include "support/fixture.h"
 #include "support/traffic.h"
@@ -35,23 +34,6 @@ class LegStoreTest : public Fixture {
     LegRec& leg() { return sched.legs[secondLeg]; }
     LegStored store() { return storeleg(sched, secondLeg, controls); }
 
-    // Stores the same controls twice and tells "dep arr day" of both; the rest must be the same.
-    std::string storeTwice() {
-        std::string result;
-        for (int i = 0; i < 2; ++i) {
-            EXPECT_FALSE(store().invalidTime);
-            result += (i == 0 ? "" : " | ") + std::string(leg().dep.text()) + " " + std::string(leg().arr.text()) +
-                      " " + std::to_string(leg().arrday);
-        }
-        return result;
-    }
-
-    void makeWeekly(int departureRow, std::int16_t arrday) {
-        controls.repeat = "WEEK";
-        controls.departureDay = departureRow;
-        leg().arrday = arrday;
-    }
-
     ScheduleRec sched;
     LegControls controls;
 };
@@ -60,92 +42,79 @@ TEST_F(LegStoreTest, StoresEverythingTheFrameShows) {
     controls.touchAndGo = true;
     controls.useRegistration = true;
     controls.flightnum = "1234567890123";
+    controls.altitude = "230.5";
     EXPECT_EQ(store(), LegStored{});
     EXPECT_EQ(textOf(leg()), "GZER-GFAR -1/10:00:00 TNG0/12:40:00 230 R123456789012 603nm 2.41h 0");
     EXPECT_EQ(sched.legs[1], makeLeg("GFAR", "GZER"));
+    controls.altitude = "231.5";
+    EXPECT_EQ(store(), LegStored{});
+    EXPECT_EQ(leg().flightlevel, 232);
 }
 
-TEST_F(LegStoreTest, ComputesArrivalsAtEachOffset) {
-    EXPECT_EQ(storeTwice(), "10:00:00 12:40:00 0 | 10:00:00 12:40:00 0");
-    gmtoffset = 0.25F;
-    EXPECT_EQ(storeTwice(), "04:00:00 06:40:00 0 | 04:00:00 06:40:00 0");
-    // The sign of the offset is lost on the way back.
-    gmtoffset = -0.25F;
-    EXPECT_EQ(storeTwice(), "04:00:00 06:40:00 0 | 04:00:00 06:40:00 0");
-    gmtoffset = static_cast<float>(5.5 / 24);
-    EXPECT_EQ(storeTwice(), "04:30:00 07:10:00 0 | 04:30:00 07:10:00 0");
-    // Where a wrap would be there is an absolute value: 02:00 local is 20:00 GMT and becomes 04:00.
-    gmtoffset = 0.25F;
-    controls.time = "02:00";
-    EXPECT_EQ(storeTwice(), "04:00:00 01:20:00 0 | 04:00:00 01:20:00 0");
-}
-
-TEST_F(LegStoreTest, MovesTheArrivalDayOnAtEveryStoreAcrossMidnight) {
-    controls.time = "23:00";
-    EXPECT_EQ(storeTwice(), "23:00:00 01:40:00 0 | 23:00:00 01:40:00 0"); // not weekly: no record of the day
-    makeWeekly(2, 1);
-    EXPECT_EQ(storeTwice(), "23:00:00 01:40:00 2 | 23:00:00 01:40:00 3");
-    EXPECT_EQ(leg().depday, 1);
-    makeWeekly(7, 6);
-    EXPECT_EQ(storeTwice(), "23:00:00 01:40:00 0 | 23:00:00 01:40:00 1");
-    // Without midnight on the way the old arrival day stays, whatever the departure day.
-    controls.time = "10:00";
-    makeWeekly(3, 5);
-    EXPECT_EQ(storeTwice(), "10:00:00 12:40:00 5 | 10:00:00 12:40:00 5");
-    EXPECT_EQ(leg().depday, 2);
-}
-
-TEST_F(LegStoreTest, CountsEveryDayOfALongFlight) {
-    controls.aircraft = "AC#2 - Barge"; // 48:14 and 16 minutes
-    makeWeekly(2, 1);
-    EXPECT_EQ(storeTwice(), "10:00:00 10:30:00 3 | 10:00:00 10:30:00 5");
+TEST_F(LegStoreTest, ComputesTheArrivalAtEachStoreAnew) {
+    struct Case {
+        double offset; // hours
+        const char* time;
+        const char* aircraft;
+        int departureRow;    // 0: not a weekly schedule
+        std::int16_t arrday; // what the leg holds at first
+        const char* result;  // departure and arrival with their days
+        std::int16_t again;  // the arrival's day behind a second store
+    };
+    const char* const jet = "AC#1 - Jet";
+    for (const Case& one : {Case{0, "10:00", jet, 0, 0, "-1/10:00:00 0/12:40:00", 0},
+                            Case{0, "10:00:30", "AC#3 - Unknown speed", 0, 0, "-1/10:00:00 0/12:40:00", 0},
+                            Case{6, "10:00", jet, 0, 0, "-1/04:00:00 0/06:40:00", 0},
+                            Case{5.5, "10:00", jet, 0, 0, "-1/04:30:00 0/07:10:00", 0},
+                            Case{-6, "10:00", jet, 0, 0, "-1/04:00:00 0/06:40:00", 0}, // the sign is lost
+                            Case{6, "02:00", jet, 0, 0, "-1/04:00:00 0/01:20:00", 0}, // and no wrap: 02:00 is 20:00 GMT
+                            Case{0, "23:00", jet, 0, 0, "-1/23:00:00 0/01:40:00", 0},
+                            // A weekly arrival moves on at every store across midnight, from the day that it had.
+                            Case{0, "23:00", jet, 2, 1, "1/23:00:00 2/01:40:00", 3},
+                            Case{0, "23:00", jet, 7, 6, "6/23:00:00 0/01:40:00", 1},
+                            Case{0, "10:00", jet, 3, 5, "2/10:00:00 5/12:40:00", 5},
+                            Case{0, "10:00", "AC#2 - Barge", 2, 1, "1/10:00:00 3/10:30:00", 5}}) { // 48:14 and 16
+        SCOPED_TRACE(one.result);
+        gmtoffset = static_cast<float>(one.offset / 24);
+        controls.time = one.time;
+        controls.aircraft = one.aircraft;
+        controls.repeat = one.departureRow == 0 ? "6h" : "WEEK";
+        controls.departureDay = one.departureRow;
+        leg().arrday = one.arrday;
+        EXPECT_FALSE(store().invalidTime);
+        LegRec expected = leg();
+        EXPECT_EQ(textOf(expected).substr(10, std::string_view(one.result).size()), one.result);
+        EXPECT_FALSE(store().invalidTime);
+        expected.arrday = one.again;
+        EXPECT_EQ(leg(), expected);
+    }
     EXPECT_NEAR(leg().flighthours, 48.24, 0.001);
-    EXPECT_TRUE(isoveraday(leg()));
-    controls.aircraft = "AC#1 - Jet";
-    static_cast<void>(store());
-    EXPECT_FALSE(isoveraday(leg()));
 }
 
 TEST_F(LegStoreTest, ReachesMidnightExactlyInSinglePrecision) {
     leg().toicao = "XXXX"; // unknown: 0 nm, and 16 minutes all the same
     controls.time = "23:44";
-    makeWeekly(2, 1);
-    EXPECT_EQ(storeTwice(), "23:44:00 00:00:00 2 | 23:44:00 00:00:00 3");
-    EXPECT_EQ(leg().distance, 0.0F);
-    EXPECT_EQ(leg().flighthours, 0.0F);
+    controls.repeat = "WEEK";
+    controls.departureDay = 2;
+    EXPECT_EQ(store(), LegStored{});
+    EXPECT_EQ(textOf(leg()), "GZER-XXXX 1/23:44:00 1/00:00:00 230 F77 0nm 0.00h 0");
 }
 
-TEST_F(LegStoreTest, KeepsAFixedArrival) {
+TEST_F(LegStoreTest, AFixedArrivalStandsAndADepartureWithoutDayIsOnSunday) {
     controls.fix = true;
     controls.eta = "1:05";
     controls.arrivalDay = 4;
-    makeWeekly(2, 1);
-    EXPECT_EQ(storeTwice(), "10:00:00 01:05:00 3 | 10:00:00 01:05:00 3");
-    EXPECT_TRUE(leg().atflag);
-    EXPECT_EQ(leg().distance, 603.0F);
-    controls.arrivalDay = 0; // "N/A" has no guard for the arrival
-    EXPECT_EQ(storeTwice(), "10:00:00 01:05:00 -1 | 10:00:00 01:05:00 -1");
-}
-
-TEST_F(LegStoreTest, PutsAWeeklyDepartureWithoutDayOnSunday) {
-    makeWeekly(0, 1);
+    controls.repeat = "WEEK";
     EXPECT_EQ(store(), (LegStored{true, false}));
-    EXPECT_EQ(leg().depday, 0);
+    EXPECT_EQ(textOf(leg()), "GZER-GFAR 0/10:00:00 @3/01:05:00 230 F77 603nm 2.41h 0");
+    controls.arrivalDay = 0; // the arrival has no such guard
+    controls.departureDay = 5;
+    EXPECT_EQ(store(), LegStored{});
+    EXPECT_EQ(textOf(leg()), "GZER-GFAR 4/10:00:00 @-1/01:05:00 230 F77 603nm 2.41h 0");
+    controls.departureDay = 0;
     controls.time = "25:00"; // the day is stored ahead of the time
-    leg().depday = 4;
     EXPECT_EQ(store(), (LegStored{true, true}));
     EXPECT_EQ(leg().depday, 0);
-}
-
-TEST_F(LegStoreTest, DropsSecondsAndRoundsTheLevel) {
-    controls.time = "10:00:30";
-    controls.altitude = "230.5";
-    EXPECT_EQ(storeTwice(), "10:00:00 12:40:00 0 | 10:00:00 12:40:00 0");
-    EXPECT_EQ(leg().flightlevel, 230);
-    controls.altitude = "231.5";
-    controls.aircraft = "AC#3 - Unknown speed"; // flies at 250 knots
-    EXPECT_EQ(storeTwice(), "10:00:00 12:40:00 0 | 10:00:00 12:40:00 0");
-    EXPECT_EQ(leg().flightlevel, 232);
 }
 
 // What stops the store ahead of the first field: the number of the leg, and what stands in the controls.

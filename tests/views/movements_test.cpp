@@ -1,7 +1,8 @@
-// Views: the counts of departures and arrivals for each hour.
+// Views: the counts of departures and arrivals for each hour, and the drawing calls of their chart, to the unit.
 #include "foundation/log.h"
 #include "support/fixture.h"
 #include "support/traffic.h"
+#include "views/movement_chart.h"
 #include "views/movements.h"
 
 namespace vantor::test {
@@ -22,18 +23,19 @@ class MovementsTest : public Fixture {
         back.arr = arr;
         return addSchedule("AC#1,N1,100%," + std::string(period) + ",IFR", {makeLeg("AAAA", "BBBB", dep), back});
     }
+
+    static void addDepartures(std::size_t count, std::string_view dep) {
+        addLegs(std::vector<LegRec>(count, makeLeg("AAAA", "BBBB", dep)));
+    }
 };
 
 TEST_F(MovementsTest, RepeatingSchedulesCountDailyWithoutAWrap) {
     addRound("02:10:00", "17:30:00", "8HR");
-    EXPECT_EQ(movements(dailyView), "2:1 10:1 18:1 / 17:1 ");
     addRound("06:00:00", "14:00:00", "12HR");
-    EXPECT_EQ(movements(dailyView), "2:1 6:1 10:1 18:2 / 14:1 17:1 ");
     addRound("00:00:00", "23:59:59", "24HR");
-    EXPECT_EQ(movements(dailyView), "0:1 2:1 6:1 10:1 18:2 / 14:1 17:1 23:1 ");
-    EXPECT_EQ(movements(0), "/ ");
     gmtoffset = 0.5F; // hours are GMT whatever the display
     EXPECT_EQ(movements(dailyView), "0:1 2:1 6:1 10:1 18:2 / 14:1 17:1 23:1 ");
+    EXPECT_EQ(movements(0), "/ ");
 }
 
 TEST_F(MovementsTest, WeeklySchedulesCountOnTheirDay) {
@@ -66,11 +68,67 @@ TEST_F(MovementsTest, APeriodThatLeadsNowhereCountsOnce) {
 }
 
 TEST_F(MovementsTest, ACountStaysWithinSixteenBits) {
-    for (int i = 0; i < 37; ++i) {
-        addLegs(std::vector<LegRec>(900, makeLeg("AAAA", "BBBB", "01:00:00")));
-    }
+    addDepartures(32767, "01:00:00");
+    addDepartures(2, "01:00:00");
     EXPECT_EQ(movements(dailyView), "1:32767 / ");
     EXPECT_EQ(newestAction(), "Overflow(6) in sub countflights of module modCountFlights");
+}
+
+class MovementChartTest : public MovementsTest {
+  protected:
+    void SetUp() override {
+        MovementsTest::SetUp();
+        canvas.width = 400 + 48 * 80; // bars 80 wide, gaps of 10
+        canvas.height = 550 + 1000;
+        canvas.border = 30;
+    }
+
+    RecordingCanvas canvas;
+    const double base = 1550 + 60 - 350; // of the outer height
+};
+
+TEST_F(MovementChartTest, BarsStandInPairsOnTheirHours) {
+    addDepartures(4, "02:00:00");
+    addLegs({makeLeg("CCCC", "AAAA", "03:00:00")});
+    drawMovementChart(canvas, "AAAA - Somewhere", dailyView);
+
+    EXPECT_EQ(canvas.calls[0], CanvasCall(Cleared{}));
+    EXPECT_EQ(canvas.calls[1], CanvasCall(FontSize{7}));
+    const auto boxes = canvas.all<FilledBox>();
+    ASSERT_EQ(boxes.size(), 48U); // departures first
+    EXPECT_EQ(boxes[0], (FilledBox{300, base, 370, base, 255}));
+    EXPECT_EQ(boxes[2], (FilledBox{620, base - 1000, 690, base, 255}));
+    EXPECT_EQ(boxes[24 + 3], (FilledBox{860, base - 250, 930, base, 16711680}));
+
+    // Hours below, at the left edge of the red bar; counts 250 apart, 50 above their height.
+    std::vector<DrawnText> texts;
+    for (int h = 0; h < 24; ++h) {
+        texts.push_back({300 + 160.0 * h, 1550 - 200, std::to_string(h)});
+    }
+    for (int n = 1; n <= 4; ++n) {
+        texts.push_back({50 - 45, base - 250 * n - 50, std::to_string(n)});
+    }
+    EXPECT_EQ(canvas.all<DrawnText>(), texts);
+}
+
+TEST_F(MovementChartTest, CountsThatWouldOverlapAreLeftOut) {
+    addDepartures(10, "02:00:00"); // 100 apart: a label needs more than 200
+    drawMovementChart(canvas, "AAAA", dailyView);
+    std::string counts;
+    for (const DrawnText& text : canvas.all<DrawnText>()) {
+        counts += text.x < 100 ? text.text + " " : "";
+    }
+    // The first keeps 200 from the base line (1 is 150 above, 2 is 250), the next are strictly over 200 apart.
+    EXPECT_EQ(counts, "2 5 8 ");
+}
+
+TEST_F(MovementChartTest, AnEmptyChartHasHoursAndTheLabelOne) {
+    drawMovementChart(canvas, "AAAA", 3);
+    for (const FilledBox& box : canvas.all<FilledBox>()) {
+        EXPECT_EQ(box.y1, box.y2);
+    }
+    ASSERT_EQ(canvas.all<DrawnText>().size(), 25U);
+    EXPECT_EQ(canvas.all<DrawnText>().back(), (DrawnText{5, base - 1000 - 50, "1"}));
 }
 
 } // namespace

@@ -23,8 +23,10 @@ class RouteMapTest : public Fixture {
         addAirport("CCCC", "C", 50, -100);
     }
 
-    // Lines as "r" or "g" and the code printed at their far end.
-    [[nodiscard]] std::string lines() const {
+    // The lines of an airport's map, as "r" or "g" and the code printed at their far end.
+    [[nodiscard]] std::string linesOf(std::string_view code) {
+        canvas.calls.clear();
+        drawRouteMap(canvas, code);
         std::string result;
         for (std::size_t i = 0; i < canvas.calls.size(); ++i) {
             if (const auto* line = std::get_if<DrawnLine>(&canvas.calls[i])) {
@@ -33,12 +35,6 @@ class RouteMapTest : public Fixture {
             }
         }
         return result;
-    }
-
-    [[nodiscard]] std::string linesOf(std::string_view code) {
-        canvas.calls.clear();
-        drawRouteMap(canvas, code);
-        return lines();
     }
 
     RecordingCanvas canvas;
@@ -76,29 +72,22 @@ TEST_F(RouteMapTest, DeletedAndWeeklyAreDrawnUnknownAirportsAreNot) {
     EXPECT_EQ(canvas.all<DrawnText>().back(), (DrawnText{3600 - 45, 1800 - 100, "o"}));
 }
 
-TEST_F(RouteMapTest, ALegToItsOwnOriginIsDrawnInBothColours) {
-    addLegs({makeLeg("AAAA", "AAAA"), makeLeg("AAAA", "AAAA")});
-    EXPECT_EQ(linesOf("AAAA"), "rAAAA gAAAA ");
-    EXPECT_EQ(canvas.all<DrawnLine>()[0], (DrawnLine{4000, 1700, 4000, 1700, red}));
-}
-
 TEST_F(RouteMapTest, OfEqualRoutesTheLastDrawnStands) {
     addLegs({makeLeg("AAAA", "BBBB"), makeLeg("AAAA", "CCCC"), makeLeg("BBBB", "CCCC"), makeLeg("CCCC", "AAAA"),
              makeLeg("AAAA", "BBBB")});
     EXPECT_EQ(linesOf("AAAA"), "gCCCC rBBBB gBBBB ");
+    addLegs({makeLeg("CCCC", "CCCC"), makeLeg("CCCC", "CCCC")}); // to its own origin: in both colours
+    EXPECT_EQ(linesOf("CCCC"), "gAAAA rAAAA rCCCC gCCCC ");
 }
 
-TEST(MapWindow, LayoutFollowsTheWindowUnlessTooSmall) {
-    const MapLayout layout = mapLayout({9000, 6000}, {1, 2});
+TEST(MapWindow, LayoutAndZoomStopAtTheirLimits) {
+    const MapLayout layout = mapLayout({601, 2001}, {1, 2});
     EXPECT_EQ(layout.frame, (MapPoint{100, 100}));
     EXPECT_EQ(layout.map, (MapPoint{1, 1}));
-    EXPECT_EQ(layout.frameSize, (MapPoint{8700, 4800}));
-    EXPECT_EQ(layout.buttonsTop, 5100);
+    EXPECT_EQ(layout.frameSize, (MapPoint{301, 801}));
+    EXPECT_EQ(layout.buttonsTop, 1101);
     EXPECT_EQ(mapLayout({600, 2000}, {1, 2}).frameSize, (MapPoint{1, 2}));
-    EXPECT_EQ(mapLayout({601, 2001}, {1, 2}).frameSize, (MapPoint{301, 801}));
-}
 
-TEST(MapWindow, ZoomInStopsBelowItsLimit) {
     EXPECT_TRUE(mayZoomIn({25599, 25599}));
     EXPECT_FALSE(mayZoomIn({25600, 100}));
     EXPECT_FALSE(mayZoomIn({100, 25600}));
