@@ -103,12 +103,5 @@ TEST_F(TimetableTest, FaultsAreRecordedAndTheRestStands) {
     EXPECT_EQ(newestAction(), "Out of memory(7) in sub displaytimetable of module frmMain");
 }
 
-TEST_F(TimetableTest, PrintoutKeepsTheWholeTitleAndDropsQuotes) {
-    const SchedulePrintout printout = schedulePrintout("YPPH", {{"12:30 AC: \"B\"\"737\"", 0}, {"", 0}});
-    EXPECT_EQ(printout.heading, "Schedule for Perth, Western Australia");
-    EXPECT_EQ(printout.rows, (std::vector<std::string>{"12:30 AC: B737", ""}));
-    EXPECT_EQ(schedulePrintout("ZZZZ", {}).heading, "Schedule for ZZZZ");
-}
-
 } // namespace
 } // namespace vantor::test
