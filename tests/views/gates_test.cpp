@@ -61,6 +61,7 @@ TEST_F(GatesTest, DeletedAndWeeklyAreLeftOutButNotTheNextLeg) {
     lone.arr = "13:00:00";
     addLegs({lone});
     EXPECT_EQ(counted(), "13:1 14:1 15:1 ");
+    EXPECT_EQ(newestAction(), "");
 }
 
 TEST_F(GatesTest, FaultsLeaveOutTheStay) {

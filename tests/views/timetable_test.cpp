@@ -76,6 +76,7 @@ TEST_F(TimetableTest, DeletedWeeklyAndOtherCasesAreLeftOut) {
     countDroppedLine();
     EXPECT_EQ(flights(), "01:00>1 ");
     EXPECT_EQ(table("EDDF"), "|");
+    EXPECT_EQ(newestAction(), "");
 }
 
 TEST_F(TimetableTest, SortedByTheShiftedTimeWithoutRegardToCase) {
