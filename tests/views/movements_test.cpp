@@ -88,8 +88,8 @@ class MovementChartTest : public MovementsTest {
 };
 
 TEST_F(MovementChartTest, BarsStandInPairsOnTheirHours) {
-    addDepartures(4, "02:00:00");
-    addLegs({makeLeg("CCCC", "AAAA", "03:00:00")});
+    addDepartures(1, "02:00:00");
+    addLegs(std::vector<LegRec>(4, makeLeg("CCCC", "AAAA", "03:00:00")));
     drawMovementChart(canvas, "AAAA - Somewhere", dailyView);
 
     EXPECT_EQ(canvas.calls[0], CanvasCall(Cleared{}));
@@ -97,8 +97,8 @@ TEST_F(MovementChartTest, BarsStandInPairsOnTheirHours) {
     const auto boxes = canvas.all<FilledBox>();
     ASSERT_EQ(boxes.size(), 48U); // departures first
     EXPECT_EQ(boxes[0], (FilledBox{300, base, 370, base, 255}));
-    EXPECT_EQ(boxes[2], (FilledBox{620, base - 1000, 690, base, 255}));
-    EXPECT_EQ(boxes[24 + 3], (FilledBox{860, base - 250, 930, base, 16711680}));
+    EXPECT_EQ(boxes[2], (FilledBox{620, base - 250, 690, base, 255}));
+    EXPECT_EQ(boxes[24 + 3], (FilledBox{860, base - 1000, 930, base, 16711680}));
 
     // Hours below, at the left edge of the red bar; counts 250 apart, 50 above their height.
     std::vector<DrawnText> texts;
