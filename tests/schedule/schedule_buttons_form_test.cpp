@@ -4,6 +4,7 @@
 #include "support/main_window.h"
 #include "support/traffic.h"
 
+#include <QGroupBox>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -119,6 +120,7 @@ TEST_F(ScheduleButtonsTest, CopyStaysOnTheSource) {
     EXPECT_TRUE(form().unsavedchanges);
     EXPECT_EQ(list("List1").rowCount(), 6);
     EXPECT_EQ(list("List1").currentRow(), 0);
+    EXPECT_EQ(control<QGroupBox>(form(), "fraList2").title(), QStringLiteral("Legs in flight #1"));
     clickRow(list("List1"), 4);
     EXPECT_EQ(list("List2").itemData(0), 1001); // the copy's legs act on the source
 }

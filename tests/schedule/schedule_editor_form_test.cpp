@@ -209,6 +209,7 @@ TEST_F(ScheduleEditorTest, DeletingKeepsItsTwoOffsets) {
     EXPECT_EQ(legs(), "*DDDD-CCCC");
     click(*editor, "cmdDeleteLeg");
     EXPECT_EQ(legs(), "");
+    EXPECT_EQ(frame().substr(0, 9), "AAAA-AAAA"); // leg 0 is blank again
     click(*editor, "cmdOK");
     EXPECT_EQ(editor->editedsched().legcount, 0);
 }
