@@ -244,7 +244,12 @@ TEST_F(ScheduleEditorTest, AWeeklyScheduleGetsItsDays) {
     EXPECT_TRUE(at<QLabel>("lblDay2").isVisible());
     pickRow(combo("cmbDay1"), 3);
     type("txtETA", "23:45");
-    clickRow(list(), 1); // stored: the departure without a day jumps to Sunday
+    type("txtTime", "x");
+    const auto boxes = answerBoxes({{std::string(invalidTimeText)}});
+    clickRow(list(), 1); // the departure without a day jumps to Sunday, whatever the time
+    EXPECT_EQ(combo("cmbDay0").text(), "Sun");
+    type("txtTime", "12:00");
+    clickRow(list(), 1);
     EXPECT_EQ(textOf(editor->editedsched().legs[1]), "CCCC-AAAA 0/12:00:00 @2/23:45:00 200 F1 0nm 0.00h 1001");
     EXPECT_FALSE(combo("cmbDay1").isVisible());
     pressKey(list(), Qt::Key_Up);
@@ -263,6 +268,7 @@ TEST_F(ScheduleEditorTest, LegsThatWereNeverShownAreComplete) {
     pickRow(combo("cmbRepeat"), 7);
     click(*editor, "cmdOK");
     EXPECT_EQ(editor->editedsched().acnum.text(), "AC#1"); // a deleted aircraft gives way to the first row
+    EXPECT_EQ(editor->editedsched().percent.text(), "50%");
     for (const LegRec& leg : editor->editedsched().legs) {
         EXPECT_EQ(leg.depday, 0) << leg.fromicao.text();
     }
