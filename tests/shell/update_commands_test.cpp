@@ -23,6 +23,14 @@ const std::string loseByUpdate =
     "Updating Vantor will restart your program, losing your unsaved changes. Are you sure?";
 const std::string installNow = "The update has been downloaded. Do you want to install it now?";
 
+class QuestionFails : public BusyUserHost {
+  public:
+    std::string_view failing;
+    bool askYesNo(std::string_view text) override {
+        return text == failing ? throw Error(ErrorCode::OutOfMemory) : BusyUserHost::askYesNo(text);
+    }
+};
+
 class UpdateCommands : public MainWindowFixture {
   protected:
     void SetUp() override {
@@ -52,7 +60,7 @@ class UpdateCommands : public MainWindowFixture {
     }
     static void allowAutomaticCheck() { sset("DisableAutoUpdateCheck", false); }
 
-    BusyUserHost host;
+    QuestionFails host;
     TransferScript script;
 };
 
@@ -140,6 +148,8 @@ TEST_F(UpdateCommands, TheProgramStaysWithoutAnInstallerOrWithoutLeave) {
     press("cmdCheckUpdate", {{loseByUpdate, QMessageBox::Yes}});
     changeSomething(); // more than the user agreed to lose
     install({{installNow, QMessageBox::Yes}, {loseByUpdate, QMessageBox::No}});
+    host.failing = loseByUpdate;
+    install({{installNow, QMessageBox::Yes}});
     EXPECT_FALSE(form().ended());
     EXPECT_TRUE(form().isVisible() && updater().isVisible() && form().unsavedchanges);
     EXPECT_FALSE(exists("updater.ini"));
