@@ -2,25 +2,33 @@
 // The standard trap: a fault is noted in the ring of recent actions and the next statement runs.
 #pragma once
 
+#include <functional>
 #include <string_view>
 #include <utility>
 
 namespace vantor {
 
-/// The trap that nearly every procedure carries. Hand it one statement at a time: a fault inside it is put into the
-/// ring as "{description}({number}) in {procedure} of module {module}", and the caller goes on with the next
-/// statement. What the failed statement would have set keeps its value. Nothing escapes a trap.
+/// The name under which a procedure's faults stand in the ring. Both texts must outlive it: they are literals.
+struct Procedure {
+    std::string_view name;
+    std::string_view module;
+};
+
+/// The trap that nearly every procedure carries. Hand it one step at a time: a fault inside it is put into the ring as
+/// "{description}({number}) in {procedure} of module {module}", and the caller goes on with the next step. What the
+/// failed step would have set keeps its value. Nothing escapes a trap.
 class StandardTrap {
   public:
+    explicit constexpr StandardTrap(Procedure procedure) noexcept : StandardTrap(procedure.name, procedure.module) {}
     /// Both names must outlive the trap (they are literals everywhere).
     constexpr StandardTrap(std::string_view procedure, std::string_view module) noexcept
         : m_procedure(procedure), m_module(module) {}
 
-    /// Runs `statement`; false when it failed.
-    template <class Statement>
-    bool operator()(Statement&& statement) const noexcept {
+    /// Calls `step` with its arguments; false when it failed. A member function takes its object as first argument.
+    template <class Step, class... Arguments>
+    bool operator()(Step&& step, Arguments&&... arguments) const noexcept {
         try {
-            std::forward<Statement>(statement)();
+            static_cast<void>(std::invoke(std::forward<Step>(step), std::forward<Arguments>(arguments)...));
             return true;
         } catch (...) {
             recordCurrent();
