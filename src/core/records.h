@@ -88,6 +88,15 @@ struct AirportRec {
     friend bool operator==(const AirportRec&, const AirportRec&) = default;
 };
 
+/// Which leg: the record number of its schedule and its number in it, both from 1 upward; 0 for none.
+struct LegId {
+    std::int32_t recnum = 0;
+    std::int32_t leg = 0;
+
+    [[nodiscard]] explicit operator bool() const noexcept { return recnum != 0 && leg != 0; }
+    friend bool operator==(const LegId&, const LegId&) = default;
+};
+
 /// One leg of a schedule. Times are GMT texts.
 struct LegRec {
     std::int32_t hashindex = 0; ///< recnum * 1000 + leg number, the item data of its row
