@@ -1,1 +1,0 @@
-target_sources(vantor_ui_tests PRIVATE ${CMAKE_CURRENT_LIST_DIR}/utilities_panel_test.cpp)
