@@ -15,29 +15,6 @@ for tool_name in Xvfb xdotool import wine; do
     command -v "$tool_name" >/dev/null || { echo "skipped: there is no $tool_name"; exit "$missingTools"; }
 done
 
-work=$(mktemp -d)
-mkdir -p "$pictures"
-home=$WINEPREFIX/drive_c/$(basename "$work")
-folder=$home/TrafficTools
-windows_home="C:\\$(basename "$work")"
-windows_folder=$windows_home\\TrafficTools
-server=
-desktop=
-
-clean_up() {
-    local pid
-    [[ -z $desktop ]] || program_ended || wine taskkill /f /im Vantor.exe >/dev/null 2>&1 || true
-    # Wine's desktop, and whatever stands on it, ends with the display.
-    for pid in $desktop $server; do
-        kill "$pid" 2>/dev/null || true
-        wait "$pid" 2>/dev/null || true
-    done
-    rm -rf "$work" "$home"
-}
-trap clean_up EXIT
-trap 'exit 130' INT
-trap 'exit 143' TERM
-
 fail() {
     echo "FAILED: $*" >&2
     import -silent -window root "$pictures/failure.png" 2>/dev/null && echo "the screen: $pictures/failure.png" >&2
@@ -45,41 +22,38 @@ fail() {
     [[ ! -s $folder/log.txt ]] || tail -n 25 "$folder/log.txt" | tr -d '\r' >&2
     exit 1
 }
+source "$(dirname "${BASH_SOURCE[0]}")/../../scripts/display.sh"
+poll=0.2
 
-# Polls until a command succeeds: wait_for SECONDS WHAT COMMAND...
-wait_for() {
-    local deadline=$((SECONDS + $1)) what=$2
-    shift 2
-    until "$@"; do
-        ((SECONDS < deadline)) || fail "gave up waiting for $what"
-        read -r -t 0.2 <>"$work/never" || true
-    done
+mkdir -p "$pictures"
+home=$WINEPREFIX/drive_c/$(basename "$work")
+folder=$home/TrafficTools
+windows_home="C:\\$(basename "$work")"
+windows_folder=$windows_home\\TrafficTools
+
+# Wine's desktop, and whatever stands on it, ends with the display.
+leave_desktop() {
+    [[ -z $program ]] || vantor_ended || wine taskkill /f /im Vantor.exe >/dev/null 2>&1 || true
+    clean_up
+    rm -rf "$home"
 }
+trap leave_desktop EXIT
 
 # ---- What is on the desktop -----------------------------------------------------------------------------------------
 
 # One line for each window: left, top, width, height, title.
 windows() { cat "$home/windows" 2>/dev/null; }
-has_window() { windows | cut -d ' ' -f 5- | grep -Eq "$1"; }
+shows() { windows | cut -d ' ' -f 5- | grep -Eq "$1"; }
+shows_no() { ! shows "$1"; }
 front_is() { windows | head -n 1 | cut -d ' ' -f 5- | grep -Eq "$1"; }
-has_no_window() { ! has_window "$1"; }
-picture() { timeout 20 import -silent -window root "$pictures/$1.png" || fail "no picture $1"; }
-pixels_changed() {
-    local count
-    count=$(compare -metric AE "$1" "$2" null: 2>&1) || true
-    awk -v count="$count" 'BEGIN { if (count ~ /^[0-9.]+(e[+]?[0-9]+)?$/) printf "%d", count; else print 999999999 }'
-}
-screen_still() {
-    timeout 20 import -silent -window root "$work/earlier.png"
-    read -r -t 0.3 <>"$work/never" || true
-    timeout 20 import -silent -window root "$work/later.png"
-    (($(pixels_changed "$work/earlier.png" "$work/later.png") < 200))
-}
+front_is_not() { ! front_is "$1"; }
+screen_still() { window_still root; }
+keep() { cp "$work/now.png" "$pictures/$1.png"; }
 # Waits for a window at the front, and until it is painted: shown NAME TITLE.
 shown() {
     wait_for 60 "$2 at the front" front_is "$2"
     wait_for 60 "$2 to be painted" screen_still
-    picture "$1"
+    keep "$1"
 }
 key() { timeout 20 xdotool key --clearmodifiers "$@" || fail "could not press $*"; }
 type_text() { timeout 20 xdotool type --clearmodifiers "$1" || fail "could not type $1"; }
@@ -90,13 +64,11 @@ click_at() {
     timeout 20 xdotool mousemove $((left + width * $1 / 100)) $((top + height * $2 / 100)) click 1
 }
 loaded() { grep -q 'Startup complete' "$folder/log.txt" 2>/dev/null; }
-display_ready() { [[ $(wc -l <"$work/display") -gt 0 ]]; }
-program_ended() { [[ -e $home/exit ]]; }
+vantor_ended() { [[ -e $home/exit ]]; }
 
 # ---- The round ------------------------------------------------------------------------------------------------------
 
 start() {
-    mkfifo "$work/never"
     mkdir -p "$folder"
     cp "$demo"/TrafficTools/* "$folder"
     cp -r "$demo/FS2002" "$demo/FS2004" "$home"
@@ -104,17 +76,11 @@ start() {
     cp "$tool" "$folder/TTools.exe"
     printf '%s\r\n' "FS2K2PATH,$windows_home\\FS2002\\" 'FSMODE, 2 ' >"$folder/Vantor2.ini"
 
-    : >"$work/display"
-    Xvfb -displayfd 1 -screen 0 1280x900x24 -nolisten tcp >"$work/display" 2>"$work/xvfb.log" &
-    server=$!
-    wait_for 30 "the virtual display" display_ready
-    DISPLAY=:$(<"$work/display")
-    export DISPLAY
-    unset WAYLAND_DISPLAY
+    start_display
     wine explorer "/desktop=vantor-$$,1280x900" "Z:${watch//\//\\}" "$windows_folder\\Vantor.exe" "$windows_home\\windows" \
         "$windows_home\\exit" >"$work/output" 2>&1 &
-    desktop=$!
-    wait_for 90 "the main window" has_window '^Vantor V:'
+    program=$!
+    wait_for 90 "the main window" shows '^Vantor V:'
     # No window manager is there to give the desktop the keys.
     timeout 20 xdotool search --sync --onlyvisible --name 'Wine desktop' windowfocus --sync
     shown start '^Vantor V:'
@@ -124,23 +90,23 @@ load_and_list() {
     key F5
     wait_for 120 "the load" loaded
     wait_for 30 "the window behind the load" screen_still
-    cp "$work/later.png" "$work/before.png"
+    cp "$work/now.png" "$work/before.png"
     key ctrl+l
+    wait_for 60 "the flights to show" flights_show root
     wait_for 60 "the flights to settle" screen_still
-    (($(pixels_changed "$work/before.png" "$work/later.png") > 2000)) || fail "no flights show"
-    picture list
+    keep list
 }
 
 edit() {
     click_at 25 25 # a row of the schedules
     wait_for 30 "the row's legs" screen_still
-    picture selected
+    keep selected
     key alt+e
     shown editor '^(Edit|Schedule|Flight)'
     key alt+c
     key ctrl+a
     type_text WINE1
-    picture edited
+    picture root "$pictures/edited.png"
     key Return
     shown after-edit '^Vantor V:'
 }
@@ -172,25 +138,24 @@ report() {
     shown report 'Notepad'
     [[ -s $folder/ACLOG.TXT ]] || fail "there is no report"
     key alt+F4
-    wait_for 30 "Notepad to close" has_no_window 'Notepad'
+    wait_for 30 "Notepad to close" shows_no 'Notepad'
     wait_for 30 "the main window" front_is '^Vantor V:'
 }
 
 # The system's own dialog.
 ask_for_a_file() {
     key alt+l
-    wait_for 60 "the file dialog" has_no_front_main
+    wait_for 60 "the file dialog" front_is_not '^Vantor V:'
     wait_for 60 "the file dialog to be painted" screen_still
-    picture file-dialog
+    keep file-dialog
     key Escape
     wait_for 30 "the dialog to close" front_is '^Vantor V:'
 }
-has_no_front_main() { ! front_is '^Vantor V:'; }
 
 leave() {
     rm "$folder/Vantor2.ini"
     key alt+x
-    wait_for 60 "the end of the program" program_ended
+    wait_for 60 "the end of the program" vantor_ended
     [[ $(<"$home/exit") == 0 ]] || fail "the exit code is $(<"$home/exit")"
     grep -q '^FSMODE, 2 ' "$folder/Vantor2.ini" || fail "the mode is not in the settings"
     tail -n 1 "$folder/log.txt" | grep -q 'End of actions list' || fail "the log ends elsewhere"
