@@ -117,8 +117,8 @@ struct LegRec {
     friend bool operator==(const LegRec&, const LegRec&) = default;
 };
 
-/// One schedule: a closed loop of legs flown by one aircraft.
-struct ScheduleRec {
+/// What a schedule is apart from its legs.
+struct ScheduleHeader {
     std::int32_t recnum = 0; ///< number in load order, also the slot in the table
     FixedText<10> acnum;     ///< narrower than that of the aircraft: a longer code is cut
     FixedText<12> tailnumber;
@@ -128,6 +128,11 @@ struct ScheduleRec {
     FixedText<3> rules; ///< IFR or VFR
     std::int16_t legcount = 0;
     Flag deleted;
+    friend bool operator==(const ScheduleHeader&, const ScheduleHeader&) = default;
+};
+
+/// One schedule: a closed loop of legs flown by one aircraft.
+struct ScheduleRec : ScheduleHeader {
     OneBased<LegRec> legs;
     friend bool operator==(const ScheduleRec&, const ScheduleRec&) = default;
 };

@@ -1,0 +1,158 @@
+// Core: the traffic itself, its records, tables, text files and the way they are loaded.
+// The journal: what each command changed in the tables, kept as differences, so that it can be undone and redone.
+#pragma once
+
+#include "core/records.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vantor {
+
+/// The numbers beside the tables that the next command would look at.
+struct TableCounts {
+    std::int32_t schedules = 0;      ///< schedulecount
+    std::int32_t schedulesCover = 0; ///< upper bound of the slots of the schedules
+    std::int32_t aircraft = 0;       ///< aircraftcount
+    std::int32_t lastacnum = 0;      ///< the number of the aircraft code given out last
+    friend bool operator==(const TableCounts&, const TableCounts&) = default;
+};
+
+/// One write of a stored record. Each is its own inverse: a patch holds what differs as exclusive or, and the others
+/// hold the version that does not stand in the table just now.
+struct JournalEntry {
+    enum class Kind : std::uint8_t {
+        Patch,   ///< a schedule of the same number of legs; `at` is where its differences begin in `patches`
+        Replace, ///< a schedule with other legs; `at` is the place of the other version in `schedules`
+        Add,     ///< a new schedule; `at` is its place in `schedules` while it is undone
+        Row,     ///< one aircraft; `at` is the place of the other version in `rows`
+        Tail,    ///< all aircraft from row `slot` on; `at` is the place of the other ones in `tails`
+    };
+    Kind kind = Kind::Patch;
+    std::int32_t slot = 0;
+    std::uint32_t at = 0;
+};
+
+/// All that one command changed.
+struct JournalStep {
+    std::string name; ///< as a person reads it: "Delete 3 schedules"
+    std::vector<JournalEntry> entries;
+    std::vector<std::byte> patches;
+    std::vector<ScheduleRec> schedules;
+    std::vector<AircraftRec> rows;
+    std::vector<std::vector<AircraftRec>> tails;
+    TableCounts before;
+    TableCounts after;
+    std::int64_t state = 0; ///< the state of the tables that the step led to
+    std::size_t size = 0;   ///< bytes that it took when it was done
+
+    /// Puts the differences of a patch into the schedule, or takes them out again.
+    void patch(const JournalEntry& entry, ScheduleRec& schedule) const;
+    /// Bytes that the step takes.
+    [[nodiscard]] std::size_t bytes() const noexcept;
+    [[nodiscard]] bool changesNothing() const noexcept { return entries.empty() && before == after; }
+};
+
+/// Steps done and undone. The doors of the tables hand it each write of a stored record. A write outside a step can't
+/// be taken back, and neither can what came before it: it empties the journal, as a load does.
+class Journal {
+  public:
+    // ---- What the doors call ----
+    /// A stored schedule is about to become another.
+    void willPut(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after) {
+        ++m_revision;
+        if (takes()) {
+            recordPut(slot, before, after);
+        }
+    }
+    /// A schedule was added in this slot.
+    void added(std::int32_t slot) {
+        ++m_revision;
+        if (takes()) {
+            m_open->entries.push_back({JournalEntry::Kind::Add, slot, 0});
+        }
+    }
+    /// A stored aircraft is about to become another.
+    void willPut(std::int32_t row, const AircraftRec& before, const AircraftRec& after);
+    /// The table of aircraft is about to become another.
+    void willReplace(const OneBased<AircraftRec>& before, const OneBased<AircraftRec>& after);
+    /// Forgets all steps, the open one too.
+    void clear() noexcept;
+
+    // ---- Steps ----
+    /// Opens a step; those opened in it belong to it, and their names are not heard.
+    void open(std::string name, const TableCounts& counts);
+    /// Names the outermost open step anew, when it is known what it did.
+    void rename(std::string name);
+    /// Closes a step. The outermost is kept, unless it changed nothing, and all undone steps go; the oldest go until
+    /// the journal takes no more than `limit` bytes, but never the latest.
+    void close(const TableCounts& counts, std::size_t limit) noexcept;
+
+    /// The step that an undo takes back, and the one that a redo does again; null without any, or while one is open.
+    [[nodiscard]] JournalStep* undoable() noexcept {
+        return m_depth == 0 && m_done > 0 ? &m_steps[m_done - 1] : nullptr;
+    }
+    [[nodiscard]] JournalStep* redoable() noexcept {
+        return m_depth == 0 && m_done < m_steps.size() ? &m_steps[m_done] : nullptr;
+    }
+    /// Moves one step back or forward, and keeps the journal from recording what `apply` writes.
+    template <class Apply>
+    void back(const Apply& apply) {
+        replay(apply, m_done - 1);
+    }
+    template <class Apply>
+    void forward(const Apply& apply) {
+        replay(apply, m_done + 1);
+    }
+
+    /// The state of the tables: the same number means the same content, as long as the program runs.
+    [[nodiscard]] std::int64_t state() const noexcept { return m_done == 0 ? m_base : m_steps[m_done - 1].state; }
+    /// Grows with each write: an equal number tells that nothing was written in between.
+    [[nodiscard]] std::int64_t revision() const noexcept { return m_revision; }
+    /// Bytes that all steps take.
+    [[nodiscard]] std::size_t bytes() const noexcept { return m_bytes; }
+
+  private:
+    // Whether a write is to be recorded.
+    [[nodiscard]] bool takes() noexcept {
+        if (m_open) {
+            return true;
+        }
+        if (!m_replaying) {
+            clear();
+        }
+        return false;
+    }
+    void recordPut(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after);
+    template <class Apply>
+    void replay(const Apply& apply, std::size_t done) {
+        struct Replaying {
+            explicit Replaying(bool& flag) : m_flag(flag) { m_flag = true; }
+            ~Replaying() { m_flag = false; }
+            Replaying(const Replaying&) = delete;
+            Replaying& operator=(const Replaying&) = delete;
+
+          private:
+            bool& m_flag;
+        };
+        const Replaying replaying(m_replaying);
+        apply();
+        m_done = done;
+    }
+
+    std::deque<JournalStep> m_steps;
+    std::size_t m_done = 0; // steps that stand in the tables; those behind are undone
+    std::optional<JournalStep> m_open;
+    int m_depth = 0;
+    bool m_replaying = false;
+    std::size_t m_bytes = 0;
+    std::int64_t m_base = 0; // the state without any step
+    std::int64_t m_lastState = 0;
+    std::int64_t m_revision = 0;
+};
+
+} // namespace vantor
