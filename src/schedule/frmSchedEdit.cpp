@@ -11,6 +11,7 @@
 #include "ui_frmSchedEdit.h"
 
 #include <QRegularExpressionValidator>
+#include <QScopedValueRollback>
 #include <QStyle>
 
 #include <algorithm>
@@ -30,6 +31,8 @@ constexpr int weekData = -1;     // item data of "WEEK"
 const QColor overADayColour(192, 0, 0);
 const QColor withinADayColour(0, 128, 0);
 
+using Lock = QScopedValueRollback<bool>;
+
 // For the statements whose faults are passed over without an entry in the ring.
 template <class Statement>
 void passOver(Statement&& statement) noexcept {
@@ -46,22 +49,36 @@ std::string textOf(const QLineEdit* box) {
 
 } // namespace
 
-frmSchedEdit::frmSchedEdit(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmSchedEdit>()) {
+std::optional<ScheduleRec> editSchedule(QWidget* parent, const ScheduleRec& record, EditorRows rows,
+                                        int startRow) noexcept {
+    const StandardTrap trap{"function editschedule", module};
+    std::optional<ScheduleRec> edited;
+    trap([&] {
+        trap(busymouse);
+        frmSchedEdit editor(parent, record, std::move(rows), startRow);
+        trap(normalmouse);
+        trap([&] { editor.exec(); });
+        edited = editor.edited();
+    });
+    return edited;
+}
+
+frmSchedEdit::frmSchedEdit(QWidget* parent, const ScheduleRec& record, EditorRows rows, int startRow)
+    : QDialog(parent), ui(std::make_unique<Ui::frmSchedEdit>()) {
     ui->setupUi(this);
     keepRoom();
     guardFields();
     connectControls();
     Form_Load();
+    offer(std::move(rows));
+    transfersched(record);
+    ui->List1->setCurrentRow(startRow); // a click as the user's own, unless it is the first row
 }
 
 frmSchedEdit::~frmSchedEdit() = default;
 
-ListBox& frmSchedEdit::List1() const {
-    return *ui->List1;
-}
-
-ComboBox& frmSchedEdit::cmbAircraft() const {
-    return *ui->cmbAircraft;
+std::optional<ScheduleRec> frmSchedEdit::edited() const {
+    return m_cancelled ? std::nullopt : std::optional(m_draft.sched);
 }
 
 ComboBox& frmSchedEdit::cmbAirport(int index) const {
@@ -129,15 +146,24 @@ void frmSchedEdit::Form_Load() noexcept {
     trap([&] { ui->lblGMT->setText(toQString(gmtstring())); });
 }
 
+void frmSchedEdit::offer(EditorRows rows) noexcept {
+    const StandardTrap trap{"sub prepareschedform", module};
+    const Lock lock(m_locked, true);
+    trap([&] {
+        ui->cmbAircraft->setRows(std::move(rows.aircraft));
+        ui->cmbAircraft->setCurrentRow(0);
+    });
+    trap(&ComboBox::setRows, ui->cmbAirport0, rows.airports);
+    trap(&ComboBox::setRows, ui->cmbAirport1, std::move(rows.airports));
+}
+
 void frmSchedEdit::transfersched(const ScheduleRec& rec) noexcept {
     const StandardTrap trap{"sub transfersched", module};
+    const Lock lock(m_locked, true);
     trap([&] { m_draft = {rec, {}}; });
-    locked = true;
     fillschedinfo();
-    locked = true;
     m_currentleg = 1;
     fillleglist(0);
-    locked = true;
     displayleginfo(m_currentleg);
 }
 
@@ -293,7 +319,7 @@ bool frmSchedEdit::storeCurrentLeg() noexcept {
 }
 
 void frmSchedEdit::List1_click() noexcept {
-    if (locked) {
+    if (m_locked) {
         return;
     }
     if (!storeCurrentLeg()) {
@@ -301,14 +327,13 @@ void frmSchedEdit::List1_click() noexcept {
     }
     passOver([&] { m_currentleg = toInt16(ui->List1->currentRow() + 1); });
     if (m_currentleg != 0) {
-        locked = true;
+        const Lock lock(m_locked, true);
         displayleginfo(m_currentleg);
-        locked = false;
     }
 }
 
 void frmSchedEdit::cmbAirport_click(int index) noexcept {
-    if (locked || m_draft.sched.legcount < 1) {
+    if (m_locked || m_draft.sched.legcount < 1) {
         return;
     }
     const StandardTrap trap{"sub cmbairport_click", module};
@@ -350,16 +375,15 @@ void frmSchedEdit::cmdDeleteLeg_Click() noexcept {
     // The row number stands as a leg number: the leg shown is two above the one deleted, leg 0 (blank) for the first
     // two rows, and the row made current is that of the leg after the one shown. Both offsets are meant.
     trap([&] { m_currentleg = toInt16(std::max(row - 1, 0)); });
-    locked = true;
+    const Lock lock(m_locked, true);
     displayleginfo(m_currentleg);
     fillleglist(m_currentleg);
-    locked = false;
 }
 
 void frmSchedEdit::cmdFind_Click(int index) noexcept {
     const StandardTrap trap{"sub cmdfind_click", module};
     trap([&] {
-        ComboBox& box = index == 0 ? cmbAircraft() : cmbAirport(index - 1);
+        ComboBox& box = index == 0 ? *ui->cmbAircraft : cmbAirport(index - 1);
         if (box.rowCount() > 0) {
             findstring(box, this);
         }
@@ -382,7 +406,7 @@ void frmSchedEdit::cmdOK_Click() noexcept {
 
 void frmSchedEdit::cmdCancel_Click() noexcept {
     const StandardTrap trap{"sub cmdcancel_click", module};
-    cancelled = true;
+    m_cancelled = true;
     trap([&] { QDialog::reject(); });
     trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/records.h"
+#include "foundation/list_row.h"
 #include "schedule/leg_editing.h"
 #include "schedule/leg_store.h"
 
@@ -10,6 +11,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace vantor {
 
@@ -18,30 +20,27 @@ class frmSchedEdit;
 }
 
 class ComboBox;
-class ListBox;
 
-/// One dialog serves one edit: fill its boxes, lock it, transfersched, unlock it, exec, then read cancelled and
-/// editedsched.
+/// What the editor's boxes offer.
+struct EditorRows {
+    ListRows aircraft; ///< the first is taken where none is the schedule's own
+    ListRows airports;
+};
+
+/// The whole editor on a schedule, shown with the leg of row `startRow` of its list. The edited copy after OK; nothing
+/// after Cancel, Escape or the close box.
+[[nodiscard]] std::optional<ScheduleRec> editSchedule(QWidget* parent, const ScheduleRec& record, EditorRows rows,
+                                                      int startRow = 0) noexcept;
+
+/// The dialog that editSchedule shows. One serves one edit.
 class frmSchedEdit : public QDialog {
     Q_OBJECT
   public:
-    explicit frmSchedEdit(QWidget* parent = nullptr);
+    frmSchedEdit(QWidget* parent, const ScheduleRec& record, EditorRows rows, int startRow = 0);
     ~frmSchedEdit() override;
 
-    /// Loads a copy of the record and shows its first leg. `locked` is true afterwards; the caller clears it.
-    void transfersched(const ScheduleRec& rec) noexcept;
-    /// A copy of the working copy.
-    [[nodiscard]] ScheduleRec editedsched() const { return m_draft.sched; }
-
-    [[nodiscard]] ListBox& List1() const;
-    [[nodiscard]] ComboBox& cmbAircraft() const;
-    /// Departure (0) or destination (any other).
-    [[nodiscard]] ComboBox& cmbAirport(int index) const;
-
-    /// While true, clicks on the list and the airport boxes do nothing.
-    bool locked = false;
-    /// The dialog ended by Cancel, Escape or its close box.
-    bool cancelled = false;
+    /// A copy of the schedule as it is edited so far, without the leg in the frame; nothing once it was cancelled.
+    [[nodiscard]] std::optional<ScheduleRec> edited() const;
 
     /// Escape and the close box end the dialog as Cancel does.
     void reject() override;
@@ -51,6 +50,8 @@ class frmSchedEdit : public QDialog {
     void guardFields();
     void connectControls();
     void Form_Load() noexcept;
+    void offer(EditorRows rows) noexcept;
+    void transfersched(const ScheduleRec& rec) noexcept;
 
     void fillschedinfo() noexcept;
     void fillleglist(int selected) noexcept;
@@ -64,6 +65,8 @@ class frmSchedEdit : public QDialog {
     /// Stores the leg shown, if any; false when its time was invalid and the user was told.
     bool storeCurrentLeg() noexcept;
     [[nodiscard]] LegControls shownControls() const;
+    /// The box of the departure (0) or of the destination (any other).
+    [[nodiscard]] ComboBox& cmbAirport(int index) const;
 
     void cmbRepeat_click() noexcept;
     void List1_click() noexcept;
@@ -80,6 +83,8 @@ class frmSchedEdit : public QDialog {
     std::unique_ptr<Ui::frmSchedEdit> ui;
     ScheduleDraft m_draft;
     std::int16_t m_currentleg = 0; // the leg in Frame2, 0 for none
+    bool m_locked = false;         // clicks on the list and the airport boxes do nothing
+    bool m_cancelled = false;
 };
 
 } // namespace vantor

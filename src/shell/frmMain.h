@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,8 +25,6 @@ class frmMain;
 }
 class TransferControl;
 class fSHAREDUpdater;
-class frmAircraftSub;
-class frmSchedEdit;
 struct BulkOutcome;
 
 class frmMain : public QMainWindow {
@@ -142,7 +141,7 @@ class frmMain : public QMainWindow {
     void showLegs(LegListing listing, bool clearfirst);
 
     // Schedules, legs and Find
-    void prepareschedform(frmSchedEdit& editor) noexcept;
+    [[nodiscard]] std::optional<ScheduleRec> edit(const ScheduleRec& schedule, int startRow = 0);
     void cmdAddSchedule_Click() noexcept;
     void cmdCopy_Click() noexcept;
     void cmdEditSchedule_Click() noexcept;
@@ -170,7 +169,6 @@ class frmMain : public QMainWindow {
     void cmdSplitAC_Click() noexcept;
 
     // Aircraft
-    void offerAircraft(frmAircraftSub& dialog) noexcept;
     void takeSubstitute(const std::string& substitutetext) noexcept;
     void cmdSubAC_Click() noexcept;
     void cmdAddFS_Click() noexcept;

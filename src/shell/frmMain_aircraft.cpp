@@ -46,27 +46,18 @@ void frmMain::connectAircraftCommands() {
     command(ui->cmdSwapAC, &frmMain::cmdSwapAC_Click);
 }
 
-void frmMain::offerAircraft(frmAircraftSub& dialog) noexcept {
-    const StandardTrap trap{"sub offeraircraft", module};
-    trap([&] { busymouse(); });
-    trap([&] { dialog.List2().setRows(aircraftRows(false)); });
-    trap([&] { normalmouse(); });
-}
-
 void frmMain::cmdSubAC_Click() noexcept {
     const StandardTrap trap{"sub cmdsubac_click", module};
     if (ui->List3->currentRow() < 0) {
         return;
     }
     trap([&] {
-        frmAircraftSub dialog(this);
-        offerAircraft(dialog);
-        dialog.GetSub(ui->List3->currentText());
-        if (dialog.substitutetext.empty()) {
+        const auto chosen = chooseAircraft(this, ui->List3->currentText(), aircraftRows(false));
+        if (!chosen) {
             return;
         }
         trap([&] { busymouse(); });
-        takeSubstitute(dialog.substitutetext);
+        takeSubstitute(chosen->substitutetext);
         trap([&] { ui->List3->removeRow(ui->List3->currentRow()); });
         trap([&] { normalmouse(); });
     });
@@ -142,10 +133,8 @@ void frmMain::cmdSwapAC_Click() noexcept {
         return;
     }
     trap([&] {
-        frmAircraftSub dialog(this);
-        offerAircraft(dialog);
-        trap([&] { dialog.GetSub(extractaircraft(ui->List1->currentText())); });
-        if (dialog.substituterow.empty()) {
+        const auto chosen = chooseAircraft(this, extractaircraft(ui->List1->currentText()), aircraftRows(false));
+        if (!chosen || chosen->row.empty()) {
             return;
         }
         unsavedchanges = true;
@@ -155,7 +144,7 @@ void frmMain::cmdSwapAC_Click() noexcept {
                 recnums.push_back(ui->List1->itemData(row));
             }
         }
-        swapAircraft(recnums, dialog.substituterow);
+        swapAircraft(recnums, chosen->row);
         trap([&] { displaylist(currenticao, currentac, "", currentunique, keepindex); });
     });
 }

@@ -13,6 +13,7 @@
 #include "shell/frmMain.h"
 #include "ui_frmMain.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -21,13 +22,6 @@ namespace vantor {
 namespace {
 
 constexpr std::string_view module = "frmMain";
-
-// Hands a schedule to the editor, and keeps its list from storing while it does.
-void loadEditor(frmSchedEdit& editor, const ScheduleRec& schedule) {
-    editor.locked = true;
-    editor.transfersched(schedule);
-    editor.locked = false;
-}
 
 } // namespace
 
@@ -42,35 +36,22 @@ void frmMain::connectScheduleCommands() {
     command(ui->cmdFind1, [](frmMain& form) { form.cmdFind_Click(1); });
 }
 
-void frmMain::prepareschedform(frmSchedEdit& editor) noexcept {
-    const StandardTrap trap{"sub prepareschedform", module};
-    editor.locked = true;
-    trap([&] {
-        ComboBox& box = editor.cmbAircraft();
-        box.setRows(aircraftRows(true)); // missing aircraft too, so that their schedules keep them
-        box.setCurrentRow(0);
-    });
-    trap([&] { editor.cmbAirport(0).setRows(ui->cmbICAO->rows()); });
-    trap([&] { editor.cmbAirport(1).setRows(ui->cmbICAO->rows()); });
-    editor.locked = false;
+std::optional<ScheduleRec> frmMain::edit(const ScheduleRec& schedule, int startRow) {
+    // Missing aircraft too, so that their schedules keep them.
+    return editSchedule(this, schedule, {aircraftRows(true), ui->cmbICAO->rows()}, startRow);
 }
 
 void frmMain::cmdAddSchedule_Click() noexcept {
     const StandardTrap trap{"sub cmdaddschedule_click", module};
     trap([&] {
-        frmSchedEdit editor(this);
-        trap([&] { busymouse(); });
-        prepareschedform(editor);
         ScheduleRec schedule;
         trap([&] { schedule = defaultschedule(ui->cmbAC->text()); });
-        trap([&] { normalmouse(); });
-        loadEditor(editor, schedule);
-        trap([&] { editor.exec(); });
-        if (editor.cancelled) {
+        const std::optional<ScheduleRec> edited = edit(schedule);
+        if (!edited) {
             return;
         }
         unsavedchanges = true;
-        addschedule(editor.editedsched(), "sub cmdaddschedule_click");
+        addschedule(*edited, "sub cmdaddschedule_click");
         trap([&] { displaylist(currenticao, currentac, "", currentunique, ui->List1->currentRow()); });
         trap([&] { displaylegs(true, schedulecount, ""); });
     });
@@ -102,20 +83,16 @@ void frmMain::cmdEditSchedule_Click() noexcept {
     trap([&] { busymouse(); });
     const int saved = ui->List1->currentRow();
     trap([&] {
-        frmSchedEdit editor(this);
-        prepareschedform(editor);
         ScheduleRec schedule;
         // A schedule that can't be read must not be overwritten by a blank one.
         if (!trap([&] { schedule = schedules.HashGetSlot(id); })) {
             return;
         }
-        loadEditor(editor, schedule);
-        trap([&] { normalmouse(); });
-        trap([&] { editor.exec(); });
+        const std::optional<ScheduleRec> edited = edit(schedule);
         trap([&] { busymouse(); });
-        if (!editor.cancelled) {
+        if (edited) {
             unsavedchanges = true;
-            trap([&] { schedules.HashPutSlot(id, editor.editedsched()); });
+            trap([&] { schedules.HashPutSlot(id, *edited); });
         }
     });
     // After a Cancel too. On a filtered list the saved row may be another schedule by now.
@@ -135,27 +112,18 @@ void frmMain::cmdEditLeg_Click() noexcept {
     unsavedchanges = true; // before the user has done anything: a Cancel leaves it set, which is meant
     trap([&] { busymouse(); });
     trap([&] {
-        frmSchedEdit editor(this);
-        prepareschedform(editor);
         ScheduleRec schedule;
         // A leg's number can lead to a counted line without a schedule: what was stored there, the next add would
         // overwrite.
         if (!trap([&] { schedule = schedules.HashGetSlot(rec); }) || schedule.recnum == 0) {
             return;
         }
-        loadEditor(editor, schedule);
-        trap([&] {
-            // The row counts and not the leg: on a filtered list the editor may open on another leg. It is meant.
-            if (ui->List2->rowCount() <= editor.List1().rowCount()) {
-                editor.List1().setCurrentRow(ui->List2->currentRow());
-            }
-        });
-        trap([&] { normalmouse(); });
-        trap([&] { editor.exec(); });
-        if (!editor.cancelled) {
+        // Quirk: the row counts and not the leg, so on a filtered list the editor may open on another leg.
+        const bool fits = ui->List2->rowCount() <= schedule.legcount;
+        if (const auto edited = edit(schedule, fits ? ui->List2->currentRow() : 0)) {
             trap([&] { busymouse(); });
             unsavedchanges = true;
-            trap([&] { schedules.HashPutSlot(rec, editor.editedsched()); });
+            trap([&] { schedules.HashPutSlot(rec, *edited); });
         }
     });
     trap([&] { displayselected(); }); // List1 is not refilled: its row keeps the old text

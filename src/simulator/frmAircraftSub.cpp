@@ -9,14 +9,31 @@
 
 #include <QKeyEvent>
 
+#include <utility>
+
 namespace vantor {
 
 namespace {
 constexpr std::string_view module = "frmAircraftSub";
 } // namespace
 
-frmAircraftSub::frmAircraftSub(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmAircraftSub>()) {
+std::optional<ChosenAircraft> chooseAircraft(QWidget* parent, std::string_view current, ListRows rows) noexcept {
+    const StandardTrap trap{"sub getsub", module};
+    std::optional<ChosenAircraft> chosen;
+    trap([&] {
+        frmAircraftSub dialog(parent, current, std::move(rows));
+        trap([&] { dialog.exec(); });
+        chosen = dialog.chosen();
+    });
+    return chosen;
+}
+
+frmAircraftSub::frmAircraftSub(QWidget* parent, std::string_view current, ListRows rows)
+    : QDialog(parent), ui(std::make_unique<Ui::frmAircraftSub>()), m_current(current) {
     ui->setupUi(this);
+    ui->lblCurrent->setText(toQString(current));
+    ui->List2->setRows(std::move(rows));
+    refilllist();
     if (parent != nullptr) {
         setWindowIcon(parent->window()->windowIcon());
     }
@@ -30,18 +47,6 @@ frmAircraftSub::frmAircraftSub(QWidget* parent) : QDialog(parent), ui(std::make_
 }
 
 frmAircraftSub::~frmAircraftSub() = default;
-
-ListBox& frmAircraftSub::List2() const {
-    return *ui->List2;
-}
-
-void frmAircraftSub::GetSub(std::string_view current) noexcept {
-    const StandardTrap trap{"sub getsub", module};
-    trap([&] { m_current = current; });
-    trap([&] { ui->lblCurrent->setText(toQString(m_current)); });
-    refilllist();
-    trap([&] { exec(); });
-}
 
 void frmAircraftSub::refilllist() noexcept {
     const StandardTrap trap{"sub refilllist", module};
@@ -64,9 +69,11 @@ void frmAircraftSub::cmdOK_Click() noexcept {
         trap([&] { host().message("Please click a substitute aircraft in the list box"); });
         return;
     }
-    trap([&] { substitutetext = substituteText(m_current, ui->List1->currentText()); });
-    trap([&] { substituterow = ui->List1->currentText(); });
-    trap([&] { accept(); });
+    trap([&] {
+        const std::string row = ui->List1->currentText();
+        m_chosen = {substituteText(m_current, row), row};
+    });
+    trap(&frmAircraftSub::accept, this);
     trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 

@@ -2,9 +2,12 @@
 // frmAircraftSub, the one dialog for picking an aircraft.
 #pragma once
 
+#include "foundation/list_row.h"
+
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,23 +17,25 @@ namespace Ui {
 class frmAircraftSub;
 }
 
-class ListBox;
+/// The aircraft that the user chose.
+struct ChosenAircraft {
+    std::string substitutetext; ///< "{current code} - {new title}"
+    std::string row;            ///< as it was offered; empty for the closing row
+};
 
-/// Lives for one use: the caller fills List2, calls GetSub and reads the two texts.
+/// The whole dialog for another aircraft in place of `current` (a row or code), of those in `rows`. Nothing unless the
+/// user pressed OK on one.
+[[nodiscard]] std::optional<ChosenAircraft> chooseAircraft(QWidget* parent, std::string_view current,
+                                                           ListRows rows) noexcept;
+
+/// The dialog that chooseAircraft shows. It lives for one use.
 class frmAircraftSub : public QDialog {
     Q_OBJECT
   public:
-    explicit frmAircraftSub(QWidget* parent = nullptr);
+    frmAircraftSub(QWidget* parent, std::string_view current, ListRows rows);
     ~frmAircraftSub() override;
 
-    /// All rows on offer, hidden.
-    [[nodiscard]] ListBox& List2() const;
-    /// Shows the dialog for the aircraft to be replaced (a row or code) and returns when it is closed.
-    void GetSub(std::string_view current) noexcept;
-
-    /// "{current code} - {new title}" and the whole row chosen; both empty unless OK succeeded.
-    std::string substitutetext;
-    std::string substituterow;
+    [[nodiscard]] const std::optional<ChosenAircraft>& chosen() const noexcept { return m_chosen; }
 
     /// Escape and the close box leave as Cancel does.
     void reject() override;
@@ -47,6 +52,7 @@ class frmAircraftSub : public QDialog {
 
     std::unique_ptr<Ui::frmAircraftSub> ui;
     std::string m_current;
+    std::optional<ChosenAircraft> m_chosen;
 };
 
 } // namespace vantor

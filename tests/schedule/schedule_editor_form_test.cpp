@@ -45,25 +45,19 @@ class ScheduleEditorTest : public Fixture {
         Fixture::TearDown();
     }
 
-    // Opens the editor as the main window does.
     frmSchedEdit& open(std::int32_t recnum = 1) {
-        editor = std::make_unique<frmSchedEdit>();
-        editor->cmbAircraft().setRows(aircraftRows(true));
-        editor->cmbAircraft().setCurrentRow(0);
-        editor->cmbAirport(0).setRows(airportRows());
-        editor->cmbAirport(1).setRows(airportRows());
-        editor->locked = true;
-        editor->transfersched(schedules.HashGetSlot(recnum));
-        editor->locked = false;
+        const EditorRows rows{aircraftRows(true), airportRows()};
+        editor = std::make_unique<frmSchedEdit>(nullptr, schedules.HashGetSlot(recnum), rows);
         editor->show();
         return *editor;
     }
+    [[nodiscard]] ScheduleRec edited() const { return editor->edited().value(); }
 
     template <class Widget>
     Widget& at(std::string_view name) {
         return control<Widget>(*editor, name);
     }
-    ListBox& list() { return editor->List1(); }
+    ListBox& list() { return at<ListBox>("List1"); }
     ComboBox& combo(std::string_view name) { return at<ComboBox>(name); }
     std::string field(std::string_view name) { return fromQString(at<QLineEdit>(name).text()); }
     void type(std::string_view name, std::string_view text) { typeOver(at<QLineEdit>(name), text); }
@@ -133,12 +127,11 @@ TEST_F(ScheduleEditorTest, OkHandsBackEveryField) {
     EXPECT_EQ(frame(), "CCCC-AAAA -/9:05 -/12:00:00 310 R77 TNG 100 NM");
     pressKey(at<QLineEdit>("txtAltitude"), Qt::Key_Return); // OK is the default button
     ASSERT_FALSE(editor->isVisible());
-    EXPECT_FALSE(editor->cancelled);
     // Legs that were never visited are never computed.
-    EXPECT_EQ(textOf(editor->editedsched()), "1 AC#123 123456789012 1000 24h IFR"
-                                             " | CCCC-AAAA -1/09:05:00 TNG0/09:21:00 310 R77 0nm 0.00h 1001"
-                                             " | AAAA-BBBB -1/12:00:00 0/12:00:00 200 F1 100nm 0.00h 1002"
-                                             " | BBBB-CCCC -1/12:00:00 0/12:00:00 200 F1 100nm 0.00h 1003");
+    EXPECT_EQ(textOf(edited()), "1 AC#123 123456789012 1000 24h IFR"
+                                " | CCCC-AAAA -1/09:05:00 TNG0/09:21:00 310 R77 0nm 0.00h 1001"
+                                " | AAAA-BBBB -1/12:00:00 0/12:00:00 200 F1 100nm 0.00h 1002"
+                                " | BBBB-CCCC -1/12:00:00 0/12:00:00 200 F1 100nm 0.00h 1003");
 }
 
 TEST_F(ScheduleEditorTest, ChangesBothAirportsOfALeg) {
@@ -166,11 +159,11 @@ TEST_F(ScheduleEditorTest, AddsAndInsertsLegs) {
     click(*editor, "cmdAddLeg");
     // Setting the row again is a click, which stores the leg that was shown.
     EXPECT_EQ(legs(), "*AAAA-BBBB BBBB-AAAA");
-    EXPECT_EQ(editor->editedsched().legs[1].flightlevel, 111);
+    EXPECT_EQ(edited().legs[1].flightlevel, 111);
     click(*editor, "cmdInsertLeg");
     // The store of the old leg 1 hits the new one, which now has that number.
     EXPECT_EQ(legs(), "*AAAA-AAAA AAAA-BBBB BBBB-AAAA");
-    EXPECT_EQ(editor->editedsched().period.text(), "6Hr"); // the default row is no change and no click
+    EXPECT_EQ(edited().period.text(), "6Hr"); // the default row is no change and no click
 }
 
 TEST_F(ScheduleEditorTest, StartsFromNoLegsAtAll) {
@@ -188,7 +181,7 @@ TEST_F(ScheduleEditorTest, StartsFromNoLegsAtAll) {
     EXPECT_EQ(legs(), "*- -");
     click(*editor, "cmdOK");
     EXPECT_FALSE(editor->isVisible());
-    EXPECT_EQ(editor->editedsched().legcount, 2);
+    EXPECT_EQ(edited().legcount, 2);
 }
 
 TEST_F(ScheduleEditorTest, DeletingKeepsItsTwoOffsets) {
@@ -211,7 +204,7 @@ TEST_F(ScheduleEditorTest, DeletingKeepsItsTwoOffsets) {
     EXPECT_EQ(legs(), "");
     EXPECT_EQ(frame().substr(0, 9), "AAAA-AAAA"); // leg 0 is blank again
     click(*editor, "cmdOK");
-    EXPECT_EQ(editor->editedsched().legcount, 0);
+    EXPECT_EQ(edited().legcount, 0);
 }
 
 TEST_F(ScheduleEditorTest, ABadTimeKeepsTheLegInTheFrame) {
@@ -231,7 +224,7 @@ TEST_F(ScheduleEditorTest, ABadTimeKeepsTheLegInTheFrame) {
     EXPECT_EQ(field("txtRego") + " " + frame(), "NEW CCCC-AAAA -/1:00 -/12:00:00 high F1 100 NM");
     type("txtAltitude", "99");
     clickRow(list(), 1);
-    EXPECT_EQ(textOf(editor->editedsched().legs[1]), "CCCC-AAAA -1/01:00:00 0/01:16:00 99 F1 0nm 0.00h 1001");
+    EXPECT_EQ(textOf(edited().legs[1]), "CCCC-AAAA -1/01:00:00 0/01:16:00 99 F1 0nm 0.00h 1001");
     EXPECT_EQ(frame().substr(0, 9), "AAAA-BBBB");
     click(*editor, "cmdOK");
     EXPECT_FALSE(editor->isVisible());
@@ -250,15 +243,15 @@ TEST_F(ScheduleEditorTest, AWeeklyScheduleGetsItsDays) {
     EXPECT_EQ(combo("cmbDay0").text(), "Sun");
     type("txtTime", "12:00");
     clickRow(list(), 1);
-    EXPECT_EQ(textOf(editor->editedsched().legs[1]), "CCCC-AAAA 0/12:00:00 @2/23:45:00 200 F1 0nm 0.00h 1001");
+    EXPECT_EQ(textOf(edited().legs[1]), "CCCC-AAAA 0/12:00:00 @2/23:45:00 200 F1 0nm 0.00h 1001");
     EXPECT_FALSE(combo("cmbDay1").isVisible());
     pressKey(list(), Qt::Key_Up);
     EXPECT_EQ(frame(), "CCCC-AAAA Sun/12:00:00 Tue/@23:45:00 200 F1 0 NM");
     EXPECT_TRUE(combo("cmbDay1").isEnabled());
     pickRow(combo("cmbRepeat"), 3);
-    EXPECT_FALSE(editor->editedsched().weekly);
+    EXPECT_FALSE(edited().weekly);
     EXPECT_FALSE(combo("cmbDay0").isEnabled());
-    EXPECT_EQ(editor->editedsched().legs[1].arrday, 2); // days of legs not visited again stay
+    EXPECT_EQ(edited().legs[1].arrday, 2); // days of legs not visited again stay
 }
 
 // What OK hands back must be a line of the file that can be read again.
@@ -267,9 +260,9 @@ TEST_F(ScheduleEditorTest, LegsThatWereNeverShownAreComplete) {
     open();
     pickRow(combo("cmbRepeat"), 7);
     click(*editor, "cmdOK");
-    EXPECT_EQ(editor->editedsched().acnum.text(), "AC#1"); // a deleted aircraft gives way to the first row
-    EXPECT_EQ(editor->editedsched().percent.text(), "50%");
-    for (const LegRec& leg : editor->editedsched().legs) {
+    EXPECT_EQ(edited().acnum.text(), "AC#1"); // a deleted aircraft gives way to the first row
+    EXPECT_EQ(edited().percent.text(), "50%");
+    for (const LegRec& leg : OneBased<LegRec>(edited().legs)) {
         EXPECT_EQ(leg.depday, 0) << leg.fromicao.text();
     }
     open();
@@ -280,7 +273,7 @@ TEST_F(ScheduleEditorTest, LegsThatWereNeverShownAreComplete) {
     click(*editor, "cmdAddLeg"); // takes after no leg at all
     click(*editor, "cmdAddLeg");
     click(*editor, "cmdOK");
-    for (const LegRec& leg : editor->editedsched().legs) {
+    for (const LegRec& leg : OneBased<LegRec>(edited().legs)) {
         EXPECT_FALSE(leg.dep.text().empty());
     }
 }
@@ -309,7 +302,7 @@ TEST_F(ScheduleEditorTest, CancelEscapeAndTheCloseBoxCancel) {
         type("txtTime", "bad");
         leave();
         EXPECT_FALSE(editor->isVisible());
-        EXPECT_TRUE(editor->cancelled);
+        EXPECT_FALSE(editor->edited());
     }
 }
 

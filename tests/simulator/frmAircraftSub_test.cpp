@@ -16,24 +16,18 @@ class FrmAircraftSub : public Fixture {
     void SetUp() override {
         Fixture::SetUp();
         useHost(&m_host);
-        form.List2().setRows({{"AC#1 - \"Boeing 737\"", 1}, {"AC#2 - \"Airbus\"", 2}, {"AC#3 - \"BOEING 747\"", 3}});
-    }
-
-    void TearDown() override {
-        form.close();
-        Fixture::TearDown();
     }
 
     // Shows the dialog, lets the user work in it, and gives the two answers.
     std::string answers(const std::function<void(QDialog&)>& user) {
         const Expectation dialog = expectDialog("frmAircraftSub", user);
-        form.GetSub("AC#9 - \"Gone & lost\"");
-        return form.substitutetext + "|" + form.substituterow;
+        const auto chosen =
+            chooseAircraft(nullptr, "AC#9 - \"Gone & lost\"",
+                           {{"AC#1 - \"Boeing 737\"", 1}, {"AC#2 - \"Airbus\"", 2}, {"AC#3 - \"BOEING 747\"", 3}});
+        return chosen ? chosen->substitutetext + "|" + chosen->row : "none";
     }
 
     static std::string offered(const QDialog& dialog) { return rowsOf(control<ListBox>(dialog, "List1").rows()); }
-
-    frmAircraftSub form;
 
   private:
     QtHost m_host;
@@ -85,9 +79,9 @@ TEST_F(FrmAircraftSub, LeavingAnswersNothingAndTheClosingRowAnEmptyTitle) {
             click(dialog, button);
         };
     };
-    EXPECT_EQ(answers(pickAndPress(0, "cmdCancel")), "|");
-    EXPECT_EQ(answers([](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); }), "|");
-    EXPECT_EQ(answers([](QDialog& dialog) { dialog.close(); }), "|");
+    EXPECT_EQ(answers(pickAndPress(0, "cmdCancel")), "none");
+    EXPECT_EQ(answers([](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); }), "none");
+    EXPECT_EQ(answers([](QDialog& dialog) { dialog.close(); }), "none");
     EXPECT_EQ(answers(pickAndPress(3, "cmdOK")), "AC#9 - |");
 }
 
