@@ -241,12 +241,14 @@ void listsubfolders(std::string_view folder, std::vector<std::string>& list) noe
         for (const std::filesystem::directory_iterator end; !failure && entry != end; entry.increment(failure)) {
             std::error_code ignored;
             if (entry->is_directory(ignored)) {
-                found.push_back(stripnull(programPath(entry->path().filename())) + "\\");
+                found.push_back(stripnull(programPath(entry->path().filename())));
             }
         }
         std::ranges::sort(found); // one order for names that differ in case alone
         std::ranges::stable_sort(found, lessNoCase);
-        list.insert(list.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
+        for (std::string& name : found) { // "\" goes behind the sorted names: "737\" would follow "737-400\"
+            list.push_back(std::move(name.append("\\")));
+        }
         timedevents();
     });
 }

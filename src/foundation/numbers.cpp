@@ -140,28 +140,23 @@ std::string withExponentBeyond(Number value, int digits) {
 
 } // namespace
 
-double val(std::string_view text) noexcept {
+double val(std::string_view text) {
     if (const std::optional<double> plain = plainFront(text)) {
         return *plain;
     }
-    // Numbers are short: what lies beyond the buffer cannot change a double by more than its last digit.
-    std::array<char, 512> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled below as far as it is read
-    std::size_t length = 0;
+    std::string packed;
     for (const char c : text) {
-        if (c == ' ') {
-            continue;
-        }
-        if (length == buffer.size() || !(isDigit(c) || isNumberSign(c))) {
+        if (isDigit(c) || isNumberSign(c)) {
+            packed.push_back(c);
+        } else if (c != ' ') {
             break;
         }
-        buffer[length++] = c;
     }
-    const std::string_view packed(buffer.data(), length);
     const NumberScan scan = scanNumber(packed);
     if (scan.length == 0) {
         return 0;
     }
-    const double value = convertScanned(packed.substr(0, scan.length), scan.plus);
+    const double value = convertScanned(std::string_view(packed).substr(0, scan.length), scan.plus);
     return std::isinf(value) ? std::copysign(std::numeric_limits<double>::max(), value) : value;
 }
 

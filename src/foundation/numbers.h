@@ -9,8 +9,9 @@
 namespace vantor {
 
 /// The number at the front of a text: blanks are ignored wherever they stand, then sign, digits, one point and an E
-/// exponent are taken as far as they go. No number gives 0. It never fails; a number beyond a double gives the largest.
-[[nodiscard]] double val(std::string_view text) noexcept;
+/// exponent are taken as far as they go. No number gives 0. Any text is taken; a number beyond a double gives the
+/// largest.
+[[nodiscard]] double val(std::string_view text);
 
 /// The whole text as a number: blanks around it, sign, digits, one point, E exponent. Anything else is error 13
 /// (Type mismatch), a number beyond the type is error 6 (Overflow).

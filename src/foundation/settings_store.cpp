@@ -190,7 +190,7 @@ void cSHAREDSettings::LoadSettings(std::string_view file) noexcept {
     std::string text;
     std::vector<std::string_view> lines;
     statement([&] { ReadWholeFile(file, text); });
-    statement([&] { lines = split(text, "\r\n"); });
+    statement([&] { lines = splitLines(text); });
     // Kept sorted aside: a file in any order, of any length, is read in one pass.
     std::map<std::string, SettingValue, std::less<>> read;
     std::string key;

@@ -148,6 +148,20 @@ std::vector<std::string_view> split(std::string_view text, std::string_view sepa
     return pieces;
 }
 
+std::vector<std::string_view> splitLines(std::string_view text) {
+    if (contains(text, "\r\n")) {
+        return split(text, "\r\n");
+    }
+    std::vector<std::string_view> lines;
+    for (std::size_t end = text.find_first_of("\r\n"); end != std::string_view::npos;
+         end = text.find_first_of("\r\n")) {
+        lines.push_back(text.substr(0, end));
+        text.remove_prefix(end + 1);
+    }
+    lines.push_back(text);
+    return lines;
+}
+
 #ifdef _WIN32
 
 namespace {

@@ -74,6 +74,9 @@ void forEachPosition(std::string_view text, char wanted, const Take& take) {
 [[nodiscard]] std::string replaceAll(std::string_view text, std::string_view from, std::string_view to);
 /// The pieces of `text` between each `separator`; one empty piece for an empty text.
 [[nodiscard]] std::vector<std::string_view> split(std::string_view text, std::string_view separator);
+/// The lines of a whole file. They end at CR LF alone when there is one, and else, as other systems' editors save, at
+/// each lone LF or CR. What follows the last end is a line too, empty or not.
+[[nodiscard]] std::vector<std::string_view> splitLines(std::string_view text);
 
 /// The UTF-8 form of a text of the code page, and back ('?' for what the code page lacks).
 [[nodiscard]] std::string toUtf8(std::string_view text);

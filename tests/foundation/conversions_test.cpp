@@ -34,6 +34,14 @@ TEST(Text, ReplaceSplitAndTrim) {
     EXPECT_EQ(trim(" \t a  "), "\t a");
 }
 
+TEST(Text, LinesEndAtCrLfAloneOrElseAtWhateverEndsThereAre) {
+    using Lines = std::vector<std::string_view>;
+    EXPECT_EQ(splitLines("a\nb\rc\r\nd\r\n"), (Lines{"a\nb\rc", "d", ""}));
+    EXPECT_EQ(splitLines("a\n\nb\n"), (Lines{"a", "", "b", ""}));
+    EXPECT_EQ(splitLines("a\rb\nc"), (Lines{"a", "b", "c"}));
+    EXPECT_EQ(splitLines(""), Lines{""});
+}
+
 TEST(Text, PositionsOfACharacter) {
     // Words of eight bytes and a rest, neighbours, and bytes that differ from the wanted one in a single bit.
     std::string marked = ",a,,\xAC-.4lmnop,,\x2D\x2B\x0C\x3C\x24,,,x,";
@@ -95,6 +103,8 @@ TEST(Numbers, TheNumberAtTheFrontOfAText) {
                                       {"123456789012345 67", 12345678901234567.0}}) {
         EXPECT_EQ(val(text), value) << text;
     }
+    const std::string zeros(1000, '0'); // however many stand ahead of the digits that count
+    EXPECT_EQ(val(zeros + " 12.5") + val("0." + zeros + "5e1001"), 17.5);
 }
 
 TEST(Numbers, TheWholeTextAsANumber) {

@@ -171,7 +171,7 @@ TEST_F(Disk, DatesAreLocalTime) {
 }
 
 TEST_F(Disk, SubfoldersAscendWithoutRegardToCase) {
-    for (const char* const name : {"b", "C", "a", "\xFCser"}) {
+    for (const char* const name : {"b", "C", "a-4", "a", "\xFCser"}) {
         writeFile(std::string("root\\") + name + "\\x", "");
     }
     writeFile("root\\file", "");
@@ -182,7 +182,7 @@ TEST_F(Disk, SubfoldersAscendWithoutRegardToCase) {
 #endif
     Names list{"before"};
     listsubfolders(path("root"), list);
-    EXPECT_EQ(list, (Names{"before", "a\\", "b\\", "C\\", "d\\", "\xFCser\\"}));
+    EXPECT_EQ(list, (Names{"before", "a\\", "a-4\\", "b\\", "C\\", "d\\", "\xFCser\\"}));
     EXPECT_EQ(recorder.paintPumps, 1);
 
     fillfolders(path("none\\"), list, true);

@@ -143,6 +143,10 @@ TEST_F(Settings, FilesEditedByHand) {
     EXPECT_EQ(saved(), "Z,3\r\nKEY,1\r\n");
     store.DeleteSettingByName("key");
     EXPECT_EQ(saved(), "Z,3\r\n");
+    for (const char* const other : {"Z,3\nA,1\nz,4", "Z,3\rA,1\r\rz,4\r"}) { // saved by an editor with ends of its own
+        load(other);
+        EXPECT_EQ(saved(), "A,1\r\nZ,3\r\n");
+    }
     load("Z,3\r\nA,1\r\nz,4"); // neighbours in the file that is written: the first stays
     EXPECT_EQ(saved(), "A,1\r\nZ,3\r\n");
     load(std::string_view("\0\xFF,\0\r\n,,,\r\nK,v", 14));
