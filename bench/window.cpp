@@ -1,8 +1,7 @@
 #include "window.h"
 
-#include "foundation/log.h"
 #include "foundation/native_path.h"
-#include "foundation/settings_store.h"
+#include "foundation/run_state.h"
 
 #include <fstream>
 
@@ -19,8 +18,8 @@ Window::~Window() {
 
 void Window::moveTo(const std::filesystem::path& folder) {
     m_form.reset();
-    resetSettings();
-    resetLogging();
+    startRun();
+    useHost(&m_host);
     setProgramFile(folder / "Vantor");
     std::ofstream(folder / "Vantor2.ini", std::ios::binary)
         << "FSMODE, 2 \r\nFS2K2PATH," << programFolder() << "\\FS\\\r\n";

@@ -1,7 +1,8 @@
 // An aircraft.cfg: the scan for titles and the report on textures and models.
 #include "core/tables.h"
-#include "foundation/files.h"
+#include "foundation/channels.h"
 #include "foundation/text.h"
+#include "foundation/text_files.h"
 #include "fuzz.h"
 #include "simulator/aircraft_report.h"
 #include "simulator/fs_aircraft.h"

@@ -1,6 +1,7 @@
 // The simulator's names of airports: each name reaches its airport, and nothing else changes.
 #include "core/airports_file.h"
 #include "core/tables.h"
+#include "foundation/fixed_text.h"
 #include "foundation/text.h"
 #include "fuzz.h"
 

@@ -1,6 +1,7 @@
 // Number texts, codes and capitals: readers agree with each other and with what is printed.
 #include "core/aircraft_table.h"
 #include "core/codes.h"
+#include "foundation/code_page.h"
 #include "foundation/numbers.h"
 #include "foundation/text.h"
 #include "fuzz.h"

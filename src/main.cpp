@@ -4,6 +4,7 @@
 #include "foundation/host.h"
 #include "foundation/log.h"
 #include "foundation/native_path.h"
+#include "foundation/run_state.h"
 #include "platform/code_page.h"
 #include "platform/qt_host.h"
 #include "shell/fSHAREDErrorRpt.h"
@@ -48,6 +49,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(vantor::applicationIcon());
     vantor::setProgramFile(programFile(QCoreApplication::arguments().value(0)));
 
+    vantor::startRun();
     vantor::QtHost host;
     vantor::useHost(&host);
     vantor::useErrorReporter(vantor::showErrorReport);

@@ -1,10 +1,11 @@
 #include "core/aircraft_file.h"
 
 #include "core/tables.h"
-#include "foundation/files.h"
 #include "foundation/numbers.h"
 #include "foundation/progress.h"
+#include "foundation/replacing_file.h"
 #include "foundation/text.h"
+#include "foundation/text_files.h"
 #include "foundation/trap.h"
 
 #include <optional>

@@ -2,10 +2,12 @@
 
 #include "core/great_circle.h"
 #include "core/tables.h"
-#include "foundation/files.h"
+#include "foundation/channels.h"
+#include "foundation/disk.h"
 #include "foundation/numbers.h"
 #include "foundation/progress.h"
 #include "foundation/text.h"
+#include "foundation/text_files.h"
 
 #include <string>
 
@@ -69,9 +71,6 @@ void LoadAirports(std::string_view file, Canvas* progress) {
         readAirports(file, progress, accepted);
     } catch (...) {
         const Error error = currentError();
-        if (error.is(ErrorCode::Loader)) {
-            closeAllFiles();
-        }
         // Every fault gets this wrapping, the missing file too, and nothing follows its last blank; it is meant.
         throw Error(error.number(),
                     error.description() + " in line " + std::to_string(accepted) + " of airports.txt.  Error on: ");

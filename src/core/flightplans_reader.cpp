@@ -4,12 +4,16 @@
 #include "core/codes.h"
 #include "core/leg_distances.h"
 #include "core/tables.h"
+#include "foundation/byte_search.h"
+#include "foundation/channels.h"
 #include "foundation/clock.h"
-#include "foundation/files.h"
+#include "foundation/disk.h"
+#include "foundation/fixed_text.h"
 #include "foundation/log.h"
 #include "foundation/numbers.h"
 #include "foundation/progress.h"
 #include "foundation/text.h"
+#include "foundation/text_files.h"
 
 #include <algorithm>
 #include <array>
@@ -310,7 +314,6 @@ void LoadSched(Canvas* progress, std::string_view file) {
         if (error.is(ErrorCode::Loader)) {
             throw;
         }
-        closeAllFiles();
         if (error.is(ErrorCode::TypeMismatch)) {
             const std::string text = reader.mismatchText();
             logit(text);

@@ -1,8 +1,8 @@
 #include "core/flightplans_writer.h"
 
 #include "core/tables.h"
-#include "foundation/files.h"
 #include "foundation/numbers.h"
+#include "foundation/replacing_file.h"
 #include "foundation/trap.h"
 
 #include <optional>

@@ -1,9 +1,9 @@
 #include "core/great_circle.h"
 
 #include "core/tables.h"
+#include "foundation/code_page.h"
 #include "foundation/log.h"
 #include "foundation/numbers.h"
-#include "foundation/text.h"
 #include "foundation/trap.h"
 
 #include <cmath>

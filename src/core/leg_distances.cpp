@@ -2,6 +2,7 @@
 
 #include "core/great_circle.h"
 #include "core/tables.h"
+#include "foundation/fixed_text.h"
 #include "foundation/numbers.h"
 
 #include <cmath>

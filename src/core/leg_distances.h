@@ -2,6 +2,7 @@
 // Distances of a million legs whose whole miles and whole hours alone are kept.
 #pragma once
 
+#include "foundation/fixed_text.h"
 #include "foundation/text.h"
 
 #include <cstddef>

@@ -4,11 +4,11 @@
 #include "core/aircraft_table.h"
 #include "core/airports_file.h"
 #include "core/flightplans_reader.h"
+#include "core/settings_keys.h"
 #include "core/tables.h"
-#include "foundation/files.h"
 #include "foundation/log.h"
+#include "foundation/path_text.h"
 #include "foundation/progress.h"
-#include "foundation/settings_store.h"
 #include "foundation/text.h"
 
 namespace vantor {
@@ -62,9 +62,9 @@ std::string GetSuffix(std::string_view file) {
 }
 
 TrafficFiles configuredFiles(const TrafficFiles& defaults) {
-    const std::string mode = "2k" + std::to_string(fsmode);
-    return {sget("AircraftTxt" + mode, defaults.aircraft).text(), sget("AirportsTxt" + mode, defaults.airports).text(),
-            sget("FlightplansTxt" + mode, defaults.flightplans).text()};
+    return {sget(keys::forMode(keys::aircraftTxt, fsmode), defaults.aircraft).text(),
+            sget(keys::forMode(keys::airportsTxt, fsmode), defaults.airports).text(),
+            sget(keys::forMode(keys::flightplansTxt, fsmode), defaults.flightplans).text()};
 }
 
 void loadAllTraffic(LoadSteps& steps) {

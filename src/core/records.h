@@ -3,6 +3,7 @@
 #pragma once
 
 #include "foundation/error.h"
+#include "foundation/fixed_text.h"
 #include "foundation/text.h"
 
 #include <cstddef>

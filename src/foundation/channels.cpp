@@ -1,8 +1,10 @@
+#include "foundation/channels.h"
+
 #include "foundation/error.h"
-#include "foundation/files.h"
 #include "foundation/native_path.h"
 
 #include <algorithm>
+#include <bitset>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
@@ -22,6 +24,11 @@ constexpr std::size_t smallestBuffer = 4096;
 // A lone CR is looked for in pieces of this size ahead of the next LF, so that neither kind of line end is searched
 // for through the whole buffer again and again.
 constexpr std::size_t searchPiece = 4096;
+
+std::bitset<mostChannels>& takenChannels() {
+    static std::bitset<mostChannels> taken; // channel n at n - 1
+    return taken;
+}
 
 // What the system's call can't tell: a missing folder from a missing file.
 Error openError(const std::filesystem::path& native, int code) {
@@ -77,26 +84,20 @@ const char* findLineEnd(const char* first, const char* last) {
 
 } // namespace
 
-std::vector<std::weak_ptr<Channel::Slot>>& Channel::openSlots() {
-    static std::vector<std::weak_ptr<Slot>> slots;
-    return slots;
+void Channel::Close::operator()(std::FILE* file) const noexcept {
+    std::fclose(file);
+    takenChannels().reset(static_cast<std::size_t>(number - 1));
 }
 
-Channel::Channel(const std::filesystem::path& native, Mode mode) : m_slot(std::make_shared<Slot>()) {
+Channel::Channel(const std::filesystem::path& native, Mode mode) {
     refuseWhatIsNoFile(native);
-    auto& slots = openSlots();
-    std::size_t free = 0;
-    for (; free < slots.size(); ++free) {
-        const std::shared_ptr<Slot> slot = slots[free].lock();
-        if (slot == nullptr || slot->file == nullptr) {
-            break;
-        }
+    std::bitset<mostChannels>& taken = takenChannels();
+    std::size_t lowest = 0;
+    while (lowest < mostChannels && taken.test(lowest)) {
+        ++lowest;
     }
-    if (free >= mostChannels) {
+    if (lowest == mostChannels) {
         throw Error(ErrorCode::TooManyFiles);
-    }
-    if (free == slots.size()) {
-        slots.emplace_back();
     }
     errno = 0;
     // A tool that the program starts does not inherit the file: O_NOINHERIT here, "e" there.
@@ -104,50 +105,33 @@ Channel::Channel(const std::filesystem::path& native, Mode mode) : m_slot(std::m
     const int access = mode == Mode::Input     ? _O_RDONLY
                        : mode == Mode::Replace ? _O_WRONLY | _O_CREAT | _O_TRUNC
                                                : _O_WRONLY | _O_CREAT | _O_APPEND;
+    std::FILE* file = nullptr;
     const int handle = _wopen(native.c_str(), access | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
     if (handle != -1) {
-        m_slot->file = _wfdopen(handle, mode == Mode::Input ? L"rb" : mode == Mode::Replace ? L"wb" : L"ab");
-        if (m_slot->file == nullptr) {
+        file = _wfdopen(handle, mode == Mode::Input ? L"rb" : mode == Mode::Replace ? L"wb" : L"ab");
+        if (file == nullptr) {
             _close(handle);
         }
     }
 #else
     const char* const modeText = mode == Mode::Input ? "rbe" : mode == Mode::Replace ? "wbe" : "abe";
-    m_slot->file = std::fopen(native.c_str(), modeText);
+    std::FILE* const file = std::fopen(native.c_str(), modeText);
 #endif
-    if (m_slot->file == nullptr) {
+    if (file == nullptr) {
         throw openError(native, errno);
     }
-    m_slot->number = static_cast<int>(free) + 1;
-    slots[free] = m_slot;
-}
-
-Channel::~Channel() {
-    closeSlot();
-}
-
-int Channel::number() const noexcept {
-    return m_slot ? m_slot->number : 0;
-}
-
-void Channel::closeSlot() noexcept {
-    if (m_slot && m_slot->file != nullptr) {
-        std::fclose(m_slot->file);
-        m_slot->file = nullptr;
-        m_slot->number = 0;
-    }
+    taken.set(lowest);
+    m_file = std::unique_ptr<std::FILE, Close>(file, Close{static_cast<int>(lowest) + 1});
 }
 
 void Channel::closeChecked() {
-    std::FILE* const open = file();
-    if (open == nullptr) {
+    if (!m_file) {
         return;
     }
     errno = 0;
-    int failure = std::fflush(open) == 0 ? 0 : errno;
-    m_slot->file = nullptr;
-    m_slot->number = 0;
-    if (std::fclose(open) != 0 && failure == 0) {
+    int failure = std::fflush(file()) == 0 ? 0 : errno;
+    takenChannels().reset(static_cast<std::size_t>(number() - 1));
+    if (std::fclose(m_file.release()) != 0 && failure == 0) {
         failure = errno;
     }
     if (failure != 0) {
@@ -163,16 +147,6 @@ void Channel::writeBytes(std::string_view bytes) {
     errno = 0;
     if (!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), open) != bytes.size()) {
         throw errorFromErrno(errno);
-    }
-}
-
-void closeAllFiles() noexcept {
-    for (const auto& open : Channel::openSlots()) {
-        if (const auto slot = open.lock(); slot != nullptr && slot->file != nullptr) {
-            std::fclose(slot->file);
-            slot->file = nullptr;
-            slot->number = 0;
-        }
     }
 }
 

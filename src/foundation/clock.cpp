@@ -24,6 +24,12 @@ class SystemClock final : public Clock {
 
 Clock* clockInUse = nullptr;
 
+// The system's, unless another was put in use.
+Clock& currentClock() noexcept {
+    static SystemClock system;
+    return clockInUse != nullptr ? *clockInUse : system;
+}
+
 // Reads a field of a time text from `at` on: `least` digits to two. -1 when there are fewer; more are left standing.
 int timeField(std::string_view text, std::size_t& at, std::size_t least) {
     const std::size_t start = at;
@@ -55,11 +61,6 @@ DateTime localDateTime(std::chrono::system_clock::time_point time) noexcept {
     const Date date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
     const double seconds = (local.tm_hour * 60.0 + local.tm_min) * 60.0 + local.tm_sec + fraction;
     return dayNumber(date) + seconds / secondsPerDay;
-}
-
-Clock& currentClock() noexcept {
-    static SystemClock system;
-    return clockInUse != nullptr ? *clockInUse : system;
 }
 
 void useClock(Clock* clock) noexcept {

@@ -34,8 +34,6 @@ class Clock {
 /// A point in time as local date and time.
 [[nodiscard]] DateTime localDateTime(std::chrono::system_clock::time_point time) noexcept;
 
-/// The clock in use: the system's, unless a test put in another.
-[[nodiscard]] Clock& currentClock() noexcept;
 /// Puts another clock in use; nullptr brings the system's back. The clock must outlive its use.
 void useClock(Clock* clock) noexcept;
 

@@ -1,14 +1,13 @@
-#include "foundation/error.h"
-#include "foundation/files.h"
-#include "foundation/log.h"
+#include "foundation/disk.h"
+
 #include "foundation/native_path.h"
-#include "foundation/progress.h"
+#include "foundation/path_text.h"
 #include "foundation/text.h"
 #include "foundation/trap.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cmath>
+#include <chrono>
+#include <filesystem>
 #include <optional>
 #include <system_error>
 
@@ -84,29 +83,6 @@ std::optional<bool> firstMatchIsFolder(std::string_view path) {
     return isFolder;
 }
 
-// A file read in one go.
-class BinaryFile : public Channel {
-  public:
-    explicit BinaryFile(const std::filesystem::path& native) : Channel(native, Mode::Input) {}
-
-    void readAll(std::size_t expected, std::string& text) {
-        text.resize(expected + 1); // one more, so that the end of the file shows in the first read
-        std::size_t length = 0;
-        errno = 0;
-        while (const std::size_t count = std::fread(text.data() + length, 1, text.size() - length, file())) {
-            length += count;
-            if (length == text.size()) { // it is growing, or of no known length
-                text.resize(text.size() * 2);
-            }
-        }
-        const bool failed = std::ferror(file()) != 0;
-        text.resize(failed ? 0 : length);
-        if (failed) {
-            throw errorFromErrno(errno);
-        }
-    }
-};
-
 } // namespace
 
 bool FileExists(std::string_view path) noexcept {
@@ -124,7 +100,7 @@ bool FolderExists(std::string_view path) noexcept {
             std::error_code ignored;
             exists = std::filesystem::is_directory(nativePath(path), ignored);
         } else if (path.size() >= 2 && path.size() < 4 && path[1] == ':') {
-            exists = true; // a bare drive is taken for granted
+            exists = true; // Quirk: a bare drive is taken for granted
         } else {
             if (path.ends_with('\\')) {
                 path.remove_suffix(1);
@@ -185,50 +161,6 @@ void EraseFile(std::string_view path) noexcept {
     }
 }
 
-std::unique_ptr<ReplacingFile> createoutputfile(std::string_view path) {
-    if (FileExists(path) && isReadOnly(path) && !MakeReadWrite(path)) {
-        logit(std::string(path) + " is read only, can't change it to read write, can't update it");
-        return nullptr;
-    }
-    return std::make_unique<ReplacingFile>(path);
-}
-
-void WriteTextFile(std::string_view path, std::string_view text) noexcept {
-    const StandardTrap trap{"sub writetextfile", fileModule};
-    std::unique_ptr<ReplacingFile> file;
-    trap([&] { file = createoutputfile(path); });
-    if (file) {
-        trap([&] { file->write(text); });
-        trap([&] { file->commit(); });
-    }
-}
-
-std::int32_t LinesInFile(std::string_view path) {
-    if (!FileExists(path)) {
-        return 0;
-    }
-    InputFile file(path);
-    std::int32_t count = 0;
-    for (std::string_view line; file.readLine(line);) {
-        ++count;
-    }
-    return count;
-}
-
-void LoadTextFile(std::string_view path, std::string& text) {
-    text.clear();
-    if (FileExists(path)) {
-        const std::filesystem::path native = nativePath(path);
-        std::error_code unknown;
-        const std::uintmax_t length = std::filesystem::file_size(native, unknown);
-        BinaryFile(native).readAll(unknown ? 0 : static_cast<std::size_t>(length), text);
-    }
-}
-
-void ReadWholeFile(std::string_view path, std::string& text) {
-    LoadTextFile(path, text);
-}
-
 void listsubfolders(std::string_view folder, std::vector<std::string>& list) noexcept {
     const StandardTrap trap{"sub listsubfolders", fileModule};
     trap([&] {
@@ -248,18 +180,6 @@ void listsubfolders(std::string_view folder, std::vector<std::string>& list) noe
         std::ranges::stable_sort(found, lessNoCase);
         for (std::string& name : found) { // "\" goes behind the sorted names: "737\" would follow "737-400\"
             list.push_back(std::move(name.append("\\")));
-        }
-        timedevents();
-    });
-}
-
-void fillfolders(std::string_view root, std::vector<std::string>& result, bool addcfg) noexcept {
-    const StandardTrap trap{"sub fillfolders", "modFileCommands"};
-    result.clear();
-    listsubfolders(root, result);
-    trap([&] {
-        for (std::string& folder : result) {
-            folder = std::string(root).append(folder).append(addcfg ? "aircraft.cfg" : "");
         }
     });
 }

@@ -8,14 +8,10 @@
 
 namespace vantor {
 
-Error::Error(ErrorCode code) : Error(code, std::string(errorText(static_cast<int>(code)))) {}
+namespace {
 
-Error::Error(int number, std::string description) : m_number(number), m_description(std::move(description)) {}
-
-Error::Error(ErrorCode code, std::string description) : Error(static_cast<int>(code), std::move(description)) {}
-
-std::string_view errorText(int number) noexcept {
-    switch (static_cast<ErrorCode>(number)) {
+std::string_view errorText(ErrorCode code) noexcept {
+    switch (code) {
     case ErrorCode::InvalidCall:
         return "Invalid procedure call or argument";
     case ErrorCode::Overflow:
@@ -53,6 +49,14 @@ std::string_view errorText(int number) noexcept {
     }
     return "Application-defined or object-defined error";
 }
+
+} // namespace
+
+Error::Error(ErrorCode code) : Error(code, std::string(errorText(code))) {}
+
+Error::Error(int number, std::string description) : m_number(number), m_description(std::move(description)) {}
+
+Error::Error(ErrorCode code, std::string description) : Error(static_cast<int>(code), std::move(description)) {}
 
 Error errorFromErrno(int value) {
     switch (value) {

@@ -47,9 +47,6 @@ class Error : public std::exception {
     std::string m_description;
 };
 
-/// The run-time's words for an error number; "Application-defined or object-defined error" for any other.
-[[nodiscard]] std::string_view errorText(int number) noexcept;
-
 /// The error for a failed call of the system: `value` is its errno.
 [[nodiscard]] Error errorFromErrno(int value);
 

@@ -50,7 +50,7 @@ std::string mailBody(const ErrorReport& report) {
 
 std::string mailRequest(const ErrorReport& report) {
     const std::string subject = "Bug Report (" + std::string(title) + " - " + AppVersion() + ")";
-    // The attachment is never filled in, and is part of the request all the same.
+    // Quirk: the attachment is never filled in, and is part of the request all the same.
     return "mailto:" + std::string(mailbox) + "?subject=" + replaceAll(subject, " ", "%20") +
            "&body=" + mailBody(report) + "&attachment=\"\"";
 }
@@ -61,7 +61,7 @@ std::string reportPreview(const ErrorReport& report) {
         text.append(twoLineBreaks).append(*report.comments);
     }
     text.append(twoLineBreaks).append(report.log);
-    // Counted on the plain text, unlike the mail's own cut.
+    // Quirk: counted on the plain text, unlike the mail's own cut.
     if (text.size() > mailBodyLimit) {
         text.insert(mailBodyLimit, " *Email will truncate here* ");
     }

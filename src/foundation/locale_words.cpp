@@ -11,28 +11,13 @@ namespace {
 
 constexpr Date sampleDate{2001, 12, 25};
 
-struct LocaleState {
-    bool dateinitialised = false;
-    std::string localdateformat;
-    std::string localfulldateformat;
-    std::string localfulldatetimeformat;
-    std::string dateseparator;
-    std::string truestring;
-    std::string falsestring;
-};
-
-LocaleState& state() {
-    static LocaleState locale;
-    return locale;
-}
-
 // Position of `part` in `text` from 1 upward, 0 when it is missing.
 std::size_t position(std::string_view text, std::string_view part) {
     const std::size_t at = text.find(part);
     return at == std::string_view::npos ? 0 : at + 1;
 }
 
-// Both tests run: in a sample that holds both, the dots win, as no slash is left for the dashes.
+// Quirk: both tests run. In a sample that holds both, the dots win, as no slash is left for the dashes.
 std::string withSeparators(std::string pattern, std::string_view sample) {
     for (const std::string_view separator : {std::string_view("."), std::string_view("-")}) {
         if (contains(sample, separator)) {
@@ -76,8 +61,7 @@ std::string flocaldateformatstring(std::string_view sample) {
     } else if (month > year && day > month) {
         pattern = "YYYY/MM/DD";
     } else if (month < day) {
-        // Meant for the year first and the day before the month, but a sample with both cannot come here: such a
-        // locale ends with an empty pattern, and that stays.
+        // Quirk: no sample with the year first and the day before the month comes here; its pattern stays empty.
         pattern = "YYYY/DD/MM";
     }
     pattern = withSeparators(std::move(pattern), sample);
@@ -89,13 +73,13 @@ std::string flocalfulldateformat(std::string_view sample) {
 }
 
 void checkinitialised() noexcept {
-    if (!state().dateinitialised) {
+    if (!localeState().dateinitialised) {
         initdateformats();
     }
 }
 
 void initdateformats() noexcept {
-    LocaleState& locale = state();
+    LocaleState& locale = localeState();
     if (locale.dateinitialised) {
         return;
     }
@@ -117,16 +101,17 @@ void initdateformats() noexcept {
 
 std::string gettruestring() {
     checkinitialised();
-    return state().truestring;
+    return localeState().truestring;
 }
 
 std::string getfalsestring() {
     checkinitialised();
-    return state().falsestring;
+    return localeState().falsestring;
 }
 
-void resetLocaleWords() {
-    state() = LocaleState();
+LocaleState& localeState() noexcept {
+    static LocaleState locale;
+    return locale;
 }
 
 } // namespace vantor

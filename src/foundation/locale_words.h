@@ -9,8 +9,8 @@ namespace vantor {
 
 /// The date separator of a sample (25 December 2001 in the system's short form): "/", "." or "-".
 [[nodiscard]] std::string fdateseparator(std::string_view sample);
-/// The pattern of a sample, as in "DD/MM/YYYY". A locale with the year first and the day before the month gives an
-/// empty pattern; that is known and stays.
+/// The pattern of a sample, as in "DD/MM/YYYY". Empty for a locale with the year
+/// first and the day before the month.
 [[nodiscard]] std::string flocaldateformatstring(std::string_view sample);
 /// "DD/MMM/YYYY" with the sample's separators.
 [[nodiscard]] std::string flocalfulldateformat(std::string_view sample);
@@ -23,7 +23,16 @@ void initdateformats() noexcept;
 [[nodiscard]] std::string gettruestring();
 [[nodiscard]] std::string getfalsestring();
 
-/// Forgets the locale, as at the start of a run. For tests.
-void resetLocaleWords();
+/// What was worked out, once a run.
+struct LocaleState {
+    bool dateinitialised = false;
+    std::string localdateformat;
+    std::string localfulldateformat;
+    std::string localfulldatetimeformat;
+    std::string dateseparator;
+    std::string truestring;
+    std::string falsestring;
+};
+[[nodiscard]] LocaleState& localeState() noexcept;
 
 } // namespace vantor

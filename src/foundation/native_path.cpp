@@ -1,5 +1,6 @@
 #include "foundation/native_path.h"
 
+#include "foundation/code_page.h"
 #include "foundation/text.h"
 
 #include <algorithm>

@@ -188,10 +188,6 @@ std::int16_t parseInt16(std::string_view text) {
     return toInt16(parseNumber(text));
 }
 
-std::int32_t parseInt32(std::string_view text) {
-    return toInt32(parseNumber(text));
-}
-
 double roundHalfEven(double value) noexcept {
     return std::nearbyint(value); // the default rounding mode, which nothing in the program changes
 }

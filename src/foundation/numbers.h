@@ -19,7 +19,6 @@ namespace vantor {
 [[nodiscard]] float parseSingle(std::string_view text);
 /// As parseNumber, then rounded to a whole number, halves to even.
 [[nodiscard]] std::int16_t parseInt16(std::string_view text);
-[[nodiscard]] std::int32_t parseInt32(std::string_view text);
 
 /// Rounded to a whole number, halves to even; outside the type (or not a number) is error 6 (Overflow).
 [[nodiscard]] std::int16_t toInt16(double value);

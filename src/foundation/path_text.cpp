@@ -1,4 +1,5 @@
-#include "foundation/files.h"
+#include "foundation/path_text.h"
+
 #include "foundation/text.h"
 
 #include <algorithm>
@@ -32,6 +33,7 @@ std::string fileexpath(std::string_view name) {
 }
 
 std::string filewithoutext(std::string_view name) {
+    // Quirk: a dot in a folder's name counts.
     return std::string(name.substr(0, name.rfind('.')));
 }
 

@@ -1,5 +1,6 @@
 #include "foundation/process.h"
 
+#include "foundation/code_page.h"
 #include "foundation/native_path.h"
 #include "foundation/text.h"
 

@@ -18,11 +18,6 @@ constexpr std::string_view progressModule = "modProgressIndicator";
 constexpr float secondsPerDraw = 0.15F;
 constexpr float secondsPerPump = 0.25F;
 
-// Clock values, in seconds since midnight. Across midnight the timer falls below them, and nothing is drawn or pumped
-// until it catches up: that is known and stays.
-float nextdraw = 0;
-float nextevents = 0;
-
 Error missingBox() {
     return {91, "Object variable or With block variable not set"};
 }
@@ -40,12 +35,12 @@ void showprogress(Canvas* box, double value, double total, std::string_view text
     const bool captioned = !text.empty() || percent;
     const Colour barColour = captioned && bar == 0 ? defaultBarColour : bar;
     bool tooEarly = false;
-    trap([&] { tooEarly = !force && timer() < nextdraw && value != total; });
+    trap([&] { tooEarly = !force && timer() < pumpTimes().nextdraw && value != total; });
     if (tooEarly) {
         return;
     }
-    trap([&] { nextdraw = timer() + secondsPerDraw; });
-    const double fraction = std::max(value / (total == 0 ? 1 : total), 0.0); // above 1 it draws past the edge
+    trap([&] { pumpTimes().nextdraw = timer() + secondsPerDraw; });
+    const double fraction = std::max(value / (total == 0 ? 1 : total), 0.0); // Quirk: above 1 it draws past the edge
     if (box == nullptr) {
         trap([] { throw missingBox(); });
     } else {
@@ -89,9 +84,10 @@ void PrintCentered(Canvas* box, std::string_view text, bool clear, Colour textCo
 }
 
 void timedevents() {
-    if (timer() > nextevents) {
+    // Quirk: past midnight the timer stands below the time noted, and nothing is pumped or drawn until it catches up.
+    if (timer() > pumpTimes().nextevents) {
         host().pumpEvents(Pump::PaintAndTimers);
-        nextevents = timer() + secondsPerPump;
+        pumpTimes().nextevents = timer() + secondsPerPump;
     }
 }
 
@@ -103,11 +99,11 @@ void checkevents() {
 
 void pumpEverything() {
     host().pumpEvents(Pump::Everything);
-    nextevents = timer() + secondsPerPump;
+    pumpTimes().nextevents = timer() + secondsPerPump;
 }
 
 void delay(float seconds) {
-    if (!(seconds > 1)) { // a whole second still sleeps in one piece
+    if (!(seconds > 1)) { // Quirk: a whole second still sleeps in one piece
         sleepms(toInt32(double{seconds} * 1000));
         return;
     }
@@ -133,9 +129,9 @@ void sleepms(int milliseconds) {
     host().sleepFor(std::max(milliseconds, 0));
 }
 
-void resetProgress() {
-    nextdraw = 0;
-    nextevents = 0;
+PumpTimes& pumpTimes() noexcept {
+    static PumpTimes times;
+    return times;
 }
 
 } // namespace vantor

@@ -30,13 +30,17 @@ void checkevents();
 /// Lets everything run, and counts as a pump of timedevents.
 void pumpEverything();
 /// Waits; over one second in steps of half a second with a pump after each. Error 6 beyond 2^31 milliseconds.
-void delay(float seconds);
+void delay(float seconds); // no wait of the program needs it yet, nor the two below
 /// As delay, in milliseconds.
 void delayms(int milliseconds);
 /// Puts the thread to sleep, without any pump; a negative number counts as 0.
 void sleepms(int milliseconds);
 
-/// Forgets the clock values of the last drawing and pump. For tests.
-void resetProgress();
+/// When the next drawing and the next pump are due, in seconds since midnight.
+struct PumpTimes {
+    float nextdraw = 0;
+    float nextevents = 0;
+};
+[[nodiscard]] PumpTimes& pumpTimes() noexcept;
 
 } // namespace vantor

@@ -1,5 +1,7 @@
+#include "foundation/replacing_file.h"
+
+#include "foundation/disk.h"
 #include "foundation/error.h"
-#include "foundation/files.h"
 #include "foundation/native_path.h"
 
 #include <cerrno>
@@ -164,9 +166,6 @@ void ReplacingFile::commit() {
         return;
     }
     try {
-        if (file() == nullptr) { // closed with all other files: what was written may be incomplete
-            throw Error(ErrorCode::BadFileName);
-        }
         flushToDisk(file());
         keepMode(m_temporary, m_target);
         closeChecked();
@@ -180,7 +179,7 @@ void ReplacingFile::commit() {
 }
 
 void ReplacingFile::discard() noexcept {
-    closeSlot();
+    closeQuietly();
     if (m_done || m_temporary.empty()) { // empty: moved away
         return;
     }

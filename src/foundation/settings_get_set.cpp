@@ -10,11 +10,6 @@ namespace {
 
 constexpr std::string_view globalModule = "mSHAREDSettingsGetSet";
 
-std::optional<cSHAREDSettings>& globalStore() {
-    static std::optional<cSHAREDSettings> store;
-    return store;
-}
-
 Error noStore() {
     return {91, "Object variable or With block variable not set"};
 }
@@ -24,18 +19,18 @@ Error noStore() {
 void LoadSettings(std::string_view file) noexcept {
     const StandardTrap trap{"sub loadsettings", globalModule};
     trap([&] {
-        if (!globalStore()) {
-            globalStore().emplace();
+        if (!globalSettings()) {
+            globalSettings().emplace();
         }
-        globalStore()->LoadSettings(file);
+        globalSettings()->LoadSettings(file);
     });
 }
 
 void savesettings(std::string_view file) noexcept {
     const StandardTrap trap{"sub savesettings", globalModule};
     trap([&] {
-        if (globalStore()) {
-            globalStore()->SaveSettings(file);
+        if (globalSettings()) {
+            globalSettings()->SaveSettings(file);
         }
     });
 }
@@ -44,10 +39,10 @@ SettingValue sget(std::string_view key, const SettingValue& fallback) noexcept {
     const StandardTrap trap{"function sget", globalModule};
     SettingValue result = fallback;
     trap([&] {
-        if (!globalStore()) {
+        if (!globalSettings()) {
             throw noStore();
         }
-        result = globalStore()->RetrieveSetting(key, fallback);
+        result = globalSettings()->RetrieveSetting(key, fallback);
     });
     return result;
 }
@@ -55,15 +50,16 @@ SettingValue sget(std::string_view key, const SettingValue& fallback) noexcept {
 void sset(std::string_view key, const SettingValue& value) noexcept {
     const StandardTrap trap{"sub sset", globalModule};
     trap([&] {
-        if (!globalStore()) {
+        if (!globalSettings()) {
             throw noStore();
         }
-        globalStore()->StoreSetting(key, value);
+        globalSettings()->StoreSetting(key, value);
     });
 }
 
-void resetSettings() {
-    globalStore().reset();
+std::optional<cSHAREDSettings>& globalSettings() noexcept {
+    static std::optional<cSHAREDSettings> store;
+    return store;
 }
 
 } // namespace vantor

@@ -1,11 +1,12 @@
 #include "foundation/settings_store.h"
 
+#include "foundation/disk.h"
 #include "foundation/error.h"
 #include "foundation/error_report.h"
-#include "foundation/files.h"
 #include "foundation/host.h"
 #include "foundation/locale_words.h"
 #include "foundation/text.h"
+#include "foundation/text_files.h"
 #include "foundation/trap.h"
 
 #include <algorithm>
@@ -204,7 +205,7 @@ void cSHAREDSettings::LoadSettings(std::string_view file) noexcept {
             }
             key = line.substr(0, comma);
             const SettingValue value = withWordsRead(line.substr(comma + 1));
-            // Of lines of one key right behind each other the first holds; otherwise the later one does.
+            // Quirk: of lines of one key right behind each other the first holds; otherwise the later one does.
             if (!trim(key).empty() && upper(trim(key)) != upper(trim(previous))) {
                 read.insert_or_assign(key, value);
             }

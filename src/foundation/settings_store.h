@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -48,7 +49,7 @@ class cSHAREDSetting {
     SettingValue KeyValue;
 };
 
-/// The store: entries sorted ascending by KeyName, no two of the same name.
+/// The store, sorted ascending by KeyName without duplicates. Nothing here calls its index, deletions, sSet and sGet.
 class cSHAREDSettings {
   public:
     [[nodiscard]] std::int32_t SettingsCount() const noexcept;
@@ -57,7 +58,7 @@ class cSHAREDSettings {
     /// Adds or updates an entry; the key goes into capitals and loses its commas.
     void sSet(std::string_view key, const SettingValue& value) noexcept;
     void StoreSetting(std::string_view key, const SettingValue& value) noexcept;
-    /// As RetrieveSetting, but a value equal to 0 also gives the default.
+    /// As RetrieveSetting, but a value equal to 0 also gives the default. Nothing calls it yet.
     [[nodiscard]] SettingValue RetrieveWithDefault(std::string_view key, const SettingValue& fallback) const noexcept;
     void DeleteAllSettings() noexcept;
     /// The value of a key in any case, a word for true or false as the flag; the default as it is for a missing key.
@@ -90,12 +91,24 @@ class cSHAREDSettings {
 void LoadSettings(std::string_view file) noexcept;
 /// Does nothing while no store exists.
 void savesettings(std::string_view file) noexcept;
+/// A key of the settings file with the default of its value. Call it `sget(key)`, or by its name with another default.
+template <class Value>
+struct SettingKey {
+    std::string_view name;
+    Value fallback{};
+    constexpr operator std::string_view() const noexcept { return name; }
+};
+
 /// The value of a key, or the default. On a store that was never created: a fault in the ring, and the default.
 [[nodiscard]] SettingValue sget(std::string_view key, const SettingValue& fallback) noexcept;
+template <class Value>
+[[nodiscard]] SettingValue sget(const SettingKey<Value>& key) noexcept {
+    return sget(key.name, key.fallback);
+}
 /// Stores a value in memory; the file is written by savesettings. On a store that was never created: a fault in the
 /// ring.
 void sset(std::string_view key, const SettingValue& value) noexcept;
-/// Drops the store, as at the start of a run. For tests.
-void resetSettings();
+/// The store behind these four; none until the first LoadSettings.
+[[nodiscard]] std::optional<cSHAREDSettings>& globalSettings() noexcept;
 
 } // namespace vantor

@@ -1,7 +1,7 @@
 #include "foundation/trap.h"
 
+#include "foundation/action_ring.h"
 #include "foundation/error.h"
-#include "foundation/log.h"
 
 #include <string>
 

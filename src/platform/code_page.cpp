@@ -2,8 +2,8 @@
 // Texts of the program (bytes of the code page) and its paths, to and from Qt's.
 #include "platform/code_page.h"
 
+#include "foundation/code_page.h"
 #include "foundation/native_path.h"
-#include "foundation/text.h"
 
 #include <QDir>
 #include <QFile>

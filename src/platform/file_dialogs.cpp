@@ -2,8 +2,8 @@
 // Asking the user for a file or a folder. All paths are the program's own, with backslashes.
 #include "platform/file_dialogs.h"
 
-#include "foundation/files.h"
 #include "foundation/native_path.h"
+#include "foundation/path_text.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 

@@ -1,11 +1,11 @@
 #include "shell/application_settings.h"
 
+#include "core/settings_keys.h"
 #include "core/tables.h"
 #include "foundation/clock.h"
 #include "foundation/log.h"
 #include "foundation/native_path.h"
 #include "foundation/numbers.h"
-#include "foundation/settings_store.h"
 #include "foundation/text.h"
 #include "foundation/trap.h"
 
@@ -55,7 +55,7 @@ TrafficFiles defaultFiles() {
 
 bool modeChosen() noexcept {
     try {
-        return sget("FSMode", std::int16_t{0}).int16() != 0;
+        return sget(keys::fsMode, std::int16_t{0}).int16() != 0;
     } catch (...) {
         return false;
     }
@@ -63,14 +63,14 @@ bool modeChosen() noexcept {
 
 void readsettings() noexcept {
     const StandardTrap trap{"sub readsettings", "modSettingsLoadAndSave"};
-    trap([&] { gmtoffset = sget("GMTOffset", 0.0F).single(); });
-    trap([&] { fs2k2path = sget("FS2k2Path", defaultFs2k2Path).text(); });
-    trap([&] { fs2k4path = sget("FS2k4Path", defaultFs2k4Path).text(); });
+    trap([&] { gmtoffset = sget(keys::gmtOffset).single(); });
+    trap([&] { fs2k2path = sget(keys::fs2k2Path).text(); });
+    trap([&] { fs2k4path = sget(keys::fs2k4Path).text(); });
     trap([&] { logit("Flight Sim 2002 path set to " + fs2k2path); });
     trap([&] { logit("Flight Sim 2004 path set to " + fs2k4path); });
     trap([&] {
-        const std::int16_t mode = sget("FSMode", defaultMode).int16();
-        fsmode = mode == 0 ? defaultMode : mode; // 0 stands for a mode not chosen yet
+        const std::int16_t mode = sget(keys::fsMode).int16();
+        fsmode = mode == 0 ? keys::fsMode.fallback : mode; // 0 stands for a mode not chosen yet
     });
     trap([&] { fspath = fsmode == 2 ? fs2k2path : fs2k4path; });
     // A path without its trailing backslash runs together with what follows: none is added.

@@ -11,12 +11,6 @@
 
 namespace vantor {
 
-/// Simulator mode of a first run: FS2002.
-inline constexpr std::int16_t defaultMode = 2;
-/// The simulators' usual install folders, the defaults of the two path keys.
-inline constexpr std::string_view defaultFs2k2Path = R"(C:\Program Files\Microsoft Games\FS2002\)";
-inline constexpr std::string_view defaultFs2k4Path = R"(C:\Program Files\Microsoft Games\Flight Simulator 9\)";
-
 /// Paths of the outside tool, once for compiling and once for decompiling. Set by readsettings.
 extern std::string compiletool;
 extern std::string decompiletool;

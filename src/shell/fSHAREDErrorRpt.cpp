@@ -1,9 +1,10 @@
 #include "shell/fSHAREDErrorRpt.h"
 
-#include "foundation/files.h"
+#include "foundation/disk.h"
 #include "foundation/host.h"
 #include "foundation/native_path.h"
 #include "foundation/text.h"
+#include "foundation/text_files.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "ui_fSHAREDErrorRpt.h"

@@ -1,12 +1,11 @@
 #include "shell/frmMain.h"
 
+#include "core/settings_keys.h"
 #include "core/tables.h"
-#include "foundation/files.h"
+#include "foundation/disk.h"
 #include "foundation/host.h"
 #include "foundation/locale_words.h"
 #include "foundation/log.h"
-#include "foundation/settings_store.h"
-#include "foundation/text.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "shell/application_settings.h"
@@ -121,7 +120,7 @@ void frmMain::formLoad() {
         LoadSettings(settingsFile());
         if (!modeChosen()) {
             host().message("Select FS2002 or FS2004 mode, then set up the file locations in the settings screen.");
-            fsmode = defaultMode; // also where the store holds something that is no number
+            fsmode = keys::fsMode.fallback; // also where the store holds something that is no number
         }
         readsettings();
         setupformwithcurrentmode();
@@ -178,7 +177,7 @@ void frmMain::setupformwithcurrentmode() noexcept {
         }
     });
     // Selecting a mode stores it, also at the start: a first run that ends without a choice has chosen the default.
-    sset("FSMode", fsmode);
+    sset(keys::fsMode, fsmode);
     trap([&] { ui->cmdCompile->setEnabled(FileExists(compiletool)); });
     trap([&] { ui->cmdDecompile->setEnabled(FileExists(decompiletool)); });
     trap([&] { ui->cmdSubAC->setVisible(true); });
@@ -187,7 +186,7 @@ void frmMain::setupformwithcurrentmode() noexcept {
 }
 
 void frmMain::chooseMode(std::int16_t mode) noexcept {
-    sset("FSMode", mode);
+    sset(keys::fsMode, mode);
     readsettings();
     setupformwithcurrentmode();
 }

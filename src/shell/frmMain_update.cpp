@@ -1,7 +1,8 @@
 // frmMain: newer versions of the program, asked for by a button and once a week by itself.
-#include "foundation/files.h"
+#include "foundation/disk.h"
 #include "foundation/host.h"
 #include "foundation/native_path.h"
+#include "foundation/text_files.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "shell/frmMain.h"

@@ -1,9 +1,9 @@
 #include "shell/frmSettings.h"
 
+#include "core/settings_keys.h"
 #include "core/tables.h"
-#include "foundation/files.h"
+#include "foundation/disk.h"
 #include "foundation/host.h"
-#include "foundation/settings_store.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "platform/file_dialogs.h"
@@ -16,12 +16,8 @@ namespace vantor {
 namespace {
 
 constexpr std::string_view moduleName = "frmSettings";
-/// Modes in the order of the indexed controls, and how they end the keys of the files.
+/// Modes in the order of the indexed controls.
 constexpr std::array<int, 2> modes = {2, 4};
-
-std::string fileKey(std::string_view key, std::size_t index) {
-    return std::string(key) + "2k" + std::to_string(modes.at(index));
-}
 
 std::string pathOf(const PathLabel& label) {
     return fromQString(label.text());
@@ -80,10 +76,10 @@ frmSettings::frmSettings(QWidget* parent) : QDialog(parent), m_ui(std::make_uniq
     narrow(*m_ui->txtGMTHour);
     narrow(*m_ui->txtGMTMin);
     m_aircraft = {
-        "AircraftTxt", {m_ui->lblAircraft0, m_ui->lblAircraft1}, {m_ui->cmdPickAircraft0, m_ui->cmdPickAircraft1}};
+        keys::aircraftTxt, {m_ui->lblAircraft0, m_ui->lblAircraft1}, {m_ui->cmdPickAircraft0, m_ui->cmdPickAircraft1}};
     m_airports = {
-        "AirportsTxt", {m_ui->lblAirports0, m_ui->lblAirports1}, {m_ui->cmdPickAirports0, m_ui->cmdPickAirports1}};
-    m_flightplans = {"FlightplansTxt",
+        keys::airportsTxt, {m_ui->lblAirports0, m_ui->lblAirports1}, {m_ui->cmdPickAirports0, m_ui->cmdPickAirports1}};
+    m_flightplans = {keys::flightplansTxt,
                      {m_ui->lblFlightplans0, m_ui->lblFlightplans1},
                      {m_ui->cmdPickFlightplans0, m_ui->cmdPickFlightplans1}};
     connectControls();
@@ -109,14 +105,16 @@ void frmSettings::connectControls() {
 
 void frmSettings::Form_Load() {
     const StandardTrap trap{"sub form_load", moduleName};
-    trap([&] { m_ui->lblFS2k2Path->setPath(toQString(sget("FS2k2Path", fs2k2path).text())); });
-    trap([&] { m_ui->lblFS2k4Path->setPath(toQString(sget("FS2k4Path", fs2k4path).text())); });
+    trap([&] { m_ui->lblFS2k2Path->setPath(toQString(sget(keys::fs2k2Path, fs2k2path).text())); });
+    trap([&] { m_ui->lblFS2k4Path->setPath(toQString(sget(keys::fs2k4Path, fs2k4path).text())); });
     trap([&] { m_ui->txtGMTHour->setText(toQString(gmtBoxes(gmtoffset).hour)); });
     trap([&] { m_ui->txtGMTMin->setText(toQString(gmtBoxes(gmtoffset).minute)); });
     for (std::size_t index = 0; index < modes.size(); ++index) {
         const TrafficFiles files = defaultFiles(modes.at(index));
         const auto show = [&](const FileRow& row, const std::string& file) {
-            trap([&] { row.labels.at(index)->setPath(toQString(sget(fileKey(row.key, index), file).text())); });
+            trap([&] {
+                row.labels.at(index)->setPath(toQString(sget(keys::forMode(row.key, modes.at(index)), file).text()));
+            });
         };
         show(m_aircraft, files.aircraft);
         show(m_airports, files.airports);
@@ -158,12 +156,12 @@ bool frmSettings::checkGmtBoxes() {
 
 void frmSettings::storeControls() {
     const StandardTrap trap{"sub cmdok_click", moduleName};
-    trap([&] { sset("GMTOffset", gmtoffset); });
-    trap([&] { sset("Fs2k2Path", pathOf(*m_ui->lblFS2k2Path)); });
-    trap([&] { sset("Fs2k4Path", pathOf(*m_ui->lblFS2k4Path)); });
+    trap([&] { sset(keys::gmtOffset, gmtoffset); });
+    trap([&] { sset(keys::fs2k2Path, pathOf(*m_ui->lblFS2k2Path)); });
+    trap([&] { sset(keys::fs2k4Path, pathOf(*m_ui->lblFS2k4Path)); });
     for (std::size_t index = 0; index < modes.size(); ++index) {
         for (const FileRow* row : {&m_aircraft, &m_airports, &m_flightplans}) {
-            trap([&] { sset(fileKey(row->key, index), pathOf(*row->labels.at(index))); });
+            trap([&] { sset(keys::forMode(row->key, modes.at(index)), pathOf(*row->labels.at(index))); });
         }
     }
 }

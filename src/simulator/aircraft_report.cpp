@@ -1,9 +1,12 @@
 #include "simulator/aircraft_report.h"
 
 #include "core/tables.h"
-#include "foundation/files.h"
+#include "foundation/channels.h"
+#include "foundation/disk.h"
 #include "foundation/native_path.h"
+#include "foundation/path_text.h"
 #include "foundation/text.h"
+#include "simulator/folders.h"
 
 #include <algorithm>
 #include <optional>
@@ -124,8 +127,7 @@ void writeReport() {
 void modACReport() noexcept {
     try {
         writeReport();
-    } catch (...) {
-        closeAllFiles();
+    } catch (...) { // NOLINT(bugprone-empty-catch): the report ends where it is, and its files are closed
     }
 }
 

@@ -1,13 +1,16 @@
 #include "simulator/fs_aircraft.h"
 
 #include "core/tables.h"
+#include "foundation/channels.h"
+#include "foundation/code_page.h"
+#include "foundation/disk.h"
 #include "foundation/error.h"
-#include "foundation/files.h"
 #include "foundation/host.h"
 #include "foundation/log.h"
 #include "foundation/numbers.h"
 #include "foundation/progress.h"
 #include "foundation/text.h"
+#include "simulator/folders.h"
 
 #include <cstddef>
 #include <string>
@@ -132,7 +135,6 @@ void LoadFSAircraft(Canvas* progress) {
         scanFolders(progress, item);
     } catch (...) {
         const Error error = currentError();
-        closeAllFiles();
         if (!error.is(ErrorCode::PathNotFound)) {
             throw Error(error.number(), error.description() + " in LoadFSAircraft, while attempting to load " + item);
         }

@@ -2,9 +2,9 @@
 
 #include "core/tables.h"
 #include "foundation/error.h"
-#include "foundation/files.h"
 #include "foundation/host.h"
 #include "foundation/numbers.h"
+#include "foundation/path_text.h"
 #include "foundation/process.h"
 #include "foundation/text.h"
 #include "foundation/trap.h"

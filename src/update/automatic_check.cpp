@@ -1,10 +1,10 @@
 #include "update/automatic_check.h"
 
+#include "core/settings_keys.h"
 #include "foundation/clock.h"
 #include "foundation/error.h"
 #include "foundation/log.h"
 #include "foundation/numbers.h"
-#include "foundation/settings_store.h"
 #include "foundation/text.h"
 #include "foundation/trap.h"
 
@@ -45,7 +45,7 @@ std::int32_t parseCheckDate(std::string_view text) {
 bool CheckDisabled() noexcept {
     const StandardTrap trap{"function checkdisabled", module};
     bool disabled = true;
-    trap([&] { disabled = sget("DisableAutoUpdateCheck", true).flag(); });
+    trap([&] { disabled = sget(keys::disableAutoUpdateCheck).flag(); });
     if (disabled) {
         trap([] { logit("Automatic update check is disabled"); });
     }
@@ -57,11 +57,11 @@ bool CheckDue() noexcept {
     bool due = false;
     trap([&] {
         const std::int32_t latest = today() - daysBetweenChecks;
-        std::string last = sget("LastUpdateCheck", latest).text();
+        std::string last = sget(keys::lastUpdateCheck, latest).text();
         if (contains(last, "/")) {
             trap([&] { last = std::to_string(parseCheckDate(last)); });
         }
-        // Texts of digits, compared as texts: right for as long as both have the same length. It is meant.
+        // Quirk: texts of digits are compared as texts, which is right for as long as both have the same length.
         due = trim(last) <= std::to_string(latest);
     });
     return due;

@@ -1,7 +1,8 @@
 #include "update/curl_control.h"
 
+#include "foundation/code_page.h"
 #include "foundation/error.h"
-#include "foundation/files.h"
+#include "foundation/replacing_file.h"
 #include "foundation/text.h"
 #include "update/second_ticker.h"
 

@@ -1,7 +1,7 @@
 #include "update/fSHAREDProxy.h"
 
+#include "core/settings_keys.h"
 #include "foundation/host.h"
-#include "foundation/settings_store.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "ui_fSHAREDProxy.h"
@@ -43,13 +43,13 @@ void fSHAREDProxy::Form_Load() noexcept {
     const auto fill = [&trap](QLineEdit* box, std::string_view key) {
         trap([&] { box->setText(toQString(sget(key, "").text())); });
     };
-    fill(m_ui->txtServer, "ProxyServer");
-    fill(m_ui->txtPort, "ProxyPort");
-    fill(m_ui->txtUser, "ProxyUser");
-    fill(m_ui->txtPassword, "ProxyPwd");
-    fill(m_ui->txtPassword2, "ProxyPwd");
+    fill(m_ui->txtServer, keys::proxyServer);
+    fill(m_ui->txtPort, keys::proxyPort);
+    fill(m_ui->txtUser, keys::proxyUser);
+    fill(m_ui->txtPassword, keys::proxyPwd);
+    fill(m_ui->txtPassword2, keys::proxyPwd);
     std::int16_t type = noProxy; // also where the store holds something else
-    trap([&] { type = sget("ProxyType", noProxy).int16(); });
+    trap([&] { type = sget(keys::proxyType).int16(); });
     trap([&] {
         QRadioButton* const option = type == systemProxy   ? m_ui->optDefault
                                      : type == manualProxy ? m_ui->optNamed
@@ -75,13 +75,13 @@ void fSHAREDProxy::cmdOK_Click() noexcept {
     const auto store = [&trap](std::string_view key, const QLineEdit* box) {
         trap([&] { sset(key, fromQString(box->text())); });
     };
-    store("ProxyServer", m_ui->txtServer);
-    store("ProxyPort", m_ui->txtPort);
-    store("ProxyUser", m_ui->txtUser);
-    store("ProxyPwd", m_ui->txtPassword); // as it was typed; transfers need it in plain
-    sset("ProxyType", m_ui->optDefault->isChecked() ? systemProxy
-                      : m_ui->optNamed->isChecked() ? manualProxy
-                                                    : noProxy);
+    store(keys::proxyServer, m_ui->txtServer);
+    store(keys::proxyPort, m_ui->txtPort);
+    store(keys::proxyUser, m_ui->txtUser);
+    store(keys::proxyPwd, m_ui->txtPassword); // as it was typed; transfers need it in plain
+    sset(keys::proxyType, m_ui->optDefault->isChecked() ? systemProxy
+                          : m_ui->optNamed->isChecked() ? manualProxy
+                                                        : noProxy);
     trap([&] { accept(); });
 }
 

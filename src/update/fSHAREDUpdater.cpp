@@ -1,7 +1,7 @@
 #include "update/fSHAREDUpdater.h"
 
+#include "core/settings_keys.h"
 #include "foundation/log.h"
-#include "foundation/settings_store.h"
 #include "foundation/trap.h"
 #include "locale/translation.h"
 #include "platform/code_page.h"
@@ -53,7 +53,7 @@ void fSHAREDUpdater::Form_Load() noexcept {
     trap([&] { setDetails(""); });
     trap([&] { m_ui->picStatus->useSystemColours(); });
     bool off = true; // also where the store holds no flag
-    trap([&] { off = sget("DisableAutoUpdateCheck", off).flag(); });
+    trap([&] { off = sget(keys::disableAutoUpdateCheck, off).flag(); });
     trap([&] { setDisableAutoUpdate(off); });
 }
 

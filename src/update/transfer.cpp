@@ -1,6 +1,6 @@
 #include "update/transfer.h"
 
-#include "foundation/files.h"
+#include "foundation/disk.h"
 #include "update/curl_control.h"
 #include "update/transfer_states.h"
 

@@ -1,6 +1,7 @@
 #include "foundation/log.h"
 #include "foundation/numbers.h"
 #include "foundation/progress.h"
+#include "foundation/replacing_file.h"
 #include "update/transfer_states.h"
 
 #include <optional>

@@ -1,10 +1,12 @@
 #include "update/transfer_states.h"
 
+#include "core/settings_keys.h"
+#include "foundation/disk.h"
 #include "foundation/error.h"
 #include "foundation/host.h"
 #include "foundation/log.h"
+#include "foundation/path_text.h"
 #include "foundation/progress.h"
-#include "foundation/settings_store.h"
 #include "foundation/text.h"
 #include "foundation/trap.h"
 
@@ -269,11 +271,11 @@ void fSHAREDInternet::timerTick() noexcept {
 }
 
 std::string fSHAREDInternet::ProxyUser() {
-    return sget("ProxyUser", "").text();
+    return sget(keys::proxyUser).text();
 }
 
 std::string fSHAREDInternet::ProxyPassword() {
-    return sget("ProxyPwd", "").text();
+    return sget(keys::proxyPwd).text();
 }
 
 void fSHAREDInternet::ApplyProxy() noexcept {
@@ -289,14 +291,14 @@ void fSHAREDInternet::ApplyProxy() noexcept {
         });
     };
     auto type = AccessType::Direct;
-    step([&] { type = static_cast<AccessType>(sget("ProxyType", static_cast<std::int32_t>(type)).int16()); });
+    step([&] { type = static_cast<AccessType>(sget(keys::proxyType).int16()); });
     step([&] { m_control->setAccessType(type); });
     step([&] { m_control->setUserName(""); });
     step([&] { m_control->setPassword(""); });
     if (type == AccessType::NamedProxy) {
         step([&] {
-            const std::string server(trim(sget("ProxyServer", "").text()));
-            const std::string port(trim(sget("ProxyPort", "").text()));
+            const std::string server(trim(sget(keys::proxyServer).text()));
+            const std::string port(trim(sget(keys::proxyPort).text()));
             // Half a proxy is none, though the type says that there is one: it is meant.
             m_control->setProxy(server.empty() || port.empty() ? std::string() : server + ":" + port);
         });

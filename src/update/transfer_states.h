@@ -3,7 +3,7 @@
 #pragma once
 
 #include "foundation/clock.h"
-#include "foundation/files.h"
+#include "foundation/replacing_file.h"
 #include "foundation/trap.h"
 #include "update/second_ticker.h"
 #include "update/transfer_control.h"

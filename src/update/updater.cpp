@@ -1,14 +1,15 @@
 #include "update/updater.h"
 
+#include "core/settings_keys.h"
 #include "foundation/clock.h"
+#include "foundation/disk.h"
 #include "foundation/error.h"
-#include "foundation/files.h"
 #include "foundation/host.h"
 #include "foundation/log.h"
 #include "foundation/native_path.h"
 #include "foundation/progress.h"
-#include "foundation/settings_store.h"
 #include "foundation/text.h"
+#include "foundation/text_files.h"
 #include "foundation/trap.h"
 #include "locale/translation.h"
 #include "update/automatic_check.h"
@@ -131,7 +132,7 @@ void Updater::redrawStatus() noexcept {
 }
 
 void Updater::storeAutoCheck() noexcept {
-    sset("DisableAutoUpdateCheck", m_form.disableAutoUpdate());
+    sset(keys::disableAutoUpdateCheck, m_form.disableAutoUpdate());
 }
 
 void Updater::StopAll() noexcept {
@@ -174,7 +175,7 @@ bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::strin
         trap([&] { m_form.showForm(); });
         trap([] { host().pumpEvents(Pump::PaintAndTimers); });
     }
-    trap([&] { autoCheckOff = sget("DisableAutoUpdateCheck", autoCheckOff).flag(); });
+    trap([&] { autoCheckOff = sget(keys::disableAutoUpdateCheck, autoCheckOff).flag(); });
     trap([&] { m_form.setDisableAutoUpdate(autoCheckOff); });
     trap([&] { m_source = source; });
     const std::string reply = askServer();
@@ -249,7 +250,7 @@ bool Updater::tellAnswer(std::string_view reply, const Version& own, std::string
 void Updater::tellNewer(const std::string& version) noexcept {
     const CheckTrap trap{"sub checkforupdate"};
     // A date text here and a day number below: both are told apart when they are read.
-    trap([] { sset("LastUpdateCheck", checkDateText(today())); });
+    trap([] { sset(keys::lastUpdateCheck, checkDateText(today())); });
     trap([&] {
         m_form.setUpdate(gettranslation("Version") + " " + version + " " + gettranslation("is available!"),
                          updateFoundColour);
@@ -265,7 +266,7 @@ void Updater::tellNewer(const std::string& version) noexcept {
 
 void Updater::tellUpToDate(const std::string& version) noexcept {
     const CheckTrap trap{"sub checkforupdate"};
-    trap([] { sset("LastUpdateCheck", today()); });
+    trap([] { sset(keys::lastUpdateCheck, today()); });
     trap([&] { logit("Already up to date (Available version is " + version + ")"); });
     trap([&] { m_form.setUpdate(gettranslation("You're up to date!"), updateFailedColour); }); // red too; it is meant
 }

@@ -2,6 +2,7 @@
 
 #include "core/codes.h"
 #include "foundation/clock.h"
+#include "foundation/fixed_text.h"
 #include "foundation/host.h"
 #include "foundation/numbers.h"
 #include "views/leg_walk.h"

@@ -1,6 +1,7 @@
 // The quick distances of a load: they must round as the exact ones do.
 #include "core/great_circle.h"
 #include "core/leg_distances.h"
+#include "foundation/fixed_text.h"
 #include "foundation/numbers.h"
 #include "support/fixture.h"
 #include "support/traffic.h"

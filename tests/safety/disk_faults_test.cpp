@@ -5,10 +5,12 @@
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
 #include "core/tables.h"
+#include "foundation/channels.h"
+#include "foundation/disk.h"
 #include "foundation/error_report.h"
-#include "foundation/files.h"
 #include "foundation/log.h"
 #include "foundation/settings_store.h"
+#include "foundation/text_files.h"
 #include "foundation/trap.h"
 #include "simulator/aircraft_report.h"
 #include "simulator/fs_aircraft.h"
@@ -107,7 +109,7 @@ TEST_F(DiskFaults, WhatIsSavedStaysWhole) {
         SCOPED_TRACE(file);
         const auto begin = [this, &file = file] {
             writeFile(file, "old");
-            resetLogging();
+            test::forgetActions();
         };
         const auto content = [this, &file = file] { return readFile(file); };
         const auto after = [&, &file = file, &where = where](const Fault& fault, int n, const std::string& whole) {
@@ -163,7 +165,7 @@ TEST_F(DiskFaults, TheLogLosesTheFaultyLineAlone) {
     const Texts whole = {"Vantor starting.", "first", "second", "third"};
     const auto begin = [&] {
         EraseFile(path("log.txt"));
-        resetLogging();
+        test::forgetActions();
         logit(whole[0], true);
     };
     const auto writeLines = [&] {

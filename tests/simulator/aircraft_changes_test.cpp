@@ -77,7 +77,7 @@ TEST_F(AircraftChangesTest, WithoutNumbersLeftTheTableKeepsAllItHas) {
     EXPECT_EQ(afterAddition(), full);
     EXPECT_EQ(newestAction(), "Overflow(6) in sub addnewfsaircraft of module modAddNewFSAircraft");
     // None is given out a second time, also when the table has room.
-    resetLogging();
+    test::forgetActions();
     dropAircraft();
     EXPECT_EQ(afterAddition(), "");
     EXPECT_EQ(newestAction(), "Overflow(6) in sub addnewfsaircraft of module modAddNewFSAircraft");

@@ -1,8 +1,9 @@
 // Drives of a real Wine prefix, and the traffic tool as a real Windows program that runs through Wine.
-#include "foundation/files.h"
+#include "foundation/disk.h"
 #include "foundation/log.h"
 #include "foundation/native_path.h"
 #include "foundation/text.h"
+#include "foundation/text_files.h"
 #include "simulator/traffic_tool.h"
 #include "support/fixture.h"
 #include "support/stand_in_tool.h"

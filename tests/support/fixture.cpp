@@ -1,13 +1,10 @@
 #include "support/fixture.h"
 
 #include "core/tables.h"
-#include "foundation/error_report.h"
-#include "foundation/files.h"
-#include "foundation/locale_words.h"
+#include "foundation/code_page.h"
 #include "foundation/log.h"
 #include "foundation/native_path.h"
-#include "foundation/progress.h"
-#include "foundation/settings_store.h"
+#include "foundation/run_state.h"
 #include "foundation/text.h"
 
 #include <algorithm>
@@ -41,15 +38,12 @@ std::filesystem::path within(const std::filesystem::path& folder, std::string_vi
 } // namespace
 
 void resetGlobals() {
-    closeAllFiles();
-    useClock(nullptr);
-    useHost(nullptr);
-    useErrorReporter({});
-    resetLogging();
-    resetSettings();
-    resetLocaleWords();
-    resetProgress();
+    startRun();
     resetTables();
+}
+
+void forgetActions() {
+    actionRing() = ActionRing(dumpactions);
 }
 
 void Fixture::SetUp() {

@@ -2,6 +2,7 @@
 // It resets all that outlives a test and gives each one a folder of its own, with the program "in" it.
 #pragma once
 
+#include "foundation/action_ring.h"
 #include "support/recording.h"
 
 #include <filesystem>
@@ -10,10 +11,24 @@
 #include <string_view>
 #include <vector>
 
+namespace vantor {
+
+/// The newest text of the ring of actions, and the text of any of its places (1 to 40); empty where none was written.
+[[nodiscard]] inline std::string actionText(int place) {
+    return place >= 1 && place <= recentActions ? actionRing().at(place).text : std::string();
+}
+[[nodiscard]] inline std::string newestAction() {
+    return actionText(actionRing().newest());
+}
+
+} // namespace vantor
+
 namespace vantor::test {
 
-/// Drops everything global: tables, settings, log, ring, locale, progress, clock, host, error dialog.
+/// Puts the run's state and the traffic as they are at a program's start.
 void resetGlobals();
+/// Empties the ring of actions.
+void forgetActions();
 
 class Fixture : public ::testing::Test {
   protected:

@@ -1,5 +1,4 @@
 // Tests of the transfer against real servers on the loopback: web, with TLS too, files, and a proxy with a password.
-#include "foundation/files.h"
 #include "foundation/log.h"
 #include "foundation/settings_store.h"
 #include "foundation/text.h"
@@ -223,7 +222,7 @@ TEST_F(RealServers, AFaultOfTheDiskLeavesNoHalfAFile) {
             for (int n = 1; met; ++n) {
                 SCOPED_TRACE(url + ", " + words + " at call " + std::to_string(n));
                 lastStatus.clear();
-                resetLogging();
+                test::forgetActions();
                 bool got = false;
                 {
                     const DiskFault fault(call, n, error);

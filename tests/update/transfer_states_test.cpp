@@ -120,7 +120,7 @@ TEST_F(TransferStates, ErrorsAreSortedByNumberAndSomeAskAgain) {
     recorder.onPump = [this](Pump) { clock.advance(0.3); };
     for (const DownloadCase& one : cases) {
         SCOPED_TRACE(testing::PrintToString(one.steps));
-        resetLogging();
+        test::forgetActions();
         script.steps.clear();
         play(one.steps, {"first", std::nullopt, " second"});
         download();

@@ -59,7 +59,7 @@ TEST_F(MovementsTest, DeletedOnesDoNotCountAndARoundLegIsADeparture) {
 TEST_F(MovementsTest, APeriodThatLeadsNowhereCountsOnce) {
     for (const char* period : {"0HR", "HR", "-6HR", "0.4", "1E99"}) {
         resetTables();
-        resetLogging();
+        test::forgetActions();
         addRound("14:00:00", "nil", period);
         EXPECT_EQ(movements(dailyView), "14:1 / ") << period;
         EXPECT_TRUE(actionText(1).find(" in sub countflights of module modCountFlights") != std::string::npos);

@@ -125,8 +125,8 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
     void start() {
         m_form.reset();
         resetTables();
-        resetSettings();
-        resetProgress();
+        globalSettings().reset();
+        pumpTimes() = {};
         exitCodeOf([] {}); // the loop that hears of the end of the run before
         currentPrinter().setOutputFormat(QPrinter::PdfFormat);
         currentPrinter().setOutputFileName(QString::fromStdString((folder() / "print.pdf").string()));
@@ -162,7 +162,7 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         if (m_form->ended()) {
-            resetLogging();
+            test::forgetActions();
             start();
             return;
         }
@@ -196,7 +196,7 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
             faults.expect(entry.empty() || allowed, "in the ring: " + entry);
             m_loadFailed = m_loadFailed || contains(entry, "sub cmdreload_click");
         }
-        resetLogging();
+        test::forgetActions();
     }
     [[nodiscard]] bool did(std::initializer_list<std::string_view> names) const {
         return std::ranges::any_of(names, [&](std::string_view name) { return m_done.starts_with(name); });

@@ -7,6 +7,7 @@
 #include "core/great_circle.h"
 #include "core/tables.h"
 #include "foundation/clock.h"
+#include "foundation/fixed_text.h"
 #include "foundation/numbers.h"
 #include "foundation/text.h"
 #include "support/table_invariants.h"

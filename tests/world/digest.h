@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/records.h"
+#include "foundation/fixed_text.h"
 #include "foundation/list_row.h"
 
 #include <bit>
