@@ -88,21 +88,21 @@ using Add = std::function<void(const std::string& name, double limit, const Prep
 
 void addLists(const Add& add, Window& window) {
     const auto list = [&](const char* name, const char* icao, const char* ac, bool unique) {
-        add(name, listLimit, {[=, &window] { window.form().displaylist(icao, ac, "", unique, 0); }, {}});
+        add(name, listLimit, {[=, &window] { window.form().lists().displaylist(icao, ac, unique, 0); }, {}});
     };
     list("displaylist: all flights", "", "", false);
     list("displaylist: flights of an airport", airport, "", false);
     list("displaylist: flights of an aircraft", "", plane, false);
     list("displaylist: aircraft of an airport", airport, "", true);
     list("displaylist: airports of an aircraft", "", plane, true);
-    add("fillsecondlist", listLimit, {[&] { window.form().fillsecondlist(plane, ""); }, {}});
+    add("fillsecondlist", listLimit, {[&] { window.form().lists().fillsecondlist(plane, ""); }, {}});
 }
 
 using NamedWork = std::pair<std::string, Work>;
 
 std::vector<NamedWork> viewsOf(Window& window, PictureBox& box, const char* icao) {
-    return {{"timetable", [=, &window] { window.form().displaytimetable(icao); }},
-            {"gates", [=, &window] { window.form().displaymaxgates(icao); }},
+    return {{"timetable", [=, &window] { window.form().views().displaytimetable(icao); }},
+            {"gates", [=, &window] { window.form().views().displaymaxgates(icao); }},
             {"counts and chart", [=, &box] { drawMovementChart(box, icao, -1); }},
             {"map", [=, &box] { drawRouteMap(box, icao); }}};
 }
@@ -142,7 +142,7 @@ void measureAgainstFloor(Window& window) {
     box.resize(800, 600);
 
     resetPeakMemory();
-    window.form().loaddata();
+    window.form().files().loaddata();
     const double peak = peakMemory();
 
     const PlainAirports plainAirports = readPlainAirports(folder / "Airports.txt");
@@ -158,7 +158,8 @@ void measureAgainstFloor(Window& window) {
     add("LoadSched", loadLimit, load);
     addRow({.name = "LoadSched against sqlite3", .unit = "x sqlite3", .limit = peerLimit},
            [&] { return holdAgainst(peer, load); });
-    add("default load, all readers and lists", wholeLoadLimit, {[&] { window.form().loaddata(); }, dropTraffic});
+    add("default load, all readers and lists", wholeLoadLimit,
+        {[&] { window.form().files().loaddata(); }, dropTraffic});
     add("savesc", saveLimit, {[&] { savesc(flightplansfile + ".saved"); }, {}});
     addLists(add, window);
     for (const auto& [name, view] : viewsOf(window, box, airport)) {
@@ -215,7 +216,7 @@ void measureLinearity(Window& window, WorldOptions options,
 
 void measureAllLinearity(Window& window) {
     std::printf("\nTime of a further schedule between 50,000 and 150,000, over that between 10,000 and 50,000\n\n");
-    const Prepared load{[&] { window.form().loaddata(); }, dropTraffic};
+    const Prepared load{[&] { window.form().files().loaddata(); }, dropTraffic};
     measureLinearity(window, {}, {{"default load, mixed", load}});
     measureLinearity(window, {.missingAirports = true}, {{"default load, all airports missing", load}});
     measureLinearity(window, {.unknownAircraft = true}, {{"default load, all aircraft unknown", load}});

@@ -3,7 +3,10 @@
 #pragma once
 
 #include "platform/qt_host.h"
+#include "shell/file_commands.h"
 #include "shell/frmMain.h"
+#include "shell/lists.h"
+#include "shell/view_commands.h"
 
 #include <QApplication>
 

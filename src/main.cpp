@@ -7,8 +7,8 @@
 #include "foundation/run_state.h"
 #include "platform/code_page.h"
 #include "platform/qt_host.h"
+#include "shell/artwork.h"
 #include "shell/fSHAREDErrorRpt.h"
-#include "shell/frmArtwork.h"
 #include "shell/frmMain.h"
 #include "shell/program_path.h"
 

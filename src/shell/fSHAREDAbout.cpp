@@ -4,7 +4,7 @@
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "shell/application_settings.h"
-#include "shell/frmArtwork.h"
+#include "shell/artwork.h"
 #include "ui_fSHAREDAbout.h"
 
 #include <QFontInfo>

@@ -8,7 +8,7 @@
 #include "platform/code_page.h"
 #include "platform/file_dialogs.h"
 #include "shell/application_settings.h"
-#include "shell/frmPathLabel.h"
+#include "shell/path_label.h"
 #include "ui_frmSettings.h"
 
 namespace vantor {

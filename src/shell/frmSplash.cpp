@@ -4,7 +4,7 @@
 #include "platform/code_page.h"
 #include "platform/picture_box.h"
 #include "shell/application_settings.h"
-#include "shell/frmArtwork.h"
+#include "shell/artwork.h"
 #include "ui_frmSplash.h"
 
 #include <QFontInfo>

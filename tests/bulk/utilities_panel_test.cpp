@@ -19,7 +19,7 @@ class UtilitiesPanel : public MainWindowFixture {
     /// What a change did to the flag and to the lists.
     [[nodiscard]] std::string traces() const {
         const bool emptied = list("List1").rowCount() == 0 && list("List2").rowCount() == 0;
-        return std::string(form().unsavedchanges ? "flag " : "") + (emptied ? "emptied" : "");
+        return std::string(form().workspace().unsavedchanges ? "flag " : "") + (emptied ? "emptied" : "");
     }
     /// The file with these airports in the places of those of the five legs that changes touch here.
     [[nodiscard]] static std::string plans(const std::string& percent1, const std::string& percent2,
@@ -40,7 +40,7 @@ TEST_F(UtilitiesPanel, ChangesAFlightLevelAndAPercentage) {
     type("txtNewFL", "350");
     press("cmdChangeFL", {{"Updated 2 legs."}});
     EXPECT_EQ(traces() + box("txtICAO1") + box("txtICAO2"), "flag EGLLLFPG");
-    form().unsavedchanges = false;
+    form().workspace().unsavedchanges = false;
     press("optATCPercent");
     type("txtATCAircraft", "ac#2 ");
     type("txtATCPercent", "35");

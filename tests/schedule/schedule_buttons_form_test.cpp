@@ -31,13 +31,13 @@ class ScheduleButtonsTest : public MainWindowFixture {
 };
 
 TEST_F(ScheduleButtonsTest, EditsAScheduleOfAFilteredList) {
-    form().displaylist("", "AC#2", "", false, 0);
+    form().lists().displaylist("", "AC#2", false, 0);
     clickRow(list("List1"), 1);
     edit("cmdEditSchedule", [](QDialog& dialog) {
         typeOver(control<QLineEdit>(dialog, "txtRego"), "NEW");
         click(dialog, "cmdOK");
     });
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     EXPECT_EQ(schedule(3).tailnumber.text(), "NEW");
     EXPECT_EQ(list("List1").currentText(), "AC#2 - \"Gone\" NEW (IFR,2 legs)");
     EXPECT_EQ(list("List2").itemData(0), 3001);
@@ -52,7 +52,7 @@ TEST_F(ScheduleButtonsTest, CancelLeavesTheTablesAlone) {
     });
     edit("cmdAddSchedule", [](QDialog& dialog) { click(dialog, "cmdCancel"); });
     EXPECT_EQ(schedulecount, 4);
-    EXPECT_FALSE(form().unsavedchanges);
+    EXPECT_FALSE(form().workspace().unsavedchanges);
     clickRow(list("List1"), 1);
     clickRow(list("List2"), 1);
     edit("cmdEditLeg", [](QDialog& dialog) {
@@ -60,11 +60,11 @@ TEST_F(ScheduleButtonsTest, CancelLeavesTheTablesAlone) {
         click(dialog, "cmdCancel");
     });
     EXPECT_EQ(schedule(2), before);
-    EXPECT_TRUE(form().unsavedchanges); // set before the editor opens
+    EXPECT_TRUE(form().workspace().unsavedchanges); // set before the editor opens
 }
 
 TEST_F(ScheduleButtonsTest, EditLegGoesByTheRowOnAFilteredList) {
-    form().displaylist("LFPG", "", "", true, 0); // aircraft that visit LFPG
+    form().lists().displaylist("LFPG", "", true, 0); // aircraft that visit LFPG
     combo("cmbICAO").setCurrentRow(1);
     clickRow(list("List1"), 1);
     ASSERT_EQ(list("List2").rowCount(), 4); // legs of two schedules of AC#2
@@ -76,7 +76,7 @@ TEST_F(ScheduleButtonsTest, EditLegGoesByTheRowOnAFilteredList) {
         click(dialog, "cmdCancel");
     });
     addLegs(loopOver({"EGLL", "LFPG", "EGKK"}));
-    form().displaylegs(true, 5, "LFPG");
+    form().lists().displaylegs(5, "LFPG");
     ASSERT_EQ(list("List2").itemData(0), 5002); // leg 2 of the schedule stands in row 0
     edit("cmdEditLeg", [](QDialog& dialog) {
         EXPECT_EQ(control<ListBox>(dialog, "List1").currentRow(), 0);
@@ -98,14 +98,14 @@ TEST_F(ScheduleButtonsTest, EditLegStopsWhereItsNumberLeadsToNoSchedule) {
 
 TEST_F(ScheduleButtonsTest, AddShowsTheNewScheduleOfTheChosenAircraft) {
     combo("cmbAC").setCurrentRow(1);
-    form().displaylist("", "AC#1", "", false, 0);
+    form().lists().displaylist("", "AC#1", false, 0);
     edit("cmdAddSchedule", [](QDialog& dialog) {
         EXPECT_EQ(control<ComboBox>(dialog, "cmbAircraft").text(), "AC#2 - \"Gone\""); // missing ones too
         EXPECT_EQ(control<ListBox>(dialog, "List1").rowText(1), "YPPH - YPEA");
         click(dialog, "cmdOK");
     });
     EXPECT_EQ(schedulecount, 5);
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     EXPECT_EQ(list("List1").rowCount(), 2); // the filter leaves it out
     EXPECT_EQ(list("List2").rowCount(), 2);
     EXPECT_EQ(list("List2").itemData(0), 4001); // points at the schedule before
@@ -117,7 +117,7 @@ TEST_F(ScheduleButtonsTest, AddShowsTheNewScheduleOfTheChosenAircraft) {
 TEST_F(ScheduleButtonsTest, CopyStaysOnTheSource) {
     clickRow(list("List1"), 0);
     press("cmdCopy");
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     EXPECT_EQ(list("List1").rowCount(), 6);
     EXPECT_EQ(list("List1").currentRow(), 0);
     EXPECT_EQ(control<QGroupBox>(form(), "fraList2").title(), QStringLiteral("Legs in flight #1"));
@@ -128,7 +128,7 @@ TEST_F(ScheduleButtonsTest, CopyStaysOnTheSource) {
 TEST_F(ScheduleButtonsTest, DeleteTogglesEachSelectedSchedule) {
     clickRow(list("List1"), 0);
     press("cmdDeleteSchedule");
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     EXPECT_TRUE(schedule(1).deleted);
     EXPECT_EQ(list("List1").currentText(), "(DEL) AC#1 - \"Boeing 737\" GAAA (IFR,2 legs)");
     EXPECT_EQ(caption("cmdDeleteSchedule"), "Undelete");
@@ -146,7 +146,7 @@ TEST_F(ScheduleButtonsTest, DeleteLegTogglesEachSelectedLeg) {
     clickRow(list("List1"), 0);
     clickRow(list("List2"), 0);
     press("cmdDeleteLeg");
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     EXPECT_TRUE(schedule(1).legs[1].deleted);
     EXPECT_EQ(caption("cmdDeleteLeg"), "Undelete");
     // Selected behind another one, a row without number toggles that one's leg back.

@@ -44,7 +44,7 @@ class LoadTest : public MainWindowFixture {
         writeFile("FlightplansTEST.txt", schedule("AC#9,VHAAA", "YPEA", "YPPH"));
         loadSelected(QStringLiteral("FlightplansTEST.txt"), {{associated, answer}});
         EXPECT_EQ(plansuffix, "TEST");
-        EXPECT_EQ(form().flightsname, path("FlightplansTEST.txt"));
+        EXPECT_EQ(form().workspace().flightsname, path("FlightplansTEST.txt"));
         EXPECT_EQ(startsInLog(), 1) << "said by the default load alone";
         press("cmdListall");
     }
@@ -74,7 +74,7 @@ TEST_F(LoadTest, AReloadAsksOnlyAboutUnsavedChanges) {
     press("cmdReload", {{question, QMessageBox::Yes}});
     EXPECT_FALSE(schedules.peek(1).deleted);
     EXPECT_EQ(list("List1").rowCount(), 0);
-    EXPECT_TRUE(form().unsavedchanges) << "a load does not clear it";
+    EXPECT_TRUE(form().workspace().unsavedchanges) << "a load does not clear it";
 }
 
 TEST_F(LoadTest, AFailingDefaultLoadIsSilentAndTheWindowLives) {
@@ -94,17 +94,17 @@ TEST_F(LoadTest, AFailingDefaultLoadIsSilentAndTheWindowLives) {
 TEST_F(LoadTest, SelectedPlansWithoutASuffixComeAlone) {
     deleteFirst(); // the flag is not looked at
     press("cmdLoadFlightPlan", "fileDialog", [](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); });
-    EXPECT_EQ(form().flightsname, path("Flightplans.txt")) << "a cancelled selection changes nothing";
+    EXPECT_EQ(form().workspace().flightsname, path("Flightplans.txt")) << "a cancelled selection changes nothing";
     EXPECT_EQ(list("List1").rowCount(), 5);
     writeFile("other\\Flightplans.txt", schedule("AC#3,GNEW", "LFPG", "EGKK"));
     loadSelected(QStringLiteral("Flightplans.txt"), {}, QStringLiteral("other"));
-    EXPECT_EQ(form().aircraftname, path("Aircraft.txt"));
+    EXPECT_EQ(form().workspace().aircraftname, path("Aircraft.txt"));
     EXPECT_EQ(plansuffix, "");
     EXPECT_EQ(schedulecount, 1);
     EXPECT_EQ(aircraftcount, 4);
     EXPECT_EQ(list("List1").rowCount(), 0);
     EXPECT_EQ(list("List3").rowCount(), 2);
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     press("cmdSaveFlights",
           {{"Overwrite " + path("other\\Flightplans.txt") + "?", QMessageBox::No}, {"Save cancelled"}});
 }
@@ -113,7 +113,7 @@ TEST_F(LoadTest, SelectedPlansBringTheirFamilyOnYesAndItsAircraftAreSavedUnderTh
     deleteFirst();
     loadFamily(QMessageBox::Yes);
     const std::string named = path("AircraftTEST.txt");
-    EXPECT_EQ(form().airportsname, path("AirportsTEST.txt"));
+    EXPECT_EQ(form().workspace().airportsname, path("AirportsTEST.txt"));
     EXPECT_EQ(combo("cmbAC").text(), "AC#9 - \"Stray\"");
     EXPECT_EQ(box("txtATCAircraft"), "AC#9");
     EXPECT_EQ(combo("cmbICAO").rowCount(), 2);
@@ -126,12 +126,12 @@ TEST_F(LoadTest, SelectedPlansBringTheirFamilyOnYesAndItsAircraftAreSavedUnderTh
     EXPECT_EQ(readFile("Aircraft.txt"), before);
     press("cmdSaveAircraft", {{"Overwrite " + named + "?", QMessageBox::Yes}, {"Aircraft saved to " + named}});
     EXPECT_EQ(readFile("Aircraft.txt"), readFile("AircraftTEST.txt"));
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
 }
 
 TEST_F(LoadTest, SelectedPlansUseTheLoadedTablesOnNo) {
     loadFamily(QMessageBox::No);
-    EXPECT_EQ(form().aircraftname, path("Aircraft.txt"));
+    EXPECT_EQ(form().workspace().aircraftname, path("Aircraft.txt"));
     EXPECT_EQ(aircraftcount, 4);
     EXPECT_EQ(combo("cmbICAO").rowCount(), 4);
     EXPECT_EQ(list("List1").rowText(0), "AC#9 - AC#9 VHAAA (IFR,2 legs)");
@@ -161,7 +161,7 @@ TEST_F(LoadTest, SavedFlightsLoadAgainToTheSameTables) {
     const std::string before = readFile("Flightplans.txt");
     press("cmdSaveFlights", {{"Overwrite " + file + "?", QMessageBox::No}, {"Save cancelled"}});
     EXPECT_EQ(readFile("Flightplans.txt"), before);
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     const std::string saved = saveAndReload();
     EXPECT_EQ(saved, before.substr(before.find("\r\n") + 2)) << "all but the deleted line, to the byte";
     const Traffic tables = trafficNow();
@@ -174,7 +174,7 @@ TEST_F(LoadTest, AFlightSaveThatFailsLeavesTheFileAsItWas) {
     // A folder stands where the file is to go.
     std::filesystem::remove(folder() / "Flightplans.txt");
     std::filesystem::create_directories(folder() / "Flightplans.txt" / "inside");
-    const std::string file = form().flightsname;
+    const std::string file = form().workspace().flightsname;
     press("cmdSaveFlights", {{"Overwrite " + file + "?", QMessageBox::Yes}, {"Flight plans saved to " + file}});
     EXPECT_TRUE(std::filesystem::is_directory(folder() / "Flightplans.txt" / "inside"));
     EXPECT_FALSE(newestAction().empty()) << "the fault stands in the ring";

@@ -102,7 +102,7 @@ class LifeTest : public MainWindowFixture {
         press("cmdListall");
         clickRow(list("List1"), 0);
         press("cmdDeleteSchedule");
-        ASSERT_TRUE(form().unsavedchanges);
+        ASSERT_TRUE(form().workspace().unsavedchanges);
     }
     // What the end of the program leaves behind.
     [[nodiscard]] std::string leftBehind() const {
@@ -213,7 +213,7 @@ TEST_F(KeyboardTest, ShortcutsPressTheirButtons) {
     activate();
     press("cmdListall");
     pressKey(list("List1"), Qt::Key_Delete);
-    EXPECT_FALSE(form().unsavedchanges) << "its button is disabled until a row is clicked";
+    EXPECT_FALSE(form().workspace().unsavedchanges) << "its button is disabled until a row is clicked";
     clickRow(list("List1"), 0);
     pressKey(list("List1"), Qt::Key_Delete);
     EXPECT_TRUE(schedules.peek(1).deleted);

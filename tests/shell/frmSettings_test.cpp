@@ -5,8 +5,8 @@
 #include "platform/code_page.h"
 #include "platform/qt_host.h"
 #include "shell/application_settings.h"
-#include "shell/frmPathLabel.h"
 #include "shell/frmSettings.h"
+#include "shell/path_label.h"
 #include "support/fixture.h"
 #include "support/form_driver.h"
 

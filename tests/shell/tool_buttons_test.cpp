@@ -64,12 +64,12 @@ TEST_F(ToolButtons, CommandLinesAcrossModesAndLoads) {
     EXPECT_EQ(compile(sureCompile, QMessageBox::No), "");
     EXPECT_EQ(compile(sureCompile, QMessageBox::Yes), oneCall(" [/co] [/t2]"));
 
-    form().unsavedchanges = true;
+    form().workspace().unsavedchanges = true;
     const std::string unsaved =
         "You haven't saved your flightplans and/or aircraft.  Are you sure you want to compile now?";
     EXPECT_EQ(compile(unsaved, QMessageBox::No), "");
     EXPECT_EQ(compile(unsaved, QMessageBox::Yes), oneCall(" [/co] [/t2]"));
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     addSchedule("AC#1,GEEE,100%,24HR,IFR", loopOver({"ZZZZ", "AAAA"}));
     EXPECT_EQ(compile("You can't compile this file.  The following airports are missing: AAAA ZZZZ ", QMessageBox::Ok),
               "");

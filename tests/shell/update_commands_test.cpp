@@ -4,6 +4,7 @@
 #include "foundation/settings_store.h"
 #include "shell/application_loop.h"
 #include "shell/application_settings.h"
+#include "shell/update_commands.h"
 #include "support/main_window.h"
 #include "support/stand_in_tool.h"
 #include "support/table_invariants.h"
@@ -37,7 +38,7 @@ class UpdateCommands : public MainWindowFixture {
         MainWindowFixture::SetUp();
         useHost(&host);
         script = {};
-        form().transferControl = [this] { return std::make_unique<ScriptedControl>(script); };
+        form().updates().transferControl = [this] { return std::make_unique<ScriptedControl>(script); };
         script.replies[current] = {"2.0.0\r\n" + setup};
         script.replies[setup] = {std::string(30000, 'x')};
         press("cmdListall");
@@ -114,13 +115,13 @@ TEST_P(HandOver, StartsTheInstallerWithTheCaptionAndLeaves) {
     EXPECT_TRUE(script.requests.empty());
     EXPECT_EQ(exitCodeOf([this] {
                   press("cmdCheckUpdate", {{loseByUpdate, QMessageBox::Yes}});
-                  EXPECT_TRUE(updater().isVisible() && form().unsavedchanges);
+                  EXPECT_TRUE(updater().isVisible() && form().workspace().unsavedchanges);
                   install({{installNow, QMessageBox::Yes}});
               }),
               0);
     EXPECT_TRUE(form().ended());
     EXPECT_FALSE(form().isVisible() || updater().isVisible());
-    EXPECT_FALSE(form().unsavedchanges) << "the program must not ask again";
+    EXPECT_FALSE(form().workspace().unsavedchanges) << "the program must not ask again";
     EXPECT_EQ(readFile("updater.ini"), "VantorUpd.exe");
     EXPECT_EQ(readFile("VantorUpd.exe").size(), 30000U);
     EXPECT_NE(readFile("Vantor2.ini").find("PROXYUSER,someone\r\n"), std::string::npos);
@@ -151,7 +152,7 @@ TEST_F(UpdateCommands, TheProgramStaysWithoutAnInstallerOrWithoutLeave) {
     host.failing = loseByUpdate;
     install({{installNow, QMessageBox::Yes}});
     EXPECT_FALSE(form().ended());
-    EXPECT_TRUE(form().isVisible() && updater().isVisible() && form().unsavedchanges);
+    EXPECT_TRUE(form().isVisible() && updater().isVisible() && form().workspace().unsavedchanges);
     EXPECT_FALSE(exists("updater.ini"));
 }
 
@@ -193,7 +194,7 @@ TEST_P(DuringATransfer, CommandsRunToTheirEndButStartNoOtherTransfer) {
     });
     EXPECT_EQ(script.requests.size(), isDownload() ? 2U : 1U);
     EXPECT_EQ(schedulecount, 5);
-    EXPECT_TRUE(form().unsavedchanges);
+    EXPECT_TRUE(form().workspace().unsavedchanges);
     EXPECT_EQ(tableFaults(), std::vector<std::string>());
 }
 

@@ -5,6 +5,7 @@
 #include "platform/code_page.h"
 #include "platform/qt_host.h"
 #include "shell/frmMain.h"
+#include "shell/lists.h"
 #include "support/fixture.h"
 #include "support/form_driver.h"
 
@@ -91,7 +92,7 @@ class MainWindowFixture : public WindowFixture {
     [[nodiscard]] std::string saveAndReload() const {
         const std::string file = path("Flightplans.txt");
         press("cmdSaveFlights", {{"Overwrite " + file + "?", QMessageBox::Yes}, {"Flight plans saved to " + file}});
-        EXPECT_FALSE(form().unsavedchanges);
+        EXPECT_FALSE(form().workspace().unsavedchanges);
         press("cmdReload");
         return readFile("Flightplans.txt");
     }

@@ -2,6 +2,7 @@
 #include "core/combo_rows.h"
 #include "platform/code_page.h"
 #include "platform/printer_choice.h"
+#include "shell/view_commands.h"
 #include "support/expect_error.h"
 #include "support/main_window.h"
 #include "support/traffic.h"
@@ -128,7 +129,7 @@ TEST_F(PrintingTest, TheMainWindowPrintsWhatItsListShows) {
     combo("cmbICAO").setRows(airportRows());
     combo("cmbICAO").setCurrentRow(0);
     press("cmdTimeTable");
-    EXPECT_EQ(window.timetableicao(), "YPPH");
+    EXPECT_EQ(window.lists().timetableicao(), "YPPH");
     EXPECT_TRUE(rows.isEnabled());
     ASSERT_EQ(rows.rowCount(), 3);
     EXPECT_EQ(rows.rowText(1), "12:30 >D> Flight 1 to Pearce  AC: \"Boeing 737-400\"");
@@ -137,7 +138,7 @@ TEST_F(PrintingTest, TheMainWindowPrintsWhatItsListShows) {
     press("cmdGates"); // leaves the timetable's airport as it was
     EXPECT_EQ(rows.rowCount(), 183);
     EXPECT_TRUE(print.isEnabled());
-    window.displaytimetable("ypph - Perth");
+    window.views().displaytimetable("ypph - Perth");
 
     printToPdf(currentPrinter());
     press("cmdPrint", "printDialog", [](QDialog& asked) {
@@ -152,7 +153,7 @@ TEST_F(PrintingTest, TheMainWindowPrintsWhatItsListShows) {
     currentPrinter().setOutputFileName(QStringLiteral("/no/such/folder/schedule.pdf"));
     press("cmdPrint", "printDialog", [](QDialog& asked) { asked.reject(); });
     EXPECT_EQ(logTexts().back(), "Printer error");
-    window.settimetableicao("");
+    window.lists().settimetableicao("");
     EXPECT_FALSE(print.isEnabled());
 }
 

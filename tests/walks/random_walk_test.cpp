@@ -12,6 +12,8 @@
 #include "platform/qt_host.h"
 #include "shell/application_loop.h"
 #include "shell/frmMain.h"
+#include "shell/lists.h"
+#include "shell/update_commands.h"
 #include "simulator/aircraft_changes.h"
 #include "support/fixture.h"
 #include "support/form_driver.h"
@@ -91,7 +93,7 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         if (m_told) {
             return;
         }
-        if (m_loadFailed || m_form->flightsname.empty()) {
+        if (m_loadFailed || m_form->workspace().flightsname.empty()) {
             startAnew();
         }
         const std::vector<ScheduleRec> expectedSchedules = readBack(trafficNow().schedules);
@@ -99,7 +101,7 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         click(at("cmdSaveFlights"));
         ASSERT_TRUE(m_user.answers.empty());
         if (!expectedSchedules.empty()) { // a file without a line is refused
-            m_user.fileName = m_form->flightsname.substr(m_form->flightsname.rfind('\\') + 1);
+            m_user.fileName = m_form->workspace().flightsname.substr(m_form->workspace().flightsname.rfind('\\') + 1);
             m_user.answers = {false}; // aircraft and airports stay
             click(at("cmdLoadFlightPlan"));
             m_user.answers.clear(); // a name without a suffix asks nothing
@@ -133,7 +135,7 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         m_host.setPointer(Pointer::Normal); // it goes with a program
         m_loadFailed = false;
         m_form = std::make_unique<frmMain>();
-        m_form->transferControl = [this] { return std::make_unique<ScriptedControl>(m_server); };
+        m_form->updates().transferControl = [this] { return std::make_unique<ScriptedControl>(m_server); };
         m_form->formLoad();
         m_form->show();
         at<QTimer>("Timer3").stop(); // its time comes when the user's draw says so
@@ -155,7 +157,7 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         ++m_step;
         m_form->activateWindow();
         const Traffic before = trafficNow();
-        const bool flagBefore = m_form->unsavedchanges;
+        const bool flagBefore = m_form->workspace().unsavedchanges;
         clock.advance(0.2);
         QWidget* const other = updater(); // no modal window behind a check
         m_done = m_user.act(other != nullptr && m_user.below(3) == 0 ? *other : *m_form);
@@ -205,8 +207,10 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
     void lookAtFlag(Faults& faults, const Traffic& before, bool flagBefore) const {
         // A delete by airport leaves the flag; it is meant.
         const bool told = did({"cmdReload", "cmdLoadFlightPlan", "window: key F5", "cmdDeleteByICAO"});
-        faults.expect(m_form->unsavedchanges || told || trafficNow() == before, "a change without the flag");
-        faults.expect(m_form->unsavedchanges || !flagBefore || did({"cmdSaveFlights", "window: key Ctrl+S"}),
+        faults.expect(m_form->workspace().unsavedchanges || told || trafficNow() == before,
+                      "a change without the flag");
+        faults.expect(m_form->workspace().unsavedchanges || !flagBefore ||
+                          did({"cmdSaveFlights", "window: key Ctrl+S"}),
                       "the flag fell without a save");
     }
     void lookAtLists(Faults& faults) const {
@@ -240,7 +244,8 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         }
     }
     void lookAtWindow(Faults& faults) const {
-        faults.expect(at("cmdPrint").isEnabled() == !m_form->timetableicao().empty(), "cmdPrint without its timetable");
+        faults.expect(at("cmdPrint").isEnabled() == !m_form->lists().timetableicao().empty(),
+                      "cmdPrint without its timetable");
         faults.expect(QApplication::overrideCursor() == nullptr || m_loadFailed, "the pointer stayed busy");
         for (const QWidget* const window : QApplication::topLevelWidgets()) {
             faults.expect(!window->isVisible() || window == m_form.get() || window == updater(),

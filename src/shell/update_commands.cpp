@@ -1,11 +1,13 @@
-// frmMain: newer versions of the program, asked for by a button and once a week by itself.
+#include "shell/update_commands.h"
+
 #include "foundation/disk.h"
 #include "foundation/host.h"
 #include "foundation/native_path.h"
 #include "foundation/text_files.h"
-#include "foundation/trap.h"
 #include "platform/code_page.h"
-#include "shell/frmMain.h"
+#include "shell/command_runner.h"
+#include "shell/life.h"
+#include "shell/workspace.h"
 #include "ui_frmMain.h"
 #include "update/automatic_check.h"
 #include "update/fSHAREDUpdater.h"
@@ -30,57 +32,69 @@ UpdateSource updateSource() {
     return {folder + "VNT_current.txt", folder + "VNT_details.txt", std::string(setupName)};
 }
 
+// A question that fails is no Yes.
+bool agreesToLose(const StandardTrap& trap) {
+    bool sure = false;
+    trap([&] { sure = host().askYesNo(loseChanges); });
+    return sure;
+}
+
 } // namespace
 
-void frmMain::connectUpdateCommands() {
+UpdateCommands::UpdateCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
+                               Life& life)
+    : m_window(window), m_workspace(workspace), m_runner(runner), m_life(life), m_timer3(new QTimer(&window)) {
     // It waits with everything let through and takes nobody's turn: commands run meanwhile, and a close ends it.
-    connect(ui->cmdCheckUpdate, &QPushButton::clicked, this, [this] {
-        if (m_running == 0) {
-            cmdCheckUpdate_Click();
+    QObject::connect(ui.cmdCheckUpdate, &QPushButton::clicked, &window, [this] {
+        if (!m_runner.busy()) {
+            check();
         }
     });
-    m_timer3 = new QTimer(this);
     m_timer3->setObjectName(QStringLiteral("Timer3"));
     m_timer3->setSingleShot(true);
     m_timer3->setInterval(checkDelay);
-    connect(m_timer3, &QTimer::timeout, this, &frmMain::Timer3_Timer);
+    QObject::connect(m_timer3, &QTimer::timeout, &window, [this] { checkByItself(); });
 }
 
-fSHAREDUpdater& frmMain::updater() {
+void UpdateCommands::start() {
+    m_timer3->start();
+}
+
+void UpdateCommands::stop() noexcept {
+    if (m_updater != nullptr) {
+        m_updater->updater().StopAll();
+    }
+}
+
+fSHAREDUpdater& UpdateCommands::updater() {
     if (m_updater == nullptr) {
-        m_updater = new fSHAREDUpdater(this, transferControl ? transferControl() : nullptr);
+        m_updater = new fSHAREDUpdater(&m_window, transferControl ? transferControl() : nullptr);
         m_updater->updater().events.restart = [this] { return restartForInstall(); };
     }
     return *m_updater;
 }
 
-void frmMain::cmdCheckUpdate_Click() noexcept {
+void UpdateCommands::check() noexcept {
     const StandardTrap trap{"sub cmdcheckupdate_click", module};
-    bool sure = !unsavedchanges; // a question that fails is no Yes
-    trap([&] {
-        if (unsavedchanges) {
-            sure = host().askYesNo(loseChanges);
-        }
-    });
-    if (sure) {
-        m_changesGivenUp = unsavedchanges;
+    if (!m_workspace.unsavedchanges || agreesToLose(trap)) {
+        m_agreedAt = m_runner.begun();
         trap([&] { updater().updater().ShowandCheck(updateSource()); });
     }
 }
 
-void frmMain::Timer3_Timer() noexcept {
+void UpdateCommands::checkByItself() noexcept {
     const StandardTrap trap{"sub timer3_timer", module};
-    if (m_running > 0 || host().pumping() || QApplication::activeModalWidget() != nullptr) {
+    if (m_runner.busy() || host().pumping() || QApplication::activeModalWidget() != nullptr) {
         // A check lets everything run, so it must not begin inside a command; nor should it talk into an open dialog.
-        trap([&] { m_timer3->start(retryDelay); });
+        m_timer3->start(retryDelay);
         return;
     }
-    if (!m_ended && !CheckDisabled() && CheckDue()) {
+    if (!m_life.ended() && !CheckDisabled() && CheckDue()) {
         trap([&] { updater().updater().CheckForUpdate(true, updateSource()); });
     }
 }
 
-bool frmMain::restartForInstall() noexcept {
+bool UpdateCommands::restartForInstall() noexcept {
     const StandardTrap trap{"sub restartforinstall", module};
     const std::string installer = programFolder() + "\\Updater.exe";
     if (!FileExists(installer)) {
@@ -90,30 +104,18 @@ bool frmMain::restartForInstall() noexcept {
         });
         return false;
     }
-    const bool ask = unsavedchanges && !m_changesGivenUp; // changes made since the check began
-    bool sure = !ask;
-    trap([&] {
-        if (ask) {
-            sure = host().askYesNo(loseChanges);
-        }
-    });
-    if (!sure) {
+    const bool agreed = m_agreedAt == m_runner.begun(); // to all changes there are
+    if (m_workspace.unsavedchanges && !agreed && !agreesToLose(trap)) {
         return false;
     }
-    trap([&] { hide(); });
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
-    stopUpdater();
-    trap([] { WriteTextFile(programFolder() + "\\updater.ini", setupName); });
-    trap([&] { host().startProgram(installer, fromQString(windowTitle())); });
-    unsavedchanges = false;
-    exitprog();
+    m_window.hide();
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
+    stop();
+    WriteTextFile(programFolder() + "\\updater.ini", setupName);
+    trap([&] { host().startProgram(installer, fromQString(m_window.windowTitle())); });
+    m_workspace.unsavedchanges = false;
+    m_life.exitprog();
     return true;
-}
-
-void frmMain::stopUpdater() noexcept {
-    if (m_updater != nullptr) {
-        m_updater->updater().StopAll();
-    }
 }
 
 } // namespace vantor

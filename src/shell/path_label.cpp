@@ -1,4 +1,4 @@
-#include "shell/frmPathLabel.h"
+#include "shell/path_label.h"
 
 #include <QPainter>
 #include <QStyle>

@@ -1,4 +1,4 @@
-#include "shell/frmArtwork_land.h"
+#include "shell/artwork_land.h"
 
 namespace vantor {
 

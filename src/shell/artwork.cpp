@@ -1,6 +1,6 @@
-#include "shell/frmArtwork.h"
+#include "shell/artwork.h"
 
-#include "shell/frmArtwork_land.h"
+#include "shell/artwork_land.h"
 
 #include <QFontMetrics>
 #include <QLinearGradient>

@@ -1,0 +1,42 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// Repairs of the aircraft against the simulator, and another aircraft for the selected schedules.
+#pragma once
+
+#include "foundation/trap.h"
+
+#include <string>
+#include <string_view>
+
+class QWidget;
+
+namespace vantor {
+
+namespace Ui {
+class frmMain;
+}
+class CommandRunner;
+class Lists;
+struct Workspace;
+
+/// Substitutes, adds, deletes and swaps aircraft.
+class AircraftCommands {
+  public:
+    /// Connects the buttons. `owner` is the parent of the dialogs; all of these must outlive the commands.
+    AircraftCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+
+  private:
+    void substitute(const StandardTrap& trap);
+    void addFromSimulator(const StandardTrap& trap);
+    void deleteChosen(const StandardTrap& trap);
+    void swap(const StandardTrap& trap);
+
+    void takeSubstitute(const std::string& substitutetext);
+    void refillAircraft();
+
+    QWidget& m_owner;
+    Ui::frmMain& m_ui;
+    Workspace& m_workspace;
+    Lists& m_lists;
+};
+
+} // namespace vantor

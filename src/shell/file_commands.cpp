@@ -1,0 +1,206 @@
+#include "shell/file_commands.h"
+
+#include "core/aircraft_file.h"
+#include "core/combo_rows.h"
+#include "core/flightplans_writer.h"
+#include "core/load_pipeline.h"
+#include "core/tables.h"
+#include "foundation/busy_pointer.h"
+#include "foundation/log.h"
+#include "foundation/progress.h"
+#include "platform/file_dialogs.h"
+#include "platform/qt_host.h"
+#include "shell/application_settings.h"
+#include "shell/command_runner.h"
+#include "shell/frmSplash.h"
+#include "shell/life.h"
+#include "shell/lists.h"
+#include "shell/workspace.h"
+#include "simulator/fs_aircraft.h"
+#include "simulator/missing_aircraft.h"
+#include "ui_frmMain.h"
+
+#include <QMessageBox>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "frmMain";
+constexpr Procedure loadSelectedProcedure{"sub cmdloadflightplan_click", module};
+
+void pumpPaint() {
+    host().pumpEvents(Pump::PaintAndTimers);
+}
+
+} // namespace
+
+// What a load fills in the window, behind its splash. The splash goes with it, also when a reader raises.
+class FileCommands::SplashSteps final : public LoadSteps {
+  public:
+    SplashSteps(QWidget& window, Ui::frmMain& ui) : m_ui(ui), m_splash(&window) {}
+    ~SplashSteps() override {
+        m_splash.hide();
+        pumpPaint();
+    }
+    SplashSteps(const SplashSteps&) = delete;
+    SplashSteps& operator=(const SplashSteps&) = delete;
+
+    void show() {
+        busymouse();
+        m_splash.show();
+        pumpPaint();
+    }
+
+    Canvas* progress() override { return m_splash.progress(); }
+    void loadSimulatorAircraft() override { LoadFSAircraft(progress()); }
+    void listMissingAircraft() override { m_ui.List3->setRows(checkmissing()); }
+    void fillAircraftList() override {
+        m_ui.cmbAC->setRows(aircraftRows(true));
+        if (m_ui.cmbAC->currentRow() < 0) {
+            m_ui.cmbAC->setCurrentRow(0);
+        }
+    }
+    void fillAirportList() override {
+        m_ui.cmbICAO->setRows(airportRows());
+        if (airportcount > 0) {
+            m_ui.cmbICAO->setCurrentRow(0);
+        }
+    }
+
+  private:
+    Ui::frmMain& m_ui;
+    frmSplash m_splash;
+};
+
+FileCommands::FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
+                           Life& life)
+    : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_life(life) {
+    using Self = FileCommands;
+    runner.command(ui.cmdReload, {"sub cmdreload_click", module}, this, &Self::reload);
+    runner.command(ui.cmdLoadFlightPlan, loadSelectedProcedure, this, &Self::loadSelected);
+    runner.command(ui.cmdSaveFlights, {"sub cmdsaveflights_click", module}, this, &Self::saveFlights);
+    runner.command(ui.cmdSaveAircraft, {"sub cmdsaveaircraft_click", module}, this, &Self::saveAircraft);
+}
+
+void FileCommands::loaddata() {
+    const CommandRunner::Running running(m_runner);
+    m_ui.cmbAC->clear();
+    m_ui.cmbICAO->clear();
+    m_lists.clear();
+    m_ui.List3->clear();
+    {
+        SplashSteps splash(m_window, m_ui);
+        splash.show();
+        showprogressstring(splash.progress(), 0, 100, "Initialising");
+        // Quirk: derived from the default file alone; what the settings name instead plays no part.
+        plansuffix = GetSuffix(defaultFiles().flightplans);
+        const TrafficFiles files = configuredFiles(defaultFiles());
+        m_workspace.aircraftname = aircraftfile = files.aircraft;
+        m_workspace.airportsname = airportsfile = files.airports;
+        m_workspace.flightsname = flightplansfile = files.flightplans;
+        loadAllTraffic(splash);
+        m_lists.disableButtons();
+    }
+    m_ui.cmbAC->setCurrentRow(0);
+    normalmouse();
+    logit("Startup complete");
+}
+
+void FileCommands::reload(const StandardTrap& /*trap*/) {
+    if (!m_workspace.unsavedchanges || host().askYesNo("You will lose any changes if you do this. Are you sure?")) {
+        loaddata();
+    }
+}
+
+void FileCommands::loadSelected(const StandardTrap& trap) {
+    // Quirk: no trap catches a fault of this command: it ends the program, unlike one of "Load Default Plans".
+    try {
+        cSharedFileSel selection;
+        selection.Filepattern("*.TXT");
+        selection.SetCaption("Choose a flight plan");
+        selection.GetFilename();
+        if (!selection.Cancelled()) {
+            loadChosen(selection.Path(), selection.Filename());
+        }
+    } catch (...) {
+        endFatally(trap, currentError());
+    }
+}
+
+void FileCommands::loadChosen(const std::string& folder, const std::string& name) {
+    const std::string file = folder + "\\" + name;
+    m_workspace.flightsname = file;
+    plansuffix = GetSuffix(name);
+    {
+        SplashSteps splash(m_window, m_ui);
+        if (plansuffix.empty()) {
+            splash.show();
+        } else if (host().askYesNo("Do you want to load the associated aircraft and airport files?")) {
+            m_workspace.aircraftname = aircraftfile = folder + "\\Aircraft" + plansuffix + ".txt";
+            m_workspace.airportsname = airportsfile = folder + "\\Airports" + plansuffix + ".txt";
+            splash.show();
+            showprogressstring(splash.progress(), 0, 100, "Initialising");
+            pumpPaint();
+            loadAssociatedFiles(splash);
+        }
+        m_ui.cmdSaveFlights->setText(QStringLiteral("Save &Flights"));
+        m_ui.cmdSaveAircraft->setText(QStringLiteral("Sa&ve Aircraft"));
+        m_lists.clear();
+        m_ui.List3->clear();
+        loadChosenFlightPlans(splash, file);
+        m_lists.disableButtons();
+    }
+    m_ui.cmbAC->setCurrentRow(0);
+    normalmouse();
+}
+
+void FileCommands::endFatally(const StandardTrap& trap, const Error& error) {
+    trap([&] {
+        host().setPointer(Pointer::Normal);
+        QMessageBox box(QMessageBox::Critical, QStringLiteral("Vantor"), QString(), QMessageBox::Ok, &m_window);
+        box.setObjectName(QStringLiteral("fatalBox"));
+        box.setTextFormat(Qt::PlainText);
+        box.setText(boxText(error.description()));
+        box.exec();
+    });
+    trap([&] {
+        logaction(error.description() + "(" + std::to_string(error.number()) + ")", loadSelectedProcedure.name,
+                  loadSelectedProcedure.module);
+    });
+    trap(dumpactions);
+    m_window.hide();
+    m_life.endProcess(1);
+}
+
+void FileCommands::saveFlights(const StandardTrap& trap) {
+    bool overwrite = false;
+    trap([&] { overwrite = host().askYesNo("Overwrite " + m_workspace.flightsname + "?"); });
+    if (!overwrite) {
+        host().message("Save cancelled");
+        return;
+    }
+    {
+        const BusyPointer busy{trap};
+        savesc(m_workspace.flightsname);
+    }
+    m_workspace.unsavedchanges = false;
+    host().message("Flight plans saved to " + m_workspace.flightsname);
+}
+
+void FileCommands::saveAircraft(const StandardTrap& trap) {
+    bool overwrite = false;
+    trap([&] { overwrite = host().askYesNo("Overwrite " + m_workspace.aircraftname + "?"); });
+    if (!overwrite) {
+        host().message("Save Cancelled"); // Quirk: a capital here, unlike the flight plans'.
+        return;
+    }
+    {
+        const BusyPointer busy{trap};
+        saveaircraft();
+    }
+    // Quirk: it names the file in use, although the save goes to its fixed name.
+    host().message("Aircraft saved to " + m_workspace.aircraftname);
+}
+
+} // namespace vantor

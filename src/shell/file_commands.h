@@ -1,0 +1,50 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// The commands that move traffic between the files and the tables.
+#pragma once
+
+#include "foundation/error.h"
+#include "foundation/trap.h"
+
+#include <string>
+
+class QWidget;
+
+namespace vantor {
+
+namespace Ui {
+class frmMain;
+}
+class CommandRunner;
+class Life;
+class Lists;
+struct Workspace;
+
+/// Loads and saves.
+class FileCommands {
+  public:
+    /// Connects the buttons. `window` is the parent of splash and boxes; all of these must outlive the commands.
+    FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
+                 Life& life);
+
+    /// Loads the default files of the mode; what a reader raises comes out of it.
+    void loaddata();
+
+  private:
+    void reload(const StandardTrap& trap);
+    void loadSelected(const StandardTrap& trap);
+    void saveFlights(const StandardTrap& trap);
+    void saveAircraft(const StandardTrap& trap);
+
+    class SplashSteps;
+    void loadChosen(const std::string& folder, const std::string& name);
+    void endFatally(const StandardTrap& trap, const Error& error);
+
+    QWidget& m_window;
+    Ui::frmMain& m_ui;
+    Workspace& m_workspace;
+    CommandRunner& m_runner;
+    Lists& m_lists;
+    Life& m_life;
+};
+
+} // namespace vantor

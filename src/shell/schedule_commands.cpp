@@ -1,0 +1,169 @@
+#include "shell/schedule_commands.h"
+
+#include "core/codes.h"
+#include "core/combo_rows.h"
+#include "core/tables.h"
+#include "foundation/busy_pointer.h"
+#include "schedule/frmFind.h"
+#include "schedule/frmSchedEdit.h"
+#include "schedule/schedule_commands.h"
+#include "shell/command_runner.h"
+#include "shell/lists.h"
+#include "shell/workspace.h"
+#include "ui_frmMain.h"
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "frmMain";
+
+void find(ComboBox& box, QWidget& owner) {
+    if (box.rowCount() > 0) {
+        findstring(box, &owner);
+    }
+}
+
+} // namespace
+
+ScheduleCommands::ScheduleCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
+                                   Lists& lists)
+    : m_owner(owner), m_ui(ui), m_workspace(workspace), m_lists(lists) {
+    using Self = ScheduleCommands;
+    runner.command(ui.cmdAddSchedule, {"sub cmdaddschedule_click", module}, this, &Self::add);
+    runner.command(ui.cmdCopy, {"sub cmdcopy_click", module}, this, &Self::copy);
+    runner.command(ui.cmdEditSchedule, {"sub cmdeditschedule_click", module}, this, &Self::edit);
+    runner.command(ui.cmdDeleteSchedule, {"sub cmddeleteschedule_click", module}, this, &Self::toggleSelected);
+    runner.command(ui.cmdEditLeg, {"sub cmdeditleg_click", module}, this, &Self::editLeg);
+    runner.command(ui.cmdDeleteLeg, {"sub cmddeleteleg_click", module}, this, &Self::toggleSelectedLegs);
+    runner.command(ui.cmdFind0, {"sub cmdfind_click", module}, this, &Self::findAircraft);
+    runner.command(ui.cmdFind1, {"sub cmdfind_click", module}, this, &Self::findAirport);
+}
+
+std::optional<ScheduleRec> ScheduleCommands::askForEdit(const ScheduleRec& schedule, int startRow) {
+    // Missing aircraft too, so that their schedules keep them.
+    return editSchedule(&m_owner, schedule, {aircraftRows(true), m_ui.cmbICAO->rows()}, startRow);
+}
+
+void ScheduleCommands::add(const StandardTrap& trap) {
+    ScheduleRec schedule;
+    trap([&] { schedule = defaultschedule(m_ui.cmbAC->text()); });
+    if (const std::optional<ScheduleRec> edited = askForEdit(schedule)) {
+        m_workspace.unsavedchanges = true;
+        addschedule(*edited, "sub cmdaddschedule_click");
+        trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
+        m_lists.displaylegs(schedulecount, "");
+    }
+}
+
+void ScheduleCommands::copy(const StandardTrap& trap) {
+    const std::int32_t id = m_ui.List1->currentItemData();
+    if (id == 0) {
+        // Quirk: the guard is that of cmdEditSchedule, and so it is that button which is disabled.
+        m_ui.cmdEditSchedule->setEnabled(false);
+        return;
+    }
+    const BusyPointer busy{trap};
+    copyschedule(id);
+    m_workspace.unsavedchanges = true;
+    trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
+    m_lists.displaylegs(id, "");
+}
+
+void ScheduleCommands::edit(const StandardTrap& trap) {
+    const std::int32_t id = m_ui.List1->currentItemData();
+    if (id == 0) {
+        m_ui.cmdEditSchedule->setEnabled(false);
+        return;
+    }
+    const int saved = m_ui.List1->currentRow();
+    ScheduleRec schedule;
+    std::optional<ScheduleRec> edited;
+    // A schedule that can't be read must not be overwritten by a blank one.
+    if (trap([&] { schedule = schedules.HashGetSlot(id); })) {
+        edited = askForEdit(schedule);
+    }
+    const BusyPointer busy{trap};
+    if (edited) {
+        m_workspace.unsavedchanges = true;
+        trap([&] { schedules.HashPutSlot(id, *edited); });
+    }
+    // After a Cancel too. On a filtered list the saved row may be another schedule by now.
+    trap(&Lists::refresh, m_lists, saved);
+    m_lists.displaylegs(m_ui.List1->currentItemData(), "");
+}
+
+void ScheduleCommands::toggleSelected(const StandardTrap& trap) {
+    const int saved = m_ui.List1->currentRow();
+    for (int row = 0; row < m_ui.List1->rowCount(); ++row) {
+        if (m_ui.List1->isRowSelected(row) && m_ui.List1->itemData(row) != 0) {
+            deleteschedbyrecnum(m_ui.List1->itemData(row));
+        }
+    }
+    m_workspace.unsavedchanges = true; // even when no row counted
+    trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
+    m_ui.List2->clear();
+    if (saved >= 0) {
+        m_ui.List1->selectRow(saved);
+    }
+}
+
+void ScheduleCommands::editLeg(const StandardTrap& trap) {
+    std::int32_t rec = 0;
+    std::int32_t leg = 0;
+    extractindexes(m_ui.List2->currentItemData(), rec, leg);
+    if (rec == 0 || leg == 0) {
+        return;
+    }
+    m_workspace.unsavedchanges = true; // Quirk: before the user has done anything, so that a Cancel leaves it set.
+    ScheduleRec schedule;
+    std::optional<ScheduleRec> edited;
+    // A leg's number can lead to a counted line without a schedule: what was stored there, the next add would
+    // overwrite.
+    if (trap([&] { schedule = schedules.HashGetSlot(rec); }) && schedule.recnum != 0) {
+        // Quirk: the row counts and not the leg: on a filtered list the editor may open on another leg.
+        const bool fits = m_ui.List2->rowCount() <= schedule.legcount;
+        edited = askForEdit(schedule, fits ? m_ui.List2->currentRow() : 0);
+    }
+    const BusyPointer busy{trap};
+    if (edited) {
+        trap([&] { schedules.HashPutSlot(rec, *edited); });
+    }
+    trap(&Lists::displayselected, m_lists); // List1 is not refilled: its row keeps the old text
+}
+
+void ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
+    ScheduleRec touched;
+    std::int32_t rec = 0;
+    std::int32_t leg = 0;
+    for (int row = 0; row < m_ui.List2->rowCount(); ++row) {
+        if (!m_ui.List2->isRowSelected(row)) {
+            continue;
+        }
+        m_ui.List2->setCurrentRow(row);
+        // Quirk: a row without a leg's number keeps the one of the row before, whose leg is toggled back.
+        extractindexes(m_ui.List2->currentItemData(), rec, leg);
+        if (rec != 0 && leg != 0) {
+            m_workspace.unsavedchanges = true;
+            toggleleg(rec, leg, touched);
+        }
+    }
+    if (const std::int32_t id = m_ui.List1->currentItemData(); id != 0) {
+        m_lists.displaylegs(id, "");
+    } else {
+        trap([&] { m_lists.fillsecondlist(touched.acnum.text(), m_ui.cmbICAO->text()); });
+    }
+    if (m_ui.List2->rowCount() > 0) {
+        m_lists.enablelegbuttons();
+    }
+}
+
+void ScheduleCommands::findAircraft(const StandardTrap& /*trap*/) {
+    find(*m_ui.cmbAC, m_owner);
+}
+
+void ScheduleCommands::findAirport(const StandardTrap& /*trap*/) {
+    find(*m_ui.cmbICAO, m_owner);
+}
+
+} // namespace vantor

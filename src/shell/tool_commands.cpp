@@ -1,0 +1,118 @@
+#include "shell/tool_commands.h"
+
+#include "core/settings_keys.h"
+#include "core/tables.h"
+#include "foundation/disk.h"
+#include "foundation/host.h"
+#include "foundation/native_path.h"
+#include "platform/code_page.h"
+#include "shell/application_settings.h"
+#include "shell/command_runner.h"
+#include "shell/frmSettings.h"
+#include "shell/lists.h"
+#include "shell/workspace.h"
+#include "simulator/aircraft_report.h"
+#include "simulator/traffic_tool.h"
+#include "ui_frmMain.h"
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "frmMain";
+
+constexpr std::string_view unsavedQuestion =
+    "You haven't saved your flightplans and/or aircraft.  Are you sure you want to compile now?";
+constexpr std::string_view decompileQuestion =
+    "This will overwrite the current flightplans, aircraft and airports with values extracted from Flight Simulator - "
+    "are you sure?";
+constexpr std::string_view reloadNow =
+    "You must now reload your data if you want to use the new flightplans extracted from Flight Simulator.";
+
+std::string updateQuestion() {
+    return "This will update Flight Simulator 200" + std::to_string(fsmode) + " with your changes - are you sure?";
+}
+
+} // namespace
+
+ToolCommands::ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
+    : m_owner(owner), m_ui(ui), m_workspace(workspace), m_lists(lists) {
+    using Self = ToolCommands;
+    connectMode(ui.optFS2k2, {"sub optfs2k2_click", module}, 2, runner);
+    connectMode(ui.optFS2k4, {"sub optfs2k4_click", module}, 4, runner);
+    runner.command(ui.cmdCompile, {"sub cmdcompile_click", module}, this, &Self::compile);
+    runner.command(ui.cmdDecompile, {"sub cmddecompile_click", module}, this, &Self::decompile);
+    runner.command(ui.cmdACReport, {"sub cmdacreport_click", module}, this, &Self::report);
+    runner.command(ui.cmdSettings, {"sub cmdsettings_click", module}, this, &Self::settings);
+}
+
+void ToolCommands::connectMode(QRadioButton* option, Procedure procedure, std::int16_t mode, CommandRunner& runner) {
+    QObject::connect(option, &QRadioButton::clicked, option, [this, procedure, mode, &runner] {
+        if (!runner.run(procedure, [this, mode](const StandardTrap&) { chooseMode(mode); })) {
+            markMode(); // the click has marked the other one
+        }
+    });
+}
+
+void ToolCommands::markMode() {
+    (fsmode == 2 ? m_ui.optFS2k2 : m_ui.optFS2k4)->setChecked(true);
+}
+
+void ToolCommands::setupformwithcurrentmode() noexcept {
+    const StandardTrap trap{"sub setupformwithcurrentmode", module};
+    markMode();
+    if (fsmode != 2) {
+        plansuffix = "030528"; // that of FS2002 is left to its load: a switch back keeps the other's
+    }
+    // Selecting a mode stores it, also at the start: a first run that ends without a choice has chosen the default.
+    sset(keys::fsMode, fsmode);
+    trap([&] { m_ui.cmdCompile->setEnabled(FileExists(compiletool)); });
+    trap([&] { m_ui.cmdDecompile->setEnabled(FileExists(decompiletool)); });
+    m_ui.cmdSubAC->setVisible(true);
+    m_ui.List3->setEnabled(true);
+    m_ui.FrameFSAC->setTitle(toQString("AI Aircraft missing from FS200" + std::to_string(fsmode)));
+}
+
+void ToolCommands::chooseMode(std::int16_t mode) {
+    sset(keys::fsMode, mode);
+    readsettings();
+    setupformwithcurrentmode();
+}
+
+void ToolCommands::compile(const StandardTrap& /*trap*/) {
+    if (schedulecount == 0) {
+        host().message("No data loaded, cannot compile");
+        return;
+    }
+    std::string missing;
+    if (airportsmissing(missing)) {
+        host().message("You can't compile this file.  The following airports are missing: " + missing);
+        return;
+    }
+    if (host().askYesNo(m_workspace.unsavedchanges ? unsavedQuestion : updateQuestion())) {
+        // What the tool made of it can't be known: nothing is looked at, and the tool gets what is on disk.
+        ExecCmd(compileCommand(compiletool));
+    }
+}
+
+void ToolCommands::decompile(const StandardTrap& trap) {
+    if (host().askYesNo(decompileQuestion)) {
+        trap([] { ExecCmd(decompileCommand(decompiletool)); });
+        host().message(reloadNow);
+    }
+}
+
+void ToolCommands::report(const StandardTrap& /*trap*/) {
+    modACReport();
+    // In small letters, unlike the name it was written under.
+    host().viewTextFile(programFolder() + "\\aclog.txt");
+}
+
+void ToolCommands::settings(const StandardTrap& trap) {
+    trap([&] { frmSettings(&m_owner).exec(); });
+    if (m_ui.List1->currentRow() >= 0) { // without one there is nothing to show anew
+        m_lists.displaylegs(m_ui.List1->currentItemData(), "");
+    }
+}
+
+} // namespace vantor

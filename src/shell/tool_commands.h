@@ -1,0 +1,46 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// The simulator: which one is meant, its outside tool, the report on its aircraft folders, and the settings.
+#pragma once
+
+#include "foundation/trap.h"
+
+#include <cstdint>
+
+class QRadioButton;
+class QWidget;
+
+namespace vantor {
+
+namespace Ui {
+class frmMain;
+}
+class CommandRunner;
+class Lists;
+struct Workspace;
+
+/// Chooses the mode and runs what works on the simulator's files.
+class ToolCommands {
+  public:
+    /// Connects options and buttons. `owner` is the parent of the dialogs; all of these must outlive the commands.
+    ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+
+    /// Options, tool buttons and captions for fsmode as it stands.
+    void setupformwithcurrentmode() noexcept;
+
+  private:
+    void compile(const StandardTrap& trap);
+    void decompile(const StandardTrap& trap);
+    void report(const StandardTrap& trap);
+    void settings(const StandardTrap& trap);
+
+    void connectMode(QRadioButton* option, Procedure procedure, std::int16_t mode, CommandRunner& runner);
+    void chooseMode(std::int16_t mode);
+    void markMode();
+
+    QWidget& m_owner;
+    Ui::frmMain& m_ui;
+    Workspace& m_workspace;
+    Lists& m_lists;
+};
+
+} // namespace vantor

@@ -1,0 +1,149 @@
+#include "shell/utility_commands.h"
+
+#include "bulk/airport_split.h"
+#include "bulk/atc_percentage.h"
+#include "bulk/delete_by_airport.h"
+#include "bulk/flight_level.h"
+#include "core/codes.h"
+#include "foundation/busy_pointer.h"
+#include "platform/code_page.h"
+#include "shell/command_runner.h"
+#include "shell/lists.h"
+#include "shell/workspace.h"
+#include "ui_frmMain.h"
+
+#include <array>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "frmMain";
+
+std::array<QWidget*, 5> framesOf(Ui::frmMain& ui) {
+    return {ui.frameMassUpdate, ui.frameSetATCPercent, ui.frameDelByIcao, ui.frameSplit, ui.frameSplitAC};
+}
+
+std::string textOf(const QLineEdit* box) {
+    return fromQString(box->text());
+}
+
+// Shows a rewritten text; one that stayed keeps its cursor.
+void rewrite(QLineEdit* box, std::string_view text) {
+    if (textOf(box) != text) {
+        box->setText(toQString(text));
+    }
+}
+
+} // namespace
+
+UtilityCommands::UtilityCommands(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
+    : m_ui(ui), m_workspace(workspace), m_lists(lists) {
+    using Self = UtilityCommands;
+    const std::array options = {ui.optmass, ui.optATCPercent, ui.optDelByIcao, ui.optSplit, ui.optSplitAC};
+    for (std::size_t i = 0; i < options.size(); ++i) {
+        QObject::connect(options.at(i), &QRadioButton::clicked, options.at(i),
+                         [this, frame = framesOf(ui).at(i)] { showFrame(*frame); });
+    }
+    runner.command(ui.cmdChangeFL, {"sub cmdchangefl_click", module}, this, &Self::changeLevel);
+    runner.command(ui.cmdUpdateATCPercent, {"sub cmdupdateatcpercent_click", module}, this, &Self::changePercentage);
+    runner.command(ui.cmdDeleteByICAO, {"sub cmddeletebyicao_click", module}, this, &Self::deleteByIcao);
+    runner.command(ui.cmdDoSplit, {"sub cmddosplit_click", module}, this, &Self::split);
+    runner.command(ui.cmdSplitAC, {"sub cmdsplitac_click", module}, this, &Self::splitByAircraft);
+    CommandRunner::rowClick(ui.cmbAC, {"sub cmbac_click", module}, this, &Self::takeAircraft);
+    CommandRunner::rowClick(ui.cmbICAO, {"sub cmbicao_click", module}, this, &Self::takeAirport);
+    CommandRunner::rowClick(ui.cmbPC1, {"sub cmbpc1_click", module}, this, &Self::takeShare);
+}
+
+void UtilityCommands::fitFrames() {
+    QSize size;
+    for (QWidget* const frame : framesOf(m_ui)) {
+        frame->ensurePolished();
+        size = size.expandedTo(frame->minimumSizeHint());
+    }
+    for (QWidget* const frame : framesOf(m_ui)) {
+        frame->setMinimumSize(size);
+    }
+}
+
+void UtilityCommands::showFrame(QWidget& frame) {
+    for (QWidget* const other : framesOf(m_ui)) {
+        other->hide(); // all of them first: two at once would widen the panel
+    }
+    frame.show();
+}
+
+void UtilityCommands::finish(const BulkOutcome& outcome) noexcept {
+    const StandardTrap trap{"sub finishbulkchange", module};
+    m_workspace.unsavedchanges = m_workspace.unsavedchanges || outcome.setsUnsaved;
+    trap(&Host::message, host(), outcome.message);
+    if (outcome.clearsLists) {
+        m_lists.clear();
+    }
+}
+
+void UtilityCommands::changeLevel(const StandardTrap& /*trap*/) {
+    FlightLevelBoxes boxes{textOf(m_ui.txtNewFL), textOf(m_ui.txtICAO1), textOf(m_ui.txtICAO2)};
+    const BulkOutcome outcome = changeFlightLevel(boxes);
+    rewrite(m_ui.txtICAO1, boxes.icao1);
+    rewrite(m_ui.txtICAO2, boxes.icao2);
+    finish(outcome);
+}
+
+void UtilityCommands::changePercentage(const StandardTrap& /*trap*/) {
+    finish(updateAtcPercentage(textOf(m_ui.txtATCPercent), textOf(m_ui.txtATCAircraft)));
+}
+
+void UtilityCommands::deleteByIcao(const StandardTrap& trap) {
+    std::string icao = textOf(m_ui.txtDelByICAO);
+    const AirportDeletion deletion = prepareAirportDeletion(icao);
+    rewrite(m_ui.txtDelByICAO, icao);
+    if (!deletion.valid) {
+        host().message(deletion.message);
+        return;
+    }
+    if (!host().askYesNo(deletion.message)) {
+        return;
+    }
+    const BusyPointer busy{trap};
+    m_lists.clear();
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
+    // Quirk: the unsaved-changes flag stays as it is.
+    deleteByAirport(icao);
+}
+
+void UtilityCommands::split(const StandardTrap& /*trap*/) {
+    SplitBoxes boxes{textOf(m_ui.txtSplitICAO), textOf(m_ui.txtSplitIcao1), textOf(m_ui.txtSplitIcao2),
+                     m_ui.cmbPC1->text()};
+    const BulkOutcome outcome = splitAirport(boxes);
+    rewrite(m_ui.txtSplitIcao1, boxes.icao1);
+    rewrite(m_ui.txtSplitIcao2, boxes.icao2);
+    finish(outcome);
+}
+
+void UtilityCommands::splitByAircraft(const StandardTrap& /*trap*/) {
+    SplitAircraftBoxes boxes{textOf(m_ui.txtSplitACSource), textOf(m_ui.txtSplitACNewICAO),
+                             textOf(m_ui.txtSplitACICAO)};
+    const BulkOutcome outcome = splitAircraft(boxes);
+    rewrite(m_ui.txtSplitACSource, boxes.aircraftCode);
+    rewrite(m_ui.txtSplitACNewICAO, boxes.newIcao);
+    rewrite(m_ui.txtSplitACICAO, boxes.oldIcao);
+    finish(outcome);
+}
+
+void UtilityCommands::takeAircraft(const StandardTrap& /*trap*/) {
+    m_ui.txtATCAircraft->setText(toQString(extractcode(m_ui.cmbAC->text())));
+}
+
+void UtilityCommands::takeAirport(const StandardTrap& trap) {
+    trap([&] { m_ui.txtICAO1->setText(toQString(extractcode(m_ui.cmbICAO->text()))); });
+    for (QLineEdit* const box : {m_ui.txtSplitICAO, m_ui.txtSplitIcao1, m_ui.txtDelByICAO, m_ui.txtSplitACICAO}) {
+        box->setText(m_ui.txtICAO1->text());
+    }
+}
+
+void UtilityCommands::takeShare(const StandardTrap& /*trap*/) {
+    m_ui.lblPercent2->setText(toQString(remainingShare(m_ui.cmbPC1->text())));
+}
+
+} // namespace vantor

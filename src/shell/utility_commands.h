@@ -1,0 +1,47 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// The utilities panel: five bulk changes of which one is shown at a time.
+#pragma once
+
+#include "foundation/trap.h"
+
+class QRadioButton;
+class QWidget;
+
+namespace vantor {
+
+namespace Ui {
+class frmMain;
+}
+class CommandRunner;
+class Lists;
+struct BulkOutcome;
+struct Workspace;
+
+/// Changes many schedules at once, by what its boxes say; some of them follow the picks of aircraft and airport.
+class UtilityCommands {
+  public:
+    /// Connects options, buttons and the picks that the boxes follow. All of these must outlive the commands.
+    UtilityCommands(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+
+    /// One size for the five frames of which one shows at a time, so that nothing moves when another is chosen.
+    void fitFrames();
+
+  private:
+    void changeLevel(const StandardTrap& trap);
+    void changePercentage(const StandardTrap& trap);
+    void deleteByIcao(const StandardTrap& trap);
+    void split(const StandardTrap& trap);
+    void splitByAircraft(const StandardTrap& trap);
+    void takeAircraft(const StandardTrap& trap);
+    void takeAirport(const StandardTrap& trap);
+    void takeShare(const StandardTrap& trap);
+
+    void showFrame(QWidget& frame);
+    void finish(const BulkOutcome& outcome) noexcept;
+
+    Ui::frmMain& m_ui;
+    Workspace& m_workspace;
+    Lists& m_lists;
+};
+
+} // namespace vantor

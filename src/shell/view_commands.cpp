@@ -1,0 +1,82 @@
+#include "shell/view_commands.h"
+
+#include "core/codes.h"
+#include "foundation/error.h"
+#include "foundation/host.h"
+#include "foundation/log.h"
+#include "foundation/text.h"
+#include "platform/printer_choice.h"
+#include "shell/command_runner.h"
+#include "shell/lists.h"
+#include "ui_frmMain.h"
+#include "views/frmChart.h"
+#include "views/frmMap.h"
+#include "views/frmSchedulePrint.h"
+#include "views/gates.h"
+#include "views/timetable.h"
+
+namespace vantor {
+
+namespace {
+constexpr std::string_view module = "frmMain";
+} // namespace
+
+ViewCommands::ViewCommands(QWidget& owner, Ui::frmMain& ui, CommandRunner& runner, Lists& lists)
+    : m_owner(owner), m_ui(ui), m_lists(lists) {
+    runner.command(ui.cmdTimeTable, {"sub cmdtimetable_click", module}, this, &ViewCommands::showTimetable);
+    runner.command(ui.cmdPrint, {"sub cmdprint_click", module}, this, &ViewCommands::print);
+    runner.command(ui.cmdGates, {"sub cmdgates_click", module}, this, &ViewCommands::showGates);
+    runner.command(ui.cmdChart, {"sub cmdchart_click", module}, this, &ViewCommands::showChart);
+    runner.command(ui.cmdMap, {"sub cmdmap_click", module}, this, &ViewCommands::showMap);
+}
+
+void ViewCommands::showTimetable(const StandardTrap& /*trap*/) {
+    displaytimetable(upper(m_ui.cmbICAO->text()));
+}
+
+void ViewCommands::displaytimetable(std::string_view icao) noexcept {
+    const StandardTrap trap{"sub displaytimetable", module};
+    std::string code;
+    trap([&] { code = extractcode(icao); });
+    m_ui.List2->setEnabled(true); // off while the legs of a deleted schedule are shown
+    trap([&] { m_ui.List2->setRows(timetableRows(code)); });
+    trap(&Lists::settimetableicao, m_lists, code);
+}
+
+void ViewCommands::print(const StandardTrap& /*trap*/) {
+    try {
+        if (m_lists.timetableicao().empty()) {
+            host().message("Please display a timetable first");
+            return;
+        }
+        // Quirk: whatever becomes of the dialog, the printing goes on.
+        chooseprinter(&m_owner, "Schedule");
+        printSchedule(currentPrinter(), schedulePrintout(m_lists.timetableicao(), m_ui.List2->rows()));
+    } catch (...) {
+        logit(currentError().description());
+    }
+}
+
+void ViewCommands::showGates(const StandardTrap& /*trap*/) {
+    displaymaxgates(m_ui.cmbICAO->text());
+}
+
+void ViewCommands::displaymaxgates(std::string_view icao) noexcept {
+    const StandardTrap trap{"sub displaymaxgates", module};
+    m_ui.List2->clear();
+    m_ui.List2->setEnabled(true);
+    trap([&] { m_ui.List2->setRows(gateRows(extractcode(icao))); });
+}
+
+void ViewCommands::showChart(const StandardTrap& /*trap*/) {
+    frmChart chart(&m_owner);
+    chart.showchart(m_ui.cmbICAO->text());
+}
+
+void ViewCommands::showMap(const StandardTrap& /*trap*/) {
+    frmMap map(&m_owner);
+    map.loadmap(m_ui.cmbICAO->currentRow());
+    map.exec();
+}
+
+} // namespace vantor

@@ -1,0 +1,42 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// The views of the airport chosen in cmbICAO: timetable, its printing, gates, chart and map.
+#pragma once
+
+#include "foundation/trap.h"
+
+#include <string_view>
+
+class QWidget;
+
+namespace vantor {
+
+namespace Ui {
+class frmMain;
+}
+class CommandRunner;
+class Lists;
+
+/// Shows an airport's traffic in List2 and in windows of its own.
+class ViewCommands {
+  public:
+    /// Connects the buttons. `owner` is the parent of the dialogs; all of these must outlive the commands.
+    ViewCommands(QWidget& owner, Ui::frmMain& ui, CommandRunner& runner, Lists& lists);
+
+    /// Fills List2 with the timetable of an airport (a row or code) and enables cmdPrint.
+    void displaytimetable(std::string_view icao) noexcept;
+    /// Fills List2 with the gate table of an airport (a row or code). The printing stays as it was.
+    void displaymaxgates(std::string_view icao) noexcept;
+
+  private:
+    void showTimetable(const StandardTrap& trap);
+    void print(const StandardTrap& trap);
+    void showGates(const StandardTrap& trap);
+    void showChart(const StandardTrap& trap);
+    void showMap(const StandardTrap& trap);
+
+    QWidget& m_owner;
+    Ui::frmMain& m_ui;
+    Lists& m_lists;
+};
+
+} // namespace vantor

@@ -1,0 +1,25 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// The workspace: what outlives a command and belongs to no control.
+#pragma once
+
+#include <string>
+
+namespace vantor {
+
+/// What the groups of commands share.
+struct Workspace {
+    /// The files in use, as messages show them.
+    std::string flightsname;
+    std::string aircraftname;
+    std::string airportsname;
+
+    /// Filters (bare codes, empty for none) and kind of the listing shown: of schedules, or of aircraft or airports.
+    std::string currenticao;
+    std::string currentac;
+    bool currentunique = false;
+
+    /// Set by every command that changes traffic, cleared by a save of the flight plans alone.
+    bool unsavedchanges = false;
+};
+
+} // namespace vantor
