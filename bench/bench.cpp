@@ -49,6 +49,7 @@ constexpr double firstWindowLimit = 0.5;
 constexpr double slopeLimit = 1.2;
 constexpr const char* airport = "AABC";
 constexpr const char* busiestAirport = "AAAA"; // of a world with one
+constexpr StandardTrap caller{"bench", "bench"};
 constexpr const char* plane = "AC#77";
 constexpr auto listedSchedules = static_cast<std::int32_t>(scheduleRowLimit);
 
@@ -104,7 +105,7 @@ std::vector<NamedWork> viewsOf(Window& window, PictureBox& box, const char* icao
     return {{"timetable", [=, &window] { window.form().views().displaytimetable(icao); }},
             {"gates", [=, &window] { window.form().views().displaymaxgates(icao); }},
             {"counts and chart", [=, &box] { drawMovementChart(box, icao, -1); }},
-            {"map", [=, &box] { drawRouteMap(box, icao); }}};
+            {"map", [=, &box] { drawRouteMap(caller, box, icao); }}};
 }
 
 // Each finds the tables as a load leaves them, not as the change above it does.
@@ -116,19 +117,20 @@ void addChanges(const Add& add, const Work& load) {
     });
     change("change: flight level between two airports", [] {
         FlightLevelBoxes boxes{"310", airport, "AABD"};
-        static_cast<void>(changeFlightLevel(boxes));
+        static_cast<void>(changeFlightLevel(caller, boxes));
     });
-    change("change: ATC percentage of an aircraft", [] { static_cast<void>(updateAtcPercentage("50", plane)); });
-    change("change: airport of an aircraft", [] { static_cast<void>(replaceicaobyac("AABD", "AABE", plane)); });
-    change("change: split of an airport", [] { static_cast<void>(replaceicao("AABF", "AABG", "AABH", 50)); });
+    change("change: ATC percentage of an aircraft",
+           [] { static_cast<void>(updateAtcPercentage(caller, "50", plane)); });
+    change("change: airport of an aircraft", [] { static_cast<void>(replaceicaobyac(caller, "AABD", "AABE", plane)); });
+    change("change: split of an airport", [] { static_cast<void>(replaceicao(caller, "AABF", "AABG", "AABH", 50)); });
     change("change: aircraft of all listed flights", [] {
         std::vector<std::int32_t> recnums(listedSchedules);
         std::iota(recnums.begin(), recnums.end(), 1);
-        swapAircraft(recnums, "AC#7 - x");
+        swapAircraft(caller, recnums, "AC#7 - x");
     });
-    change("change: delete by airport", [] { deleteByAirport(airport); });
-    change("change: delete by the front of a code", [] { deleteByAirport("AA*"); });
-    change("change: delete all", [] { deleteByAirport("*"); });
+    change("change: delete by airport", [] { deleteByAirport(caller, airport); });
+    change("change: delete by the front of a code", [] { deleteByAirport(caller, "AA*"); });
+    change("change: delete all", [] { deleteByAirport(caller, "*"); });
 }
 
 // The main table, over the largest mixed world.

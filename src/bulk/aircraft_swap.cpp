@@ -2,21 +2,20 @@
 
 #include "core/codes.h"
 #include "core/tables.h"
-#include "foundation/trap.h"
 
 #include <string>
 #include <utility>
 
 namespace vantor {
 
-void swapAircraft(const std::vector<std::int32_t>& recnums, std::string_view substituteRow) noexcept {
-    const StandardTrap trap{"sub cmdswapac_click", "frmMain"};
+void swapAircraft(const StandardTrap& trap, const std::vector<std::int32_t>& recnums,
+                  std::string_view substituteRow) noexcept {
     std::string code;
     if (!trap([&] { code = extractcode(substituteRow); })) {
         return;
     }
     for (const std::int32_t recnum : recnums) {
-        trap([&] {
+        trap([&] { // one trap for all steps: a schedule that can't be read must not be overwritten
             ScheduleRec schedule = schedules.HashGetSlot(recnum);
             schedule.acnum = code;
             schedules.HashPutSlot(recnum, std::move(schedule));

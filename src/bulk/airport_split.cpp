@@ -1,17 +1,14 @@
 #include "bulk/airport_split.h"
 
 #include "core/aircraft_table.h"
+#include "core/codes.h"
+#include "core/schedule_walk.h"
 #include "foundation/numbers.h"
 #include "foundation/text.h"
 
 namespace vantor {
 
 namespace {
-
-bool isKnownAirport(std::string_view code) {
-    const AirportRec* const airport = airports.findInPlace(code);
-    return airport != nullptr && airport->icao.text() != "-1";
-}
 
 std::string unknownAirport(const std::string& code) {
     return code + " is not a recognised airport code.  Add the airport to Airports.txt before using it.";
@@ -25,7 +22,7 @@ std::string refusalOf(const SplitBoxes& boxes) {
         return "Please specify the second 'Split' ICAO";
     }
     for (const std::string& code : {boxes.icao1, boxes.icao2}) {
-        if (!isKnownAirport(code)) {
+        if (knownAirport(code) == nullptr) {
             return unknownAirport(code);
         }
     }
@@ -43,7 +40,7 @@ std::string refusalOf(const SplitAircraftBoxes& boxes) {
         return "Please specify the new ICAO";
     }
     for (const std::string& code : {boxes.oldIcao, boxes.newIcao}) {
-        if (!isKnownAirport(code)) {
+        if (knownAirport(code) == nullptr) {
             return unknownAirport(code);
         }
     }
@@ -54,6 +51,7 @@ std::string refusalOf(const SplitAircraftBoxes& boxes) {
 }
 
 // Deals legs out between two airports. It runs on from one schedule to the next.
+// Quirk: the shares are approximate, and 100% leaves one leg in 21 to the second airport.
 class SharingCounter {
   public:
     explicit SharingCounter(std::int16_t percent) : m_threshold(percent / 10.0) {}
@@ -80,8 +78,7 @@ std::string remainingShare(std::string_view percent) {
     return generalNumber(100 - val(percent)) + "%";
 }
 
-BulkOutcome splitAirport(SplitBoxes& boxes) {
-    const StandardTrap trap{"sub cmddosplit_click", "frmMain"};
+BulkOutcome splitAirport(const StandardTrap& trap, SplitBoxes& boxes) {
     boxes.icao1 = upper(trim(boxes.icao1));
     boxes.icao2 = upper(trim(boxes.icao2));
     std::int16_t percent = 0;
@@ -89,14 +86,13 @@ BulkOutcome splitAirport(SplitBoxes& boxes) {
     if (std::string refusal = refusalOf(boxes); !refusal.empty()) {
         return {.message = std::move(refusal)};
     }
-    return {.message = replaceicao(boxes.icao, boxes.icao1, boxes.icao2, percent),
+    return {.message = replaceicao(trap.of("sub replaceicao"), boxes.icao, boxes.icao1, boxes.icao2, percent),
             .setsUnsaved = true,
             .clearsLists = true};
 }
 
-std::string replaceicao(std::string_view source, std::string_view first, std::string_view second,
-                        std::int16_t percent) {
-    const StandardTrap trap{"sub replaceicao", "frmMain"};
+std::string replaceicao(const StandardTrap& trap, std::string_view source, std::string_view first,
+                        std::string_view second, std::int16_t percent) {
     const std::string from{trim(upper(source))};
     const std::string firstCode{trim(upper(first))};
     const std::string secondCode{trim(upper(second))};
@@ -117,7 +113,7 @@ std::string replaceicao(std::string_view source, std::string_view first, std::st
                 const bool toFirst = counter.nextIsFirst();
                 leg.toicao = toFirst ? firstCode : secondCode;
                 ++(toFirst ? firstCount : secondCount);
-                schedule.legs[i == schedule.legcount ? 1 : i + 1].fromicao = leg.toicao.raw();
+                schedule.legs[schedule.next(i)].fromicao = leg.toicao.raw();
             }
         });
     const std::string shown{source};
@@ -125,20 +121,21 @@ std::string replaceicao(std::string_view source, std::string_view first, std::st
            std::to_string(secondCount) + " " + shown + " to " + std::string(second);
 }
 
-BulkOutcome splitAircraft(SplitAircraftBoxes& boxes) {
+BulkOutcome splitAircraft(const StandardTrap& trap, SplitAircraftBoxes& boxes) {
     for (std::string* const box : {&boxes.aircraftCode, &boxes.newIcao, &boxes.oldIcao}) {
         *box = upper(trim(*box));
     }
     if (std::string refusal = refusalOf(boxes); !refusal.empty()) {
         return {.message = std::move(refusal)};
     }
-    return {.message = replaceicaobyac(boxes.oldIcao, boxes.newIcao, boxes.aircraftCode),
+    return {.message =
+                replaceicaobyac(trap.of("sub replaceicaobyac"), boxes.oldIcao, boxes.newIcao, boxes.aircraftCode),
             .setsUnsaved = true,
             .clearsLists = true};
 }
 
-std::string replaceicaobyac(std::string_view oldIcao, std::string_view newIcao, std::string_view aircraftCode) {
-    const StandardTrap trap{"sub replaceicaobyac", "frmMain"};
+std::string replaceicaobyac(const StandardTrap& trap, std::string_view oldIcao, std::string_view newIcao,
+                            std::string_view aircraftCode) {
     const std::string from{trim(upper(oldIcao))};
     const std::string to{trim(upper(newIcao))};
     std::int32_t count = 0;
@@ -150,13 +147,12 @@ std::string replaceicaobyac(std::string_view oldIcao, std::string_view newIcao, 
                    });
         },
         [&](ScheduleRec& schedule) {
-            for (std::int32_t i = 1; i <= schedule.legcount; ++i) {
-                LegRec& leg = schedule.legs[i];
+            for (LegRec& leg : schedule.flown()) {
                 if (leg.toicao.text() == from) {
                     leg.toicao = to;
                     ++count;
                 } else if (leg.fromicao.text() == from) {
-                    leg.fromicao = to; // an origin alone is not counted; it is meant
+                    leg.fromicao = to; // Quirk: an origin alone is not counted.
                 }
             }
         });

@@ -2,7 +2,8 @@
 // The split of an airport's arrivals between two others, and the change of airport for one aircraft.
 #pragma once
 
-#include "bulk/schedule_walk.h"
+#include "bulk/bulk_outcome.h"
+#include "foundation/trap.h"
 
 #include <cstdint>
 #include <string>
@@ -22,13 +23,12 @@ struct SplitBoxes {
 [[nodiscard]] std::string remainingShare(std::string_view percent);
 
 /// Looks at the texts and splits.
-[[nodiscard]] BulkOutcome splitAirport(SplitBoxes& boxes);
+[[nodiscard]] BulkOutcome splitAirport(const StandardTrap& trap, SplitBoxes& boxes);
 
 /// Shares the legs into `source` between two airports by a counter that steps by 0.5 up to 10.5 and starts anew: of
-/// each 21 legs, percent / 5 go to `first`. The shares are approximate, and 100% leaves one leg in 21 to `second`; it
-/// is meant. The next leg's origin follows. Returns the message for the user.
-[[nodiscard]] std::string replaceicao(std::string_view source, std::string_view first, std::string_view second,
-                                      std::int16_t percent);
+/// each 21 legs, percent / 5 go to `first`. The next leg's origin follows. Returns the message for the user.
+[[nodiscard]] std::string replaceicao(const StandardTrap& trap, std::string_view source, std::string_view first,
+                                      std::string_view second, std::int16_t percent);
 
 /// Texts of the panel for one aircraft, all trimmed and in capitals afterwards.
 struct SplitAircraftBoxes {
@@ -38,11 +38,11 @@ struct SplitAircraftBoxes {
 };
 
 /// Looks at the texts and moves the aircraft's flights.
-[[nodiscard]] BulkOutcome splitAircraft(SplitAircraftBoxes& boxes);
+[[nodiscard]] BulkOutcome splitAircraft(const StandardTrap& trap, SplitAircraftBoxes& boxes);
 
 /// Moves all flights of an aircraft from one airport to another. Only destinations are counted. Returns the message
 /// for the user.
-[[nodiscard]] std::string replaceicaobyac(std::string_view oldIcao, std::string_view newIcao,
+[[nodiscard]] std::string replaceicaobyac(const StandardTrap& trap, std::string_view oldIcao, std::string_view newIcao,
                                           std::string_view aircraftCode);
 
 } // namespace vantor

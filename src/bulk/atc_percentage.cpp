@@ -1,18 +1,18 @@
 #include "bulk/atc_percentage.h"
 
+#include "core/schedule_walk.h"
 #include "foundation/numbers.h"
 #include "foundation/text.h"
 
 namespace vantor {
 
-BulkOutcome updateAtcPercentage(std::string_view percentText, std::string_view aircraftText) {
-    const StandardTrap trap{"sub cmdupdateatcpercent_click", "frmMain"};
+BulkOutcome updateAtcPercentage(const StandardTrap& trap, std::string_view percentText, std::string_view aircraftText) {
     std::int32_t percent = 0;
     trap([&] { percent = toInt32(val(percentText)); });
     if (percent < 1 || percent > 100) {
         return {.message = "Please enter a percentage from 1 to 100"};
     }
-    // The flag is set before the aircraft is looked at; it is meant.
+    // Quirk: the flag is set before the aircraft is looked at.
     BulkOutcome outcome{.message = {}, .setsUnsaved = true};
     const std::string code{trim(upper(aircraftText))};
     if (!contains(code, "AC#")) {

@@ -2,7 +2,8 @@
 // The ATC percentage of all schedules of an aircraft.
 #pragma once
 
-#include "bulk/schedule_walk.h"
+#include "bulk/bulk_outcome.h"
+#include "foundation/trap.h"
 
 #include <string_view>
 
@@ -10,6 +11,7 @@ namespace vantor {
 
 /// Sets the percentage (1 to 100, the number at the front of its text, rounded) of every schedule of an aircraft. The
 /// whole code is compared, in capitals against the record as it is stored.
-[[nodiscard]] BulkOutcome updateAtcPercentage(std::string_view percentText, std::string_view aircraftText);
+[[nodiscard]] BulkOutcome updateAtcPercentage(const StandardTrap& trap, std::string_view percentText,
+                                              std::string_view aircraftText);
 
 } // namespace vantor

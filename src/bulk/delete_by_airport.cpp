@@ -1,6 +1,6 @@
 #include "bulk/delete_by_airport.h"
 
-#include "bulk/schedule_walk.h"
+#include "core/schedule_walk.h"
 #include "foundation/text.h"
 
 namespace vantor {
@@ -11,7 +11,7 @@ enum class Match { None, Destination, Origin };
 
 Match matchOf(const LegRec& leg, std::string_view pattern) {
     const std::string_view to = leg.toicao.text();
-    // A destination shorter than the pattern ends the matter, whatever the origin is; it is meant.
+    // Quirk: a destination shorter than the pattern ends the matter, whatever the origin is.
     if (pattern.size() > to.size()) {
         return Match::None;
     }
@@ -33,7 +33,7 @@ std::int32_t deleteMatchingLegs(ScheduleRec& schedule, std::string_view pattern)
         ++matched;
         leg.deleted = true;
         if (match == Match::Destination && schedule.legcount > 2) {
-            schedule.legs[i == 1 ? schedule.legcount : i - 1].toicao = leg.fromicao.raw();
+            schedule.legs[schedule.previous(i)].toicao = leg.fromicao.raw();
         }
     }
     return matched;
@@ -41,8 +41,7 @@ std::int32_t deleteMatchingLegs(ScheduleRec& schedule, std::string_view pattern)
 
 // Legs that the repair turned into a flight from a place to itself go as well.
 void deleteStandingLegs(ScheduleRec& schedule) {
-    for (std::int32_t i = 1; i <= schedule.legcount; ++i) {
-        LegRec& leg = schedule.legs[i];
+    for (LegRec& leg : schedule.flown()) {
         if (leg.toicao.text() == leg.fromicao.text()) {
             leg.deleted = true;
         }
@@ -59,8 +58,7 @@ AirportDeletion prepareAirportDeletion(std::string& icao) {
     return {.valid = true, .message = "About to delete all flights matching '" + icao + "'.  Are you sure?"};
 }
 
-void deleteByAirport(std::string_view icao) noexcept {
-    const StandardTrap trap{"sub cmddeletebyicao_click", "frmMain"};
+void deleteByAirport(const StandardTrap& trap, std::string_view icao) noexcept {
     // Every match is one of the first characters: the star is only taken off.
     const std::string_view pattern = icao.ends_with('*') ? icao.substr(0, icao.size() - 1) : icao;
     if (pattern.empty()) {

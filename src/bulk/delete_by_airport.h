@@ -2,6 +2,8 @@
 // The deletion of everything that touches an airport or a family of airports.
 #pragma once
 
+#include "foundation/trap.h"
+
 #include <string>
 #include <string_view>
 
@@ -19,7 +21,7 @@ struct AirportDeletion {
 /// Marks as deleted the legs whose destination or origin begins with `icao` (trimmed, in capitals), and the schedules
 /// of which every leg does. A "*" at the end is taken off; alone it marks every schedule. In a schedule of more than
 /// two legs the leg before one deleted by its destination flies on to that leg's origin.
-/// The unsaved-changes flag is not for this change; it is meant.
-void deleteByAirport(std::string_view icao) noexcept;
+/// The unsaved-changes flag is not for this change.
+void deleteByAirport(const StandardTrap& trap, std::string_view icao) noexcept;
 
 } // namespace vantor

@@ -1,5 +1,6 @@
 #include "bulk/flight_level.h"
 
+#include "core/schedule_walk.h"
 #include "foundation/numbers.h"
 #include "foundation/text.h"
 
@@ -14,8 +15,7 @@ bool flies(const LegRec& leg, std::string_view first, std::string_view second) {
 
 } // namespace
 
-BulkOutcome changeFlightLevel(FlightLevelBoxes& boxes) {
-    const StandardTrap trap{"sub cmdchangefl_click", "frmMain"};
+BulkOutcome changeFlightLevel(const StandardTrap& trap, FlightLevelBoxes& boxes) {
     std::int32_t level = 0;
     trap([&] { level = toInt32(val(boxes.newFL)); });
     if (level == 0) {
@@ -34,9 +34,9 @@ BulkOutcome changeFlightLevel(FlightLevelBoxes& boxes) {
             return anyLeg(schedule, [&](const LegRec& leg) { return flies(leg, first, second); });
         },
         [&](ScheduleRec& schedule) {
-            for (std::int32_t leg = 1; leg <= schedule.legcount; ++leg) {
-                if (flies(schedule.legs[leg], first, second)) {
-                    schedule.legs[leg].flightlevel = lowBits;
+            for (LegRec& leg : schedule.flown()) {
+                if (flies(leg, first, second)) {
+                    leg.flightlevel = lowBits;
                     ++count;
                 }
             }

@@ -2,7 +2,8 @@
 // The flight level of all legs from one airport to another.
 #pragma once
 
-#include "bulk/schedule_walk.h"
+#include "bulk/bulk_outcome.h"
+#include "foundation/trap.h"
 
 #include <string>
 
@@ -18,6 +19,6 @@ struct FlightLevelBoxes {
 /// Sets the flight level of every leg from icao1 to icao2, in this one direction. The level is the number at the front
 /// of its text, rounded; 0 is refused, and so is one beyond 32 bits (a fault in the ring), and of what passes the low
 /// 16 bits are stored.
-[[nodiscard]] BulkOutcome changeFlightLevel(FlightLevelBoxes& boxes);
+[[nodiscard]] BulkOutcome changeFlightLevel(const StandardTrap& trap, FlightLevelBoxes& boxes);
 
 } // namespace vantor

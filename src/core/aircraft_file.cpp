@@ -1,5 +1,7 @@
 #include "core/aircraft_file.h"
 
+#include "core/save_file.h"
+#include "core/table_text.h"
 #include "core/tables.h"
 #include "foundation/numbers.h"
 #include "foundation/progress.h"
@@ -8,16 +10,16 @@
 #include "foundation/text_files.h"
 #include "foundation/trap.h"
 
-#include <optional>
 #include <string>
 
 namespace vantor {
 
 namespace {
 
-// Comments are recognised in the first column only, wherever in it the mark stands.
-bool isComment(std::string_view column) {
-    return contains(column, "//") || contains(column, ";");
+OneBased<AircraftRec> blankRows(std::int32_t count) {
+    OneBased<AircraftRec> rows;
+    rows.resize(count);
+    return rows;
 }
 
 void readAircraft(std::string_view file, Canvas* progress) {
@@ -29,22 +31,23 @@ void readAircraft(std::string_view file, Canvas* progress) {
                                                            "TrafficTools path AFTER you have decompiled Traffic.BGL");
     }
     // Ahead of the reading, so that every row that counts is there when it fails. The lines counted end at a lone CR or
-    // LF as well, the pieces below at CR LF alone: there are never fewer lines.
-    aircraft.resize(aircraftcount);
+    // LF as well: there are never fewer of them than lines below.
+    aircraft.replace(blankRows(aircraftcount));
     std::string text;
     ReadWholeFile(file, text);
-    const auto lines = split(text, "\r\n");
+    const auto lines = splitLines(text);
     std::int32_t count = 0;
     for (std::size_t piece = 0; piece < lines.size(); ++piece) {
         const auto columns = split(lines[piece], ",");
         if (columns.size() < 3 || isComment(columns[0])) {
             continue;
         }
-        AircraftRec& row = aircraft[++count];
+        AircraftRec row;
         row.acnum = columns[0];
+        aircraft.put(++count, row); // a speed that is no number leaves the code in its row
         row.cruisespeed = parseSingle(columns[1]);
         row.title = columns[2];
-        row.missing = false;
+        aircraft.put(count, row);
         showprogressstring(progress, static_cast<double>(piece), static_cast<double>(lines.size() - 1),
                            "Loading Data: Aircraft");
     }
@@ -65,25 +68,21 @@ void LoadAircraft(std::string_view file, Canvas* progress) {
     }
 }
 
-void saveaircraft() noexcept {
+std::optional<Error> saveaircraft() noexcept {
     const StandardTrap trap{"sub saveaircraft", "modAircraftSave"};
-    std::optional<ReplacingFile> file;
-    // The name is fixed and bare, whatever the configured file: it goes to the current folder, where the compiler of
-    // the traffic reads. It is meant.
-    trap([&] { file.emplace("Aircraft.txt"); });
-    if (!file) {
-        return;
-    }
-    for (std::int32_t i = 1; i <= aircraftcount; ++i) {
-        trap([&] {
-            const AircraftRec& row = aircraft[i];
-            if (!row.deleted) {
-                file->write(std::string(row.acnum.text()) + "," + shortestSingle(row.cruisespeed) + "," +
-                            std::string(row.title.text()) + "\r\n");
-            }
-        });
-    }
-    trap([&] { file->commit(); });
+    // Quirk: the name is fixed and bare, whatever the configured file. It goes to the current folder, where the
+    // compiler of the traffic reads.
+    return saveFile(trap, "Aircraft.txt", [&](const auto& put) {
+        for (std::int32_t i = 1; i <= aircraftcount; ++i) {
+            trap([&] {
+                const AircraftRec& row = aircraft[i];
+                if (!row.deleted) {
+                    put(std::string(row.acnum.text()) + "," + shortestSingle(row.cruisespeed) + "," +
+                        std::string(row.title.text()) + "\r\n");
+                }
+            });
+        }
+    });
 }
 
 } // namespace vantor

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "foundation/canvas.h"
+#include "foundation/error.h"
 
+#include <optional>
 #include <string_view>
 
 namespace vantor {
@@ -11,8 +13,8 @@ namespace vantor {
 /// Replaces the aircraft table from a file; `progress` may be null. Raises 23000 for a missing or empty file and
 /// any other fault with " in LoadAircraft" behind its description.
 void LoadAircraft(std::string_view file, Canvas* progress);
-/// Writes the aircraft that are not deleted to "Aircraft.txt" in the current folder, whatever file they came from; it
-/// is meant. Faults go to the ring.
-void saveaircraft() noexcept;
+/// Writes the aircraft that are not deleted to "Aircraft.txt" in the current folder, whatever file they came from.
+/// Faults go to the ring; the one that left the old file as it was is given back, nothing when the file is saved.
+std::optional<Error> saveaircraft() noexcept;
 
 } // namespace vantor

@@ -24,16 +24,20 @@ std::int32_t trueacnum(std::string_view code) noexcept {
 
 void SortAircraft() {
     // A stable sort: what exchanging neighbours until nothing is left to swap arrives at, for a table in any order.
-    std::vector<std::pair<std::int32_t, AircraftRec>> rows;
-    rows.reserve(static_cast<std::size_t>(aircraftcount));
-    for (std::int32_t i = 1; i <= aircraftcount; ++i) {
-        rows.emplace_back(trueacnum(aircraft[i].acnum.raw()), aircraft[i]);
+    std::vector<std::pair<std::int32_t, std::int32_t>> order; // number and row
+    order.reserve(static_cast<std::size_t>(aircraftcount));
+    for (std::int32_t row = 1; row <= aircraftcount; ++row) {
+        order.emplace_back(trueacnum(aircraft[row].acnum.raw()), row);
     }
-    std::ranges::stable_sort(rows, {}, [](const auto& row) { return row.first; });
-    std::int32_t i = 0;
-    for (const auto& row : rows) {
-        aircraft[++i] = row.second;
+    if (std::ranges::is_sorted(order)) {
+        return;
     }
+    std::ranges::sort(order); // the row behind keeps equal numbers in their order
+    OneBased<AircraftRec> sorted = aircraft.rows();
+    for (std::int32_t row = 0; const auto& [number, from] : order) {
+        sorted[++row] = aircraft[from];
+    }
+    aircraft.replace(std::move(sorted));
 }
 
 std::int32_t aircraftrecord(std::string_view code) noexcept {

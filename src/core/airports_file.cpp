@@ -1,6 +1,7 @@
 #include "core/airports_file.h"
 
 #include "core/great_circle.h"
+#include "core/table_text.h"
 #include "core/tables.h"
 #include "foundation/channels.h"
 #include "foundation/disk.h"
@@ -15,10 +16,6 @@ namespace vantor {
 
 namespace {
 
-bool isComment(std::string_view column) {
-    return contains(column, ";") || contains(column, "//");
-}
-
 // `accepted` counts the lines taken so far; it is raised before the record is filled, so it counts the one that faults.
 void readAirports(std::string_view file, Canvas* progress, std::int32_t& accepted) {
     airports.Init();
@@ -29,7 +26,7 @@ void readAirports(std::string_view file, Canvas* progress, std::int32_t& accepte
     }
     std::string text;
     ReadWholeFile(file, text);
-    const auto lines = split(text, "\r\n");
+    const auto lines = splitLines(text);
     AirportRec record;
     for (std::size_t piece = 0; piece < lines.size(); ++piece) {
         const auto columns = split(lines[piece], ",");
@@ -56,7 +53,7 @@ void nameAirport(std::string_view line) {
         return;
     }
     AirportRec record = airports.HashFind(upper(trim(line.substr(0, equals))));
-    if (record.icao.text() != "-1") {
+    if (record.known()) {
         record.title = line.substr(equals + 1);
         const std::int32_t slot = record.slot;
         airports.HashPutSlot(slot, record);
@@ -71,7 +68,8 @@ void LoadAirports(std::string_view file, Canvas* progress) {
         readAirports(file, progress, accepted);
     } catch (...) {
         const Error error = currentError();
-        // Every fault gets this wrapping, the missing file too, and nothing follows its last blank; it is meant.
+        airports.Cover(airportcount); // all lines count when the reading fails, and the boxes read up to the count
+        // Quirk: every fault gets this wrapping, the missing file too, and nothing follows its last blank.
         throw Error(error.number(),
                     error.description() + " in line " + std::to_string(accepted) + " of airports.txt.  Error on: ");
     }

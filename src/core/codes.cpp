@@ -24,6 +24,7 @@ std::string extractcode(std::string_view text) {
 
 std::string extracttitle(std::string_view text) {
     const std::size_t at = separator(text);
+    // Quirk: a text without a hyphen is not trimmed.
     return std::string(at == std::string_view::npos ? text : trim(text.substr(at + 1)));
 }
 
@@ -50,11 +51,9 @@ std::int32_t hashindex(std::int32_t recnum, std::int16_t legnum) noexcept {
                                      static_cast<std::uint32_t>(static_cast<std::int32_t>(legnum)));
 }
 
-void extractindexes(std::int32_t itemData, std::int32_t& recnum, std::int32_t& legnum) noexcept {
-    if (itemData != 0) {
-        legnum = itemData % 1000;
-        recnum = (itemData - legnum) / 1000;
-    }
+std::optional<LegId> extractindexes(std::int32_t itemData) noexcept {
+    const std::int32_t leg = itemData % 1000;
+    return itemData == 0 ? std::nullopt : std::optional(LegId{(itemData - leg) / 1000, leg});
 }
 
 std::string gmtstring() {
@@ -69,13 +68,18 @@ std::string gmtstring() {
 DateTime applygmtoffset(DateTime value) {
     const DateTime shifted = static_cast<DateTime>(gmtoffset) + timeOfDay(value);
     const auto single = static_cast<float>(shifted);
-    // Only the wrap below zero is handled, and through a 32-bit value; it is meant.
+    // Quirk: only the wrap below zero is handled, and through a 32-bit value.
     return single < 0 ? static_cast<DateTime>(single) + 1.0 : shifted;
 }
 
-std::string airporttitle(std::string_view code) {
+const AirportRec* knownAirport(std::string_view code) {
     const AirportRec* const airport = airports.findInPlace(code);
-    return std::string(airport == nullptr || airport->icao.text() == "-1" ? trim(code) : airport->title.text());
+    return airport != nullptr && airport->known() ? airport : nullptr;
+}
+
+std::string airporttitle(std::string_view code) {
+    const AirportRec* const airport = knownAirport(code);
+    return std::string(airport == nullptr ? trim(code) : airport->title.text());
 }
 
 } // namespace vantor

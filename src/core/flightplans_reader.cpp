@@ -96,8 +96,9 @@ class Reader {
     FixedText<12> m_previousTail; // of the last accepted record, for the message alone
     std::int32_t m_recnum = 0;
     float m_speed = 0; // kept from line to line: an unknown aircraft inherits the one above
-    // The leg being derived. It is not reset by a new line, so a fault in a line's first pass tells the value that the
-    // line before left; it is meant.
+    // The leg being derived.
+    // Quirk: it is not reset by a new line, so a fault in a line's first pass tells the value that the line before
+    // left.
     std::int32_t m_leg = 0;
 };
 
@@ -120,7 +121,7 @@ void Reader::read() {
         if (trim(line).empty()) {
             continue;
         }
-        ++lines; // also a line that is dropped below; it is meant
+        ++lines; // Quirk: also a line that is dropped below.
         const Fields fields = splitLine(line);
         if (fields.size() < headerFields + legFields) {
             continue;
@@ -267,8 +268,8 @@ void Reader::deriveArrivalDay(LegRec& leg, std::int16_t hours) const {
     if (leg.atflag) {
         return;
     }
-    // Whole hours are added to a fraction of a day, so a leg of half an hour and more lands on the next day unless its
-    // arrival is fixed. The saved files carry these days; it is meant.
+    // Quirk: whole hours are added to a fraction of a day, so a leg of half an hour and more lands on the next day
+    // unless its arrival is fixed. The saved files carry these days.
     const DateTime departure = parseTime(leg.dep.raw());
     if (hours + departure > 1) {
         leg.arrday = toInt16(leg.depday + 1.0);
@@ -311,6 +312,7 @@ void LoadSched(Canvas* progress, std::string_view file) {
         reader.read();
     } catch (...) {
         const Error error = currentError();
+        schedules.Cover(schedulecount); // the former count stays, and every walk reads up to it
         if (error.is(ErrorCode::Loader)) {
             throw;
         }

@@ -1,11 +1,9 @@
 #include "core/flightplans_writer.h"
 
-#include "core/tables.h"
+#include "core/save_file.h"
+#include "core/schedule_walk.h"
 #include "foundation/numbers.h"
-#include "foundation/replacing_file.h"
-#include "foundation/trap.h"
 
-#include <optional>
 #include <string>
 
 namespace vantor {
@@ -50,14 +48,13 @@ void formatSchedule(std::string& line, const ScheduleRec& schedule) {
         line.append(field).push_back(',');
     }
     std::int32_t written = 0;
-    for (std::int32_t n = 1; n <= schedule.legcount; ++n) {
-        const LegRec& leg = schedule.legs[n];
+    for (const LegRec& leg : schedule.flown()) {
         if (leg.deleted) {
             continue;
         }
         ++written;
         appendLeg(line, leg, schedule.weekly);
-        // Counted against all legs, deleted ones too, so a comma may stand behind the last one; it is meant.
+        // Quirk: counted against all legs, deleted ones too, so a comma may stand behind the last one.
         if (written < schedule.legcount) {
             line.push_back(',');
         }
@@ -67,21 +64,15 @@ void formatSchedule(std::string& line, const ScheduleRec& schedule) {
 
 } // namespace
 
-void savesc(std::string_view file) noexcept {
+std::optional<Error> savesc(std::string_view file) noexcept {
     const StandardTrap trap{"sub savesc", "modSchedSave"};
-    std::optional<ReplacingFile> out;
-    trap([&] { out.emplace(file); });
-    if (!out) {
-        return;
-    }
-    std::string line;
-    for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
-        trap([&] {
-            formatSchedule(line, schedules.peek(recnum));
-            out->write(line);
+    return saveFile(trap, file, [&](const auto& put) {
+        std::string line;
+        walkSchedules(trap, schedulecount, [&](const ScheduleRec& schedule) {
+            formatSchedule(line, schedule);
+            put(line);
         });
-    }
-    trap([&] { out->commit(); });
+    });
 }
 
 } // namespace vantor

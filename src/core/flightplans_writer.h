@@ -2,12 +2,15 @@
 // Writer of the flight plan file.
 #pragma once
 
+#include "foundation/error.h"
+
+#include <optional>
 #include <string_view>
 
 namespace vantor {
 
 /// Writes the schedules that are not deleted, without their deleted legs. The tables stay as they are. Faults go to the
-/// ring; after a failed write the old file stands as it was.
-void savesc(std::string_view file) noexcept;
+/// ring; the one that left the old file as it was is given back, nothing when the file is saved.
+std::optional<Error> savesc(std::string_view file) noexcept;
 
 } // namespace vantor

@@ -1,6 +1,6 @@
 #include "core/great_circle.h"
 
-#include "core/tables.h"
+#include "core/codes.h"
 #include "foundation/code_page.h"
 #include "foundation/log.h"
 #include "foundation/numbers.h"
@@ -80,12 +80,9 @@ double gcdistance(double lat1, double long1, double lat2, double long2) noexcept
 
 double flightdistance(std::string_view icao1, std::string_view icao2) noexcept {
     try {
-        const AirportRec* const from = airports.findInPlace(icao1);
-        if (from == nullptr || from->icao.text() == "-1") {
-            return 0;
-        }
-        const AirportRec* const to = airports.findInPlace(icao2);
-        if (to == nullptr || to->icao.text() == "-1") {
+        const AirportRec* const from = knownAirport(icao1);
+        const AirportRec* const to = knownAirport(icao2);
+        if (from == nullptr || to == nullptr) {
             return 0;
         }
         const Position start = positionOf(*from);

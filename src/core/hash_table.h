@@ -1,13 +1,12 @@
 // Core: the traffic itself, its records, tables, text files and the way they are loaded.
-// The two keyed tables: a store of records with numbered slots and an index of chains over the same slots.
+// The two tables whose records stand in numbered slots: the schedules and the airports.
 #pragma once
 
-#include "core/records.h"
+#include "core/record_store.h"
 
 #include <cstdint>
-#include <memory>
-#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vantor {
@@ -15,144 +14,94 @@ namespace vantor {
 /// A string hash into 0 .. size - 1 (FNV-1a). No visible result depends on its values.
 [[nodiscard]] std::int32_t cHash(std::string_view text, std::int32_t size) noexcept;
 
-/// Number of buckets of both tables; it never changes.
-inline constexpr std::int32_t hashBuckets = 100000;
-/// Factor by which full arrays grow.
+/// Factor by which the capacity of a full table grows.
 inline constexpr float hashGrowth = 1.5F;
 /// Base of the tables' own error numbers.
 inline constexpr int hashErrorBase = -2147220992;
 
-/// The pool of slot numbers. Slots are handed out 1, 2, 3, ... as long as nothing is freed: slot n of the schedules is
-/// record number n, and the whole program relies on it.
-class clsHashNodes {
+/// What both tables share. Slots are handed out 1, 2, 3, ... as long as nothing is deleted: slot n of the schedules is
+/// record number n, and the whole program relies on it. Slots up to the capacity read blank where nothing was added;
+/// any other slot is error 9. A new table has none until the first Init, which the operations below call where it
+/// matters.
+template <class Record>
+class SlotTable : private RecordStore<Record> {
   public:
-    /// The slot freed last, else the one above all others.
-    [[nodiscard]] std::int32_t Alloc();
-    /// Gives a slot back; it is the next to be handed out.
-    void Free(std::int32_t slot);
-
-  private:
-    std::vector<std::int32_t> m_freed;
-    std::int32_t m_highest = 0;
-};
-
-/// How a table tells its keys apart, for each kind of record.
-struct ScheduleKey {
-    using Record = ScheduleRec;
-    static constexpr std::int32_t capacity = 150000;
-    static std::string text(const Record& record) { return std::to_string(record.recnum); }
-    static bool equals(const Record& record, std::string_view key) { return std::to_string(record.recnum) == key; }
-    static void markHit(Record& /*record*/, std::int32_t /*slot*/) {}
-    static void markMiss(Record& /*record*/) {}
-};
-
-struct AirportKey {
-    using Record = AirportRec;
-    static constexpr std::int32_t capacity = 15000;
-    static std::string_view text(const Record& record) { return record.icao.text(); }
-    static bool equals(const Record& record, std::string_view key) { return record.icao.text() == key; }
-    static void markHit(Record& record, std::int32_t slot) { record.slot = slot; }
-    static void markMiss(Record& record) {
-        record.slot = -1;
-        record.icao = "-1";
-    }
-};
-
-/// The table behind a front class. The arrays reach as far as slots are used; those up to the capacity read blank, and
-/// beyond it is error 9.
-template <class Key>
-class HashTable {
-  public:
-    using Record = typename Key::Record;
-
-    /// Sets up an empty table of `hashsize` buckets, whose slots reach to `capacity` and grow by the factor `growth`.
-    void Init(std::int32_t hashsize, std::int32_t capacity, float growth);
-    /// Stores a record in the next slot, at the head of the chain of its first-stage hash. Keys may repeat.
-    void Add(std::int32_t h1, Record record);
-    /// The slot of the newest record with this key, 0 for none. `key` is trimmed already.
-    [[nodiscard]] std::int32_t findSlot(std::string_view key) const;
-    /// Removes the record nearest the head of its chain whose first-stage hash is `h1`; raises the table's error 1
-    /// when there is none.
-    void Delete(std::int32_t h1);
-    /// Grows the arrays until slot `slot` lies within them.
-    void Cover(std::int32_t slot);
-    /// Drops all records; until the next Init every slot is error 9.
-    void ClearArrays() noexcept;
-
-    /// Upper bound of the slots.
-    [[nodiscard]] std::int32_t RecordCount() const noexcept { return m_recordCount; }
-    /// The record in a slot, read and overwritten. A slot outside 1 to RecordCount is error 9.
-    [[nodiscard]] const Record& slot(std::int32_t slot) const;
-    void putSlot(std::int32_t slot, Record record);
-    /// The first-stage hash of a key.
-    [[nodiscard]] std::int32_t hashOf(std::string_view key) const noexcept { return cHash(key, m_hashsize); }
-
-  private:
-    // The bucket comes from the text of the first-stage hash, never from the key itself: two stages everywhere.
-    [[nodiscard]] std::size_t bucketOf(std::int32_t h1) const noexcept;
-    // Raises error 9 for a slot outside the capacity.
-    void checkSlot(std::int32_t slot) const;
-
-    std::int32_t m_recordCount = 0;
-    std::int32_t m_hashsize = 0;
-    float m_growth = 0;
-    clsHashNodes m_nodes;
-    OneBased<std::int32_t> m_nextslot;
-    OneBased<std::int32_t> m_keys;
-    OneBased<Record> m_records;
-    std::vector<std::int32_t> m_buckets;
-};
-
-/// The front of a table: makes it on first use and hides it. Both kinds share this one body.
-template <class Key>
-class HashFront {
-  public:
-    using Record = typename Key::Record;
-
-    /// Drops all records and makes a new table of the initial capacity.
+    /// Drops all records and sets the initial capacity.
     void Init();
-    /// Drops all records; the next HashAdd, HashFind, HashDelete or Cover makes a new table.
+    /// Drops all records; every slot is error 9 until the next Init.
     void HashClear() noexcept;
     /// Upper bound of the slots: the capacity, not the number of records.
-    [[nodiscard]] std::int32_t RecordCount() const noexcept { return m_table ? m_table->RecordCount() : 0; }
-    /// Stores a record in the next slot. One of an equal key stays in its slot, but the newer one is found.
-    void HashAdd(Record record);
-    /// Makes every slot up to `slot` readable, blank where nothing was added: for a count that runs ahead of the slots.
+    [[nodiscard]] std::int32_t RecordCount() const noexcept { return m_recordCount; }
+    /// Makes every slot up to `slot` readable: for a count that runs ahead of the slots. Calls Init first if need be.
     void Cover(std::int32_t slot);
-    /// A copy of the record of this key (trimmed, case counts), or the blank record of a miss.
-    [[nodiscard]] Record HashFind(std::string_view key);
-    /// A copy of the record in a slot; blank where nothing was added. A slot outside the capacity is error 9.
+    /// A copy of the record in a slot.
     [[nodiscard]] Record HashGetSlot(std::int32_t slot) const { return peek(slot); }
-    /// Overwrites the record in a slot, which must keep its key. A slot outside the capacity is error 9.
+    /// Overwrites the record in a slot, which must keep its key.
     void HashPutSlot(std::int32_t slot, Record record);
-    /// Removes the record of a key (trimmed) and frees its slot; raises the table's error 1 when there is none.
-    void HashDelete(std::string_view key);
-
     /// The record in a slot in place, for walks that only read. It holds until the table changes.
-    [[nodiscard]] const Record& peek(std::int32_t slot) const {
-        if (!m_table) {
-            throw Error(ErrorCode::SubscriptOutOfRange);
-        }
-        return m_table->slot(slot);
-    }
-    /// The record of a key in place, null for a miss. It holds until the table changes.
-    [[nodiscard]] const Record* findInPlace(std::string_view key) const;
+    [[nodiscard]] const Record& peek(std::int32_t slot) const { return this->has(slot) ? (*this)[slot] : blank(slot); }
+
+  protected:
+    explicit SlotTable(std::int32_t capacity) noexcept : m_capacity(capacity) {}
+    /// Stores a record in the slot that was freed last, else in the one above all others, and gives that slot. Calls
+    /// Init first if need be.
+    std::int32_t add(Record record);
+    /// Blanks a slot and frees it. A slot of 0 (no such key) raises the table's error 1.
+    void remove(std::int32_t slot);
+    /// The highest slot that was ever in use.
+    [[nodiscard]] std::int32_t highest() const noexcept { return m_highest; }
 
   private:
     void ensure();
+    void checkSlot(std::int32_t slot) const;
+    [[nodiscard]] const Record& blank(std::int32_t slot) const;
 
-    std::unique_ptr<HashTable<Key>> m_table;
+    std::int32_t m_capacity;
+    std::int32_t m_recordCount = 0;
+    std::int32_t m_highest = 0;
     bool m_initialised = false;
+    std::vector<std::int32_t> m_freed;
 };
 
-extern template class HashTable<ScheduleKey>;
-extern template class HashTable<AirportKey>;
-extern template class HashFront<ScheduleKey>;
-extern template class HashFront<AirportKey>;
+extern template class SlotTable<ScheduleRec>;
+extern template class SlotTable<AirportRec>;
 
-/// The schedules, key record number.
-class clsHashSC : public HashFront<ScheduleKey> {};
-/// The airports, key code.
-class clsHashAP : public HashFront<AirportKey> {};
+/// The schedules. They are reached by slot; the operations by key, the record number as text, are there for
+/// completeness and walk the slots from the highest down.
+class clsHashSC : public SlotTable<ScheduleRec> {
+  public:
+    clsHashSC() noexcept : SlotTable(150000) {}
+    /// Stores a record in the next slot.
+    void HashAdd(ScheduleRec record) { add(std::move(record)); }
+    /// A copy of the record of a number, blank for a miss.
+    [[nodiscard]] ScheduleRec HashFind(std::string_view key) const;
+    /// Removes the record of a number and frees its slot; raises the table's error 1 when there is none.
+    void HashDelete(std::string_view key) { remove(find(key)); }
+
+  private:
+    [[nodiscard]] std::int32_t find(std::string_view key) const;
+};
+
+/// The airports, by slot and by code. Codes are trimmed, and their case counts.
+class clsHashAP : public SlotTable<AirportRec> {
+  public:
+    clsHashAP() noexcept : SlotTable(15000) {}
+    void Init();
+    void HashClear() noexcept;
+    /// Stores a record in the next slot. One of an equal code stays in its slot, but the newer one is found.
+    void HashAdd(AirportRec record);
+    /// A copy of the record of a code with its slot, or the blank record of a miss: slot -1 and code "-1".
+    [[nodiscard]] AirportRec HashFind(std::string_view key) const;
+    /// Removes the newest record of a code and frees its slot; raises the table's error 1 when there is none.
+    void HashDelete(std::string_view key);
+    /// The record of a code in place, null for a miss. It holds until the table changes.
+    [[nodiscard]] const AirportRec* findInPlace(std::string_view key) const;
+
+  private:
+    [[nodiscard]] std::int32_t find(std::string_view key) const;
+
+    std::vector<std::int32_t> m_newest; // slot of the newest code of each hash, 0 for none; empty without airports
+    OneBased<std::int32_t> m_older;     // for each slot the one that its hash led to before
+};
 
 } // namespace vantor

@@ -1,7 +1,7 @@
 #include "core/leg_distances.h"
 
+#include "core/codes.h"
 #include "core/great_circle.h"
-#include "core/tables.h"
 #include "foundation/fixed_text.h"
 #include "foundation/numbers.h"
 
@@ -31,8 +31,8 @@ std::uint64_t keyOf(const FixedText<6>& code) {
 }
 
 GlobePoint pointOf(const FixedText<6>& code) {
-    const AirportRec* const airport = airports.findInPlace(code.text());
-    if (airport == nullptr || airport->icao.text() == "-1") { // a record that reads like a miss is one
+    const AirportRec* const airport = knownAirport(code.text());
+    if (airport == nullptr) {
         return {std::numeric_limits<double>::quiet_NaN(), 0, 0};
     }
     const double latitude = convdegreestoradians(static_cast<double>(airport->latdeg));

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -52,6 +53,9 @@ class OneBased {
     [[nodiscard]] auto end() const noexcept { return m_items.end(); }
     [[nodiscard]] auto begin() noexcept { return m_items.begin(); }
     [[nodiscard]] auto end() noexcept { return m_items.end(); }
+    /// Elements 1 to `count`, none for a count below 1. A count beyond the last element is error 9.
+    [[nodiscard]] std::span<const T> first(std::int32_t count) const { return {m_items.data(), checkedCount(count)}; }
+    [[nodiscard]] std::span<T> first(std::int32_t count) { return {m_items.data(), checkedCount(count)}; }
 
     friend bool operator==(const OneBased&, const OneBased&) = default;
 
@@ -61,6 +65,13 @@ class OneBased {
             throw Error(ErrorCode::SubscriptOutOfRange);
         }
         return static_cast<std::size_t>(index - 1);
+    }
+
+    [[nodiscard]] std::size_t checkedCount(std::int32_t count) const {
+        if (count > size()) {
+            throw Error(ErrorCode::SubscriptOutOfRange);
+        }
+        return count < 1 ? 0 : static_cast<std::size_t>(count);
     }
 
     std::vector<T> m_items;
@@ -76,7 +87,8 @@ struct AircraftRec {
     friend bool operator==(const AircraftRec&, const AircraftRec&) = default;
 };
 
-/// One airport. The longitude pair stands ahead of the latitude pair, the reverse of the file's columns; it is meant.
+/// One airport.
+// Quirk: the longitude pair stands ahead of the latitude pair, the reverse of the file's columns.
 struct AirportRec {
     std::int32_t slot = 0;     ///< filled by a find: the slot in the table, -1 for a miss
     FixedText<6> icao;         ///< the key; "-1" after a miss
@@ -86,6 +98,9 @@ struct AirportRec {
     float latdeg = 0;          ///< degrees, south negative
     std::int16_t altitude = 0; ///< feet
     FixedText<60> title;       ///< name from "icao name.cfg", else the code
+
+    /// False for the record of a miss, and for an airport of the file whose code reads like one.
+    [[nodiscard]] bool known() const noexcept { return icao.text() != "-1"; }
     friend bool operator==(const AirportRec&, const AirportRec&) = default;
 };
 
@@ -134,7 +149,14 @@ struct ScheduleHeader {
 
 /// One schedule: a closed loop of legs flown by one aircraft.
 struct ScheduleRec : ScheduleHeader {
-    OneBased<LegRec> legs;
+    OneBased<LegRec> legs; ///< at least legcount of them; those behind it count for nothing
+
+    /// Legs 1 to legcount. Fewer legs than that are error 9.
+    [[nodiscard]] std::span<const LegRec> flown() const { return legs.first(legcount); }
+    [[nodiscard]] std::span<LegRec> flown() { return legs.first(legcount); }
+    /// Number of the leg behind and of the leg ahead of leg `leg` in the closed loop.
+    [[nodiscard]] std::int32_t next(std::int32_t leg) const noexcept { return leg == legcount ? 1 : leg + 1; }
+    [[nodiscard]] std::int32_t previous(std::int32_t leg) const noexcept { return leg == 1 ? legcount : leg - 1; }
     friend bool operator==(const ScheduleRec&, const ScheduleRec&) = default;
 };
 

@@ -1,7 +1,9 @@
 // Core: the traffic itself, its records, tables, text files and the way they are loaded.
-// The global tables and values that every command works on.
+// What outlives a command: the traffic and what the run works with. Both are as at the start of a run once an empty
+// one is assigned to them.
 #pragma once
 
+#include "core/aircraft_table.h"
 #include "core/hash_table.h"
 #include "core/records.h"
 
@@ -10,34 +12,64 @@
 
 namespace vantor {
 
-/// The loaded aircraft, sorted ascending by the number in acnum. Rows past aircraftcount may be blank.
-extern OneBased<AircraftRec> aircraft;
-extern std::int32_t aircraftcount;
-/// The aircraft found in the simulator's own folders.
-extern OneBased<AircraftRec> fsaircraft;
-extern std::int32_t fsaircraftcount;
+/// The one owner of the tables and their counts.
+struct Traffic {
+    /// The loaded aircraft, sorted ascending by the number in acnum. Rows past aircraftcount may be blank.
+    AircraftTable aircraft;
+    std::int32_t aircraftcount = 0;
+    /// The aircraft found in the simulator's own folders.
+    OneBased<AircraftRec> fsaircraft;
+    std::int32_t fsaircraftcount = 0;
 
-extern clsHashAP airports;
-extern std::int32_t airportcount;
+    clsHashAP airports;
+    std::int32_t airportcount = 0;
 
-extern clsHashSC schedules;
-/// Upper bound of the record numbers that commands walk. It counts LINES of the file, dropped ones too, and not
-/// records: a walk meets blank records at its end and must tolerate them.
-extern std::int32_t schedulecount;
+    clsHashSC schedules;
+    /// Upper bound of the record numbers that commands walk. It counts LINES of the file, dropped ones too, and not
+    /// records: a walk meets blank records at its end and must tolerate them.
+    std::int32_t schedulecount = 0;
 
-extern std::int16_t fsmode;        ///< 2 for FS2002, 4 for FS2004
-extern std::string fspath;         ///< folder of the simulator of the mode
-extern std::string fs2k2path;      ///< FS2002 folder, with its trailing backslash
-extern std::string fs2k4path;      ///< FS2004 folder, with its trailing backslash
-extern float gmtoffset;            ///< display offset from GMT, a signed fraction of a day
-extern std::string fsicaofile;     ///< path of "icao name.cfg"
-extern std::string fsaircraftpath; ///< path of the simulator's aircraft folder
-extern std::string aircraftfile;   ///< the three traffic files in use
-extern std::string airportsfile;
-extern std::string flightplansfile;
-extern std::string plansuffix; ///< the file family that the simulator's tool works on
+    /// Number in the aircraft code that was given out last in this run, also over reloads.
+    std::int32_t lastacnum = 0;
+};
 
-/// Everything above as at the start of a run. For tests.
-void resetTables();
+/// Which simulator, files and time zone the run works with.
+struct Session {
+    std::int16_t fsmode = 0;    ///< 2 for FS2002, 4 for FS2004
+    std::string fspath;         ///< folder of the simulator of the mode
+    std::string fs2k2path;      ///< FS2002 folder, with its trailing backslash
+    std::string fs2k4path;      ///< FS2004 folder, with its trailing backslash
+    float gmtoffset = 0;        ///< display offset from GMT, a signed fraction of a day
+    std::string fsicaofile;     ///< path of "icao name.cfg"
+    std::string fsaircraftpath; ///< path of the simulator's aircraft folder
+    std::string aircraftfile;   ///< the three traffic files in use
+    std::string airportsfile;
+    std::string flightplansfile;
+    std::string plansuffix; ///< the file family that the simulator's tool works on
+};
+
+extern Traffic traffic;
+extern Session session;
+
+// The names by which everybody knows them.
+inline AircraftTable& aircraft = traffic.aircraft;
+inline std::int32_t& aircraftcount = traffic.aircraftcount;
+inline OneBased<AircraftRec>& fsaircraft = traffic.fsaircraft;
+inline std::int32_t& fsaircraftcount = traffic.fsaircraftcount;
+inline clsHashAP& airports = traffic.airports;
+inline std::int32_t& airportcount = traffic.airportcount;
+inline clsHashSC& schedules = traffic.schedules;
+inline std::int32_t& schedulecount = traffic.schedulecount;
+inline std::int16_t& fsmode = session.fsmode;
+inline std::string& fspath = session.fspath;
+inline std::string& fs2k2path = session.fs2k2path;
+inline std::string& fs2k4path = session.fs2k4path;
+inline float& gmtoffset = session.gmtoffset;
+inline std::string& fsicaofile = session.fsicaofile;
+inline std::string& fsaircraftpath = session.fsaircraftpath;
+inline std::string& aircraftfile = session.aircraftfile;
+inline std::string& airportsfile = session.airportsfile;
+inline std::string& flightplansfile = session.flightplansfile;
+inline std::string& plansuffix = session.plansuffix;
 
 } // namespace vantor

@@ -24,6 +24,9 @@ class StandardTrap {
     constexpr StandardTrap(std::string_view procedure, std::string_view module) noexcept
         : m_procedure(procedure), m_module(module) {}
 
+    /// The trap of another procedure of the same module.
+    [[nodiscard]] constexpr StandardTrap of(std::string_view procedure) const noexcept { return {procedure, m_module}; }
+
     /// Calls `step` with its arguments; false when it failed. A member function takes its object as first argument.
     template <class Step, class... Arguments>
     bool operator()(Step&& step, Arguments&&... arguments) const noexcept {

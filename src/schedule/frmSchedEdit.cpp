@@ -260,7 +260,9 @@ void frmSchedEdit::insertleg() noexcept {
 }
 
 void frmSchedEdit::addlegtosched(bool atend) noexcept {
-    vantor::addlegtosched(m_draft, atend, ui->List1->rowCount(), ui->List1->currentRow(), ui->chkTNG->isChecked());
+    const StandardTrap trap{"sub addlegtosched", module};
+    vantor::addlegtosched(trap, m_draft, atend, ui->List1->rowCount(), ui->List1->currentRow(),
+                          ui->chkTNG->isChecked());
     fillleglist(ui->List1->currentRow());
 }
 
@@ -339,7 +341,7 @@ void frmSchedEdit::cmbAirport_click(int index) noexcept {
     const StandardTrap trap{"sub cmbairport_click", module};
     std::string code;
     trap([&] { code = extractcode(cmbAirport(index).text()); });
-    changeairport(m_draft, m_currentleg, index == 0 ? LegEnd::Departure : LegEnd::Destination, code);
+    changeairport(trap, m_draft, m_currentleg, index == 0 ? LegEnd::Departure : LegEnd::Destination, code);
     fillleglist(ui->List1->currentRow());
 }
 

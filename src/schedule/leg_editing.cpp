@@ -3,7 +3,6 @@
 #include "core/codes.h"
 #include "foundation/clock.h"
 #include "foundation/numbers.h"
-#include "foundation/trap.h"
 
 #include <algorithm>
 
@@ -11,7 +10,6 @@ namespace vantor {
 
 namespace {
 
-constexpr std::string_view module = "frmFlightEdit";
 constexpr float hoursOfDay = 24.0F;
 constexpr std::string_view midnight = "00:00:00";
 
@@ -45,23 +43,22 @@ NewPlace neighbours(int at, int last) {
 
 } // namespace
 
-void changeairport(ScheduleDraft& draft, std::int16_t leg, LegEnd end, std::string_view code) noexcept {
-    const StandardTrap trap{"sub cmbairport_click", module};
-    const int last = draft.sched.legcount;
-    if (last < 1) {
+void changeairport(const StandardTrap& trap, ScheduleDraft& draft, std::int16_t leg, LegEnd end,
+                   std::string_view code) noexcept {
+    if (draft.sched.legcount < 1) {
         return;
     }
     if (end == LegEnd::Destination) {
         trap([&] { draft.leg(leg).toicao = code; });
-        trap([&] { draft.leg(leg == last ? 1 : leg + 1).fromicao = code; });
+        trap([&] { draft.leg(draft.sched.next(leg)).fromicao = code; });
     } else {
         trap([&] { draft.leg(leg).fromicao = code; });
-        trap([&] { draft.leg(leg == 1 ? last : leg - 1).toicao = code; });
+        trap([&] { draft.leg(draft.sched.previous(leg)).toicao = code; });
     }
 }
 
-void addlegtosched(ScheduleDraft& draft, bool atend, int rows, int currentRow, bool tng) noexcept {
-    const StandardTrap trap{"sub addlegtosched", module};
+void addlegtosched(const StandardTrap& trap, ScheduleDraft& draft, bool atend, int rows, int currentRow,
+                   bool tng) noexcept {
     ScheduleRec& sched = draft.sched;
     const int at = placeOf(atend, rows, currentRow);
     const bool made = trap([&] {
@@ -78,8 +75,8 @@ void addlegtosched(ScheduleDraft& draft, bool atend, int rows, int currentRow, b
     trap([&] { draft.leg(at).fromicao = draft.leg(place.previous).toicao.raw(); });
     trap([&] { draft.leg(at).flightlevel = draft.leg(place.previous).flightlevel; });
     trap([&] { draft.leg(at).dep = draft.leg(place.previous).dep.raw(); });
-    // The arrival of the leg before would be taken over with a fixed arrival, but it is the new leg's own mark that
-    // decides, and a blank leg has none. It is meant.
+    // Quirk: the arrival of the leg before would be taken over with a fixed arrival, but it is the new leg's own mark
+    // that decides, and a blank leg has none.
     trap([&] { draft.leg(at).arr = midnight; });
     trap([&] { draft.leg(at).flightnum = draft.leg(place.previous).flightnum.raw(); });
     trap([&] { draft.leg(at).legtype = draft.leg(place.previous).legtype.raw(); });

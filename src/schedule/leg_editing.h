@@ -4,6 +4,7 @@
 
 #include "core/records.h"
 #include "foundation/list_row.h"
+#include "foundation/trap.h"
 
 #include <cstdint>
 #include <string>
@@ -27,12 +28,14 @@ enum class LegEnd { Departure = 0, Destination = 1 };
 
 /// Gives a leg another airport and its neighbour in the loop the same: the leg after it takes off, the leg before it
 /// lands there. Does nothing to a schedule without legs. Faults go to the ring.
-void changeairport(ScheduleDraft& draft, std::int16_t leg, LegEnd end, std::string_view code) noexcept;
+void changeairport(const StandardTrap& trap, ScheduleDraft& draft, std::int16_t leg, LegEnd end,
+                   std::string_view code) noexcept;
 
 /// Puts a new leg into the loop, at the end or in the place of the list's current row (-1 for none); `rows` is the
 /// number of rows of that list, `tng` the state of the touch-and-go box. It runs from the end of the leg before to the
 /// start of the leg after. Its hashindex is 0. Faults go to the ring.
-void addlegtosched(ScheduleDraft& draft, bool atend, int rows, int currentRow, bool tng) noexcept;
+void addlegtosched(const StandardTrap& trap, ScheduleDraft& draft, bool atend, int rows, int currentRow,
+                   bool tng) noexcept;
 
 /// Takes a leg (1 upward) out for good; its neighbours keep their airports, all legs their hashindex. Of a schedule
 /// with one leg that leg goes, whatever `leg` says. Faults go to the ring.

@@ -39,8 +39,9 @@ double speedOf(const LegControls& controls) {
     return speed == 0 ? defaultSpeed : speed;
 }
 
-// The computed arrival as a fraction of a day, with every sum held in 32 bits. The arrival day starts from what the
-// leg held and not from the departure day: each store of a leg across midnight moves it on by a day. It is meant.
+// The computed arrival as a fraction of a day, with every sum held in 32 bits.
+// Quirk: the arrival day starts from what the leg held and not from the departure day: each store of a leg across
+// midnight moves it on by a day.
 float computedArrival(LegRec& leg, const LegControls& controls, double speed, double distance, float dep) {
     auto eta = static_cast<float>(gettimeinhours(static_cast<float>(speed), distance));
     eta = eta + dep;
@@ -57,8 +58,9 @@ float computedArrival(LegRec& leg, const LegControls& controls, double speed, do
     return eta;
 }
 
-// Local time to the stored text; seconds are dropped. It is no true inverse of applygmtoffset: the sign of the offset
-// is lost, and the absolute value stands where a wrap would be. It is meant.
+// Local time to the stored text; seconds are dropped.
+// Quirk: it is no true inverse of applygmtoffset. The sign of the offset is lost, and the absolute value stands where a
+// wrap would be.
 std::string storedTime(float local) {
     const DateTime offset = parseTime(formatHHMM(static_cast<DateTime>(gmtoffset)));
     const DateTime time = parseTime(formatHHMM(static_cast<DateTime>(local)));
@@ -84,7 +86,7 @@ void storeSteps(ScheduleRec& sched, std::int16_t number, const LegControls& cont
     if (controls.fix) {
         leg.atflag = true;
         eta = static_cast<float>(parseTime(controls.eta));
-        leg.arrday = dayOfRow(controls.arrivalDay); // -1 for "N/A", in a weekly schedule too: it is meant
+        leg.arrday = dayOfRow(controls.arrivalDay); // Quirk: -1 for "N/A", in a weekly schedule too.
     } else {
         leg.atflag = false;
         eta = computedArrival(leg, controls, speed, distance, dep);

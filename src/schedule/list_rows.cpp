@@ -6,7 +6,6 @@
 #include "foundation/clock.h"
 #include "foundation/host.h"
 #include "foundation/numbers.h"
-#include "foundation/trap.h"
 
 #include <unordered_set>
 #include <utility>
@@ -15,7 +14,6 @@ namespace vantor {
 
 namespace {
 
-constexpr std::string_view formModule = "frmMain";
 constexpr std::string_view deletedMark = "(DEL) ";
 
 // The codes that a list of aircraft or airports has already. They are told apart by a search for "*{code}*" in the
@@ -62,7 +60,7 @@ class ScheduleLister {
         }
         sortRows(m_airports);
         m_rows.insert(m_rows.end(), m_airports.begin(), m_airports.end());
-        // The empty row that closes every fill is meant.
+        // Quirk: an empty row closes every fill.
         m_rows.emplace_back();
     }
 
@@ -94,7 +92,7 @@ class ScheduleLister {
                 m_rows.push_back({scheduleRow(schedule), m_schedule});
             }
         } else if (m_rows.size() == scheduleRowLimit) {
-            // Also for a schedule that would not be listed; it is meant.
+            // Quirk: also for a schedule that would not be listed.
             m_rows.push_back({"... Listbox limit reached", 0});
         }
     }
@@ -172,8 +170,8 @@ void addToListing(std::int32_t recnum, std::string_view icao, LegListing& listin
         return;
     }
     if (!listing.rows.empty() && !listing.selectFirst) {
-        // Only the first move to row 0 is a click. The next schedule disables the buttons again, and moving to a row
-        // that is current already enables nothing; it is meant.
+        // Quirk: only the first move to row 0 is a click. The next schedule disables the buttons again, and moving to
+        // a row that is current already enables nothing.
         listing.selectFirst = true;
         listing.disableButtons = false;
     }
@@ -201,7 +199,7 @@ std::string legRow(const ScheduleRec& schedule, const LegRec& leg) {
     } else {
         row.append(" every ").append(schedule.period.text());
     }
-    // The blank at the end is meant.
+    // Quirk: a blank ends the row.
     row.append(leg.tng ? " TNG " : "");
     return row;
 }
@@ -226,8 +224,7 @@ LegListing listLegs(std::int32_t recnum, std::string_view icao) {
     return listing;
 }
 
-LegListing listLegsOfAircraft(std::string_view ac, std::string_view icao) noexcept {
-    const StandardTrap trap{"sub fillsecondlist", formModule};
+LegListing listLegsOfAircraft(const StandardTrap& trap, std::string_view ac, std::string_view icao) noexcept {
     const ScheduleRec blank;
     const ScheduleRec* schedule = &blank;
     LegListing listing;
@@ -240,8 +237,8 @@ LegListing listLegsOfAircraft(std::string_view ac, std::string_view icao) noexce
     return listing;
 }
 
-ScheduleButtons scheduleButtons(std::size_t selectedRows, std::int32_t itemData, std::string_view rowText) noexcept {
-    const StandardTrap trap{"sub enableschedbuttons", formModule};
+ScheduleButtons scheduleButtons(const StandardTrap& trap, std::size_t selectedRows, std::int32_t itemData,
+                                std::string_view rowText) noexcept {
     ScheduleButtons buttons;
     if (itemData == 0) {
         return buttons;
@@ -249,7 +246,7 @@ ScheduleButtons scheduleButtons(std::size_t selectedRows, std::int32_t itemData,
     buttons.editSchedule = selectedRows < 2;
     buttons.copy = selectedRows < 2;
     buttons.deleteSchedule = true;
-    // The caption follows the current row alone, whatever else is selected; it is meant.
+    // Quirk: the caption follows the current row alone, whatever else is selected.
     bool deleted = false;
     trap([&] { deleted = schedules.peek(itemData).deleted; });
     buttons.deleteCaption = deleted ? "Undelete" : "Delete";
@@ -257,18 +254,14 @@ ScheduleButtons scheduleButtons(std::size_t selectedRows, std::int32_t itemData,
     return buttons;
 }
 
-LegButtons legButtons(std::int32_t itemData) noexcept {
-    const StandardTrap trap{"sub enablelegbuttons", formModule};
+LegButtons legButtons(const StandardTrap& trap, std::int32_t itemData) noexcept {
     LegButtons buttons;
     if (itemData == 0) {
         return buttons;
     }
     buttons.enable = true;
-    std::int32_t recnum = 0;
-    std::int32_t legnum = 0;
-    extractindexes(itemData, recnum, legnum);
-    if (recnum != 0 && legnum != 0) {
-        trap([&] { buttons.deleteCaption = schedules.peek(recnum).legs[legnum].deleted ? "Undelete" : "Delete"; });
+    if (const std::optional<LegId> id = extractindexes(itemData); id && *id) {
+        trap([&] { buttons.deleteCaption = schedules.peek(id->recnum).legs[id->leg].deleted ? "Undelete" : "Delete"; });
     }
     return buttons;
 }
@@ -280,7 +273,7 @@ ScheduleListRow kindOfRow(std::int32_t itemData, std::string_view rowText) noexc
     if (contains(rowText, "AC#")) {
         return ScheduleListRow::aircraftRow;
     }
-    return rowText.empty() ? ScheduleListRow::nothing : ScheduleListRow::airportRow;
+    return rowText.empty() ? ScheduleListRow::nothing : ScheduleListRow::airportRow; // Quirk: the limit row as well.
 }
 
 } // namespace vantor

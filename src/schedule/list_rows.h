@@ -5,6 +5,7 @@
 #include "core/records.h"
 #include "foundation/error.h"
 #include "foundation/list_row.h"
+#include "foundation/trap.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -56,7 +57,8 @@ struct LegListing {
 /// word, with what was set before it.
 [[nodiscard]] LegListing listLegs(std::int32_t recnum, std::string_view icao);
 /// The legs of all schedules of an aircraft; both are bare codes. Caption and enabling are those of the last schedule.
-[[nodiscard]] LegListing listLegsOfAircraft(std::string_view ac, std::string_view icao) noexcept;
+[[nodiscard]] LegListing listLegsOfAircraft(const StandardTrap& trap, std::string_view ac,
+                                            std::string_view icao) noexcept;
 
 /// States of the buttons under the schedule list.
 struct ScheduleButtons {
@@ -68,7 +70,7 @@ struct ScheduleButtons {
 };
 
 /// The schedule buttons for a count of selected rows and the current row's item data (0 for no current row) and text.
-[[nodiscard]] ScheduleButtons scheduleButtons(std::size_t selectedRows, std::int32_t itemData,
+[[nodiscard]] ScheduleButtons scheduleButtons(const StandardTrap& trap, std::size_t selectedRows, std::int32_t itemData,
                                               std::string_view rowText) noexcept;
 
 /// What a click on the leg list does to the buttons under it.
@@ -78,12 +80,12 @@ struct LegButtons {
 };
 
 /// The leg buttons for the current row's item data (0 for no rows or no current row).
-[[nodiscard]] LegButtons legButtons(std::int32_t itemData) noexcept;
+[[nodiscard]] LegButtons legButtons(const StandardTrap& trap, std::int32_t itemData) noexcept;
 
 /// What a row of the schedule list is.
 enum class ScheduleListRow { schedule, aircraftRow, airportRow, nothing };
 
-/// Tells the row's kind by its item data and text. The limit row counts as an airport row; it is meant.
+/// Tells the row's kind by its item data and text.
 [[nodiscard]] ScheduleListRow kindOfRow(std::int32_t itemData, std::string_view rowText) noexcept;
 
 } // namespace vantor

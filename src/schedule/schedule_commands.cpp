@@ -1,14 +1,13 @@
 #include "schedule/schedule_commands.h"
 
 #include "core/codes.h"
-#include "core/tables.h"
+#include "core/schedule_walk.h"
 #include "foundation/text.h"
 #include "foundation/trap.h"
 
 namespace vantor {
 
 namespace {
-constexpr std::string_view mainModule = "frmMain";
 constexpr std::string_view deleteModule = "modSchedDeleteByAC";
 } // namespace
 
@@ -24,7 +23,7 @@ ScheduleRec defaultschedule(std::string_view acrow) {
     schedule.legcount = 2;
 
     LegRec leg;
-    leg.hashindex = hashindex(schedulecount, 1); // the number of the schedule before: it is meant
+    leg.hashindex = hashindex(schedulecount, 1); // Quirk: the number of the schedule before.
     leg.fromicao = "YPPH";
     leg.toicao = "YPEA";
     leg.dep = "12:00:00";
@@ -34,7 +33,8 @@ ScheduleRec defaultschedule(std::string_view acrow) {
     leg.flightnum = "123";
     leg.legtype = "F";
     schedule.legs.append(leg);
-    // The second leg repeats the first one's airports instead of flying back: the user is expected to change them.
+    // Quirk: the second leg repeats the first one's airports instead of flying back. The user is expected to change
+    // them.
     leg.hashindex = hashindex(schedulecount, 2);
     leg.dep = "12:30:00";
     leg.arr = "00:00:00";
@@ -42,23 +42,20 @@ ScheduleRec defaultschedule(std::string_view acrow) {
     return schedule;
 }
 
-void addschedule(const ScheduleRec& schedule, std::string_view procedure) noexcept {
-    const StandardTrap trap{procedure, mainModule};
-    trap([&] { schedules.HashAdd(schedule); });
+void addschedule(const StandardTrap& trap, const ScheduleRec& schedule) noexcept {
+    trap(&clsHashSC::HashAdd, schedules, schedule);
     ++schedulecount;
-    trap([] { schedules.Cover(schedulecount); });
+    trap(&clsHashSC::Cover, schedules, schedulecount);
 }
 
-void copyschedule(std::int32_t recnum) noexcept {
-    const StandardTrap trap{"sub cmdcopy_click", mainModule};
+void copyschedule(const StandardTrap& trap, std::int32_t recnum) noexcept {
     ScheduleRec schedule;
     if (!trap([&] { schedule = schedules.HashGetSlot(recnum); })) {
         return; // a row that leads nowhere must not become a blank schedule
     }
-    ++schedulecount;
-    schedule.recnum = schedulecount;
-    trap([&] { schedules.HashAdd(schedule); });
-    trap([] { schedules.Cover(schedulecount); });
+    // Quirk: the legs keep the hashindex of their source.
+    schedule.recnum = schedulecount + 1;
+    addschedule(trap, schedule);
 }
 
 void deleteschedbyrecnum(std::int32_t recnum) noexcept {
@@ -74,23 +71,16 @@ void deleteschedbyac(std::string_view acnum) noexcept {
     const StandardTrap trap{"sub deleteschedbyac", deleteModule};
     std::string code;
     trap([&] { code = upper(trim(extractcode(acnum))); });
-    for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
-        trap([&] {
-            if (upper(schedules.peek(recnum).acnum.text()) == code) {
-                ScheduleRec schedule = schedules.HashGetSlot(recnum);
-                schedule.deleted = true;
-                schedules.HashPutSlot(recnum, std::move(schedule));
-            }
-        });
-    }
+    changeSchedules(
+        trap, schedulecount, [&](const ScheduleRec& schedule) { return upper(schedule.acnum.text()) == code; },
+        [](ScheduleRec& schedule) { schedule.deleted = true; });
 }
 
-void toggleleg(std::int32_t recnum, std::int32_t leg, ScheduleRec& touched) noexcept {
-    const StandardTrap trap{"sub cmddeleteleg_click", mainModule};
-    trap([&] {
-        touched = schedules.HashGetSlot(recnum);
-        touched.legs[leg].deleted = !touched.legs[leg].deleted;
-        schedules.HashPutSlot(recnum, touched);
+void toggleleg(const StandardTrap& trap, LegId id, ScheduleRec& touched) noexcept {
+    trap([&] { // one trap for all steps: what could not be read must not be written
+        touched = schedules.HashGetSlot(id.recnum);
+        touched.legs[id.leg].deleted = !touched.legs[id.leg].deleted;
+        schedules.HashPutSlot(id.recnum, touched);
     });
 }
 

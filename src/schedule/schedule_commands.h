@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/records.h"
+#include "foundation/trap.h"
 
 #include <cstdint>
 #include <string_view>
@@ -10,13 +11,13 @@
 namespace vantor {
 
 /// The schedule that a new one starts as, for the aircraft of a row or code. Its number is one above schedulecount; its
-/// two legs carry the number of the schedule before it and repeat one route. Both are meant.
+/// two legs carry the number of the schedule before it and repeat one route.
 [[nodiscard]] ScheduleRec defaultschedule(std::string_view acrow);
 
-/// Adds a schedule to the table and counts it. Faults go to the ring under `procedure`.
-void addschedule(const ScheduleRec& schedule, std::string_view procedure) noexcept;
-/// Adds a copy of schedule `recnum` under the next number. Its legs keep the hashindex of the source (that is meant).
-void copyschedule(std::int32_t recnum) noexcept;
+/// Adds a schedule to the table and counts it.
+void addschedule(const StandardTrap& trap, const ScheduleRec& schedule) noexcept;
+/// Adds a copy of schedule `recnum` under the next number. Its legs keep the hashindex of the source.
+void copyschedule(const StandardTrap& trap, std::int32_t recnum) noexcept;
 
 /// Deletes or undeletes a schedule.
 void deleteschedbyrecnum(std::int32_t recnum) noexcept;
@@ -25,6 +26,6 @@ void deleteschedbyac(std::string_view acnum) noexcept;
 
 /// Deletes or undeletes one leg. `touched` becomes the schedule it belongs to. A leg that does not exist is a fault in
 /// the ring.
-void toggleleg(std::int32_t recnum, std::int32_t leg, ScheduleRec& touched) noexcept;
+void toggleleg(const StandardTrap& trap, LegId id, ScheduleRec& touched) noexcept;
 
 } // namespace vantor

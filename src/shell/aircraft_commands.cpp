@@ -73,7 +73,8 @@ void AircraftCommands::takeSubstitute(const std::string& substitutetext) {
     }
     m_ui.cmbAC->setRowText(row, substitutetext);
     m_ui.cmbAC->setText(substitutetext);
-    if (substituteAircraft(substitutetext)) {
+    const StandardTrap trap{"sub cmdsubac_click", module};
+    if (substituteAircraft(trap, substitutetext)) {
         m_workspace.unsavedchanges = true;
     }
 }
@@ -85,7 +86,7 @@ void AircraftCommands::addFromSimulator(const StandardTrap& trap) {
     m_workspace.unsavedchanges = true;
     {
         const BusyPointer busy{trap};
-        if (const std::string message = addnewfsaircraft(); !message.empty()) {
+        if (const std::string message = addnewfsaircraft().message; !message.empty()) {
             trap(&Host::message, host(), message);
         }
         trap(SortAircraft);
@@ -123,7 +124,7 @@ void AircraftCommands::swap(const StandardTrap& trap) {
         return;
     }
     m_workspace.unsavedchanges = true;
-    swapAircraft(selectedSchedules(*m_ui.List1), chosen->row);
+    swapAircraft(trap, selectedSchedules(*m_ui.List1), chosen->row);
     trap(&Lists::refresh, m_lists, keepindex);
 }
 

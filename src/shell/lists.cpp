@@ -118,7 +118,7 @@ void Lists::showLegs(LegListing listing) {
 void Lists::fillsecondlist(std::string_view ac, std::string_view icao) noexcept {
     const StandardTrap trap{"sub fillsecondlist", module};
     const PaintingOff quiet(m_ui.List2);
-    trap([&] { showLegs(listLegsOfAircraft(extractcode(ac), extractcode(icao))); });
+    trap([&] { showLegs(listLegsOfAircraft(trap, extractcode(ac), extractcode(icao))); });
 }
 
 void Lists::displaylegs(std::int32_t recnum, std::string_view icao) noexcept {
@@ -154,7 +154,8 @@ void Lists::clear() {
 }
 
 void Lists::enablelegbuttons() noexcept {
-    const LegButtons buttons = legButtons(m_ui.List2->currentItemData());
+    const StandardTrap trap{"sub enablelegbuttons", module};
+    const LegButtons buttons = legButtons(trap, m_ui.List2->currentItemData());
     if (!buttons.enable) {
         return;
     }
@@ -172,7 +173,8 @@ void Lists::disablelegbuttons() noexcept {
 }
 
 void Lists::enableschedbuttons() noexcept {
-    const ScheduleButtons buttons = scheduleButtons(static_cast<std::size_t>(m_ui.List1->selectedRowCount()),
+    const StandardTrap trap{"sub enableschedbuttons", module};
+    const ScheduleButtons buttons = scheduleButtons(trap, static_cast<std::size_t>(m_ui.List1->selectedRowCount()),
                                                     m_ui.List1->currentItemData(), m_ui.List1->currentText());
     m_ui.cmdEditSchedule->setEnabled(buttons.editSchedule);
     m_ui.cmdCopy->setEnabled(buttons.copy);

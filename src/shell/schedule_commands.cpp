@@ -50,7 +50,7 @@ void ScheduleCommands::add(const StandardTrap& trap) {
     trap([&] { schedule = defaultschedule(m_ui.cmbAC->text()); });
     if (const std::optional<ScheduleRec> edited = askForEdit(schedule)) {
         m_workspace.unsavedchanges = true;
-        addschedule(*edited, "sub cmdaddschedule_click");
+        addschedule(trap, *edited);
         trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
         m_lists.displaylegs(schedulecount, "");
     }
@@ -64,7 +64,7 @@ void ScheduleCommands::copy(const StandardTrap& trap) {
         return;
     }
     const BusyPointer busy{trap};
-    copyschedule(id);
+    copyschedule(trap, id);
     m_workspace.unsavedchanges = true;
     trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
     m_lists.displaylegs(id, "");
@@ -109,10 +109,8 @@ void ScheduleCommands::toggleSelected(const StandardTrap& trap) {
 }
 
 void ScheduleCommands::editLeg(const StandardTrap& trap) {
-    std::int32_t rec = 0;
-    std::int32_t leg = 0;
-    extractindexes(m_ui.List2->currentItemData(), rec, leg);
-    if (rec == 0 || leg == 0) {
+    const LegId id = extractindexes(m_ui.List2->currentItemData()).value_or(LegId{});
+    if (!id) {
         return;
     }
     m_workspace.unsavedchanges = true; // Quirk: before the user has done anything, so that a Cancel leaves it set.
@@ -120,36 +118,35 @@ void ScheduleCommands::editLeg(const StandardTrap& trap) {
     std::optional<ScheduleRec> edited;
     // A leg's number can lead to a counted line without a schedule: what was stored there, the next add would
     // overwrite.
-    if (trap([&] { schedule = schedules.HashGetSlot(rec); }) && schedule.recnum != 0) {
+    if (trap([&] { schedule = schedules.HashGetSlot(id.recnum); }) && schedule.recnum != 0) {
         // Quirk: the row counts and not the leg: on a filtered list the editor may open on another leg.
         const bool fits = m_ui.List2->rowCount() <= schedule.legcount;
         edited = askForEdit(schedule, fits ? m_ui.List2->currentRow() : 0);
     }
     const BusyPointer busy{trap};
     if (edited) {
-        trap([&] { schedules.HashPutSlot(rec, *edited); });
+        trap([&] { schedules.HashPutSlot(id.recnum, *edited); });
     }
     trap(&Lists::displayselected, m_lists); // List1 is not refilled: its row keeps the old text
 }
 
 void ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
     ScheduleRec touched;
-    std::int32_t rec = 0;
-    std::int32_t leg = 0;
+    LegId id;
     for (int row = 0; row < m_ui.List2->rowCount(); ++row) {
         if (!m_ui.List2->isRowSelected(row)) {
             continue;
         }
         m_ui.List2->setCurrentRow(row);
         // Quirk: a row without a leg's number keeps the one of the row before, whose leg is toggled back.
-        extractindexes(m_ui.List2->currentItemData(), rec, leg);
-        if (rec != 0 && leg != 0) {
+        id = extractindexes(m_ui.List2->currentItemData()).value_or(id);
+        if (id) {
             m_workspace.unsavedchanges = true;
-            toggleleg(rec, leg, touched);
+            toggleleg(trap, id, touched);
         }
     }
-    if (const std::int32_t id = m_ui.List1->currentItemData(); id != 0) {
-        m_lists.displaylegs(id, "");
+    if (const std::int32_t recnum = m_ui.List1->currentItemData(); recnum != 0) {
+        m_lists.displaylegs(recnum, "");
     } else {
         trap([&] { m_lists.fillsecondlist(touched.acnum.text(), m_ui.cmbICAO->text()); });
     }

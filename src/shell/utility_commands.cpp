@@ -82,16 +82,16 @@ void UtilityCommands::finish(const BulkOutcome& outcome) noexcept {
     }
 }
 
-void UtilityCommands::changeLevel(const StandardTrap& /*trap*/) {
+void UtilityCommands::changeLevel(const StandardTrap& trap) {
     FlightLevelBoxes boxes{textOf(m_ui.txtNewFL), textOf(m_ui.txtICAO1), textOf(m_ui.txtICAO2)};
-    const BulkOutcome outcome = changeFlightLevel(boxes);
+    const BulkOutcome outcome = changeFlightLevel(trap, boxes);
     rewrite(m_ui.txtICAO1, boxes.icao1);
     rewrite(m_ui.txtICAO2, boxes.icao2);
     finish(outcome);
 }
 
-void UtilityCommands::changePercentage(const StandardTrap& /*trap*/) {
-    finish(updateAtcPercentage(textOf(m_ui.txtATCPercent), textOf(m_ui.txtATCAircraft)));
+void UtilityCommands::changePercentage(const StandardTrap& trap) {
+    finish(updateAtcPercentage(trap, textOf(m_ui.txtATCPercent), textOf(m_ui.txtATCAircraft)));
 }
 
 void UtilityCommands::deleteByIcao(const StandardTrap& trap) {
@@ -109,22 +109,22 @@ void UtilityCommands::deleteByIcao(const StandardTrap& trap) {
     m_lists.clear();
     trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
     // Quirk: the unsaved-changes flag stays as it is.
-    deleteByAirport(icao);
+    deleteByAirport(trap, icao);
 }
 
-void UtilityCommands::split(const StandardTrap& /*trap*/) {
+void UtilityCommands::split(const StandardTrap& trap) {
     SplitBoxes boxes{textOf(m_ui.txtSplitICAO), textOf(m_ui.txtSplitIcao1), textOf(m_ui.txtSplitIcao2),
                      m_ui.cmbPC1->text()};
-    const BulkOutcome outcome = splitAirport(boxes);
+    const BulkOutcome outcome = splitAirport(trap, boxes);
     rewrite(m_ui.txtSplitIcao1, boxes.icao1);
     rewrite(m_ui.txtSplitIcao2, boxes.icao2);
     finish(outcome);
 }
 
-void UtilityCommands::splitByAircraft(const StandardTrap& /*trap*/) {
+void UtilityCommands::splitByAircraft(const StandardTrap& trap) {
     SplitAircraftBoxes boxes{textOf(m_ui.txtSplitACSource), textOf(m_ui.txtSplitACNewICAO),
                              textOf(m_ui.txtSplitACICAO)};
-    const BulkOutcome outcome = splitAircraft(boxes);
+    const BulkOutcome outcome = splitAircraft(trap, boxes);
     rewrite(m_ui.txtSplitACSource, boxes.aircraftCode);
     rewrite(m_ui.txtSplitACNewICAO, boxes.newIcao);
     rewrite(m_ui.txtSplitACICAO, boxes.oldIcao);

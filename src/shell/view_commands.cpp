@@ -39,7 +39,7 @@ void ViewCommands::displaytimetable(std::string_view icao) noexcept {
     std::string code;
     trap([&] { code = extractcode(icao); });
     m_ui.List2->setEnabled(true); // off while the legs of a deleted schedule are shown
-    trap([&] { m_ui.List2->setRows(timetableRows(code)); });
+    trap([&] { m_ui.List2->setRows(timetableRows(trap, code)); });
     trap(&Lists::settimetableicao, m_lists, code);
 }
 
@@ -65,7 +65,7 @@ void ViewCommands::displaymaxgates(std::string_view icao) noexcept {
     const StandardTrap trap{"sub displaymaxgates", module};
     m_ui.List2->clear();
     m_ui.List2->setEnabled(true);
-    trap([&] { m_ui.List2->setRows(gateRows(extractcode(icao))); });
+    trap([&] { m_ui.List2->setRows(gateRows(trap, extractcode(icao))); });
 }
 
 void ViewCommands::showChart(const StandardTrap& /*trap*/) {

@@ -18,8 +18,6 @@ namespace {
 constexpr std::string_view knownMark = "0";
 constexpr std::string_view newMark = "-1";
 
-std::int32_t lastacnum = 0;
-
 using CodeSet = std::unordered_set<std::string>;
 
 CodeSet codesOf(const OneBased<AircraftRec>& table) {
@@ -34,13 +32,13 @@ CodeSet codesOf(const OneBased<AircraftRec>& table) {
 // A free code: the first from the one after that given out last in this run, also over reloads. The number is a 16-bit
 // sum: past its end the search ends with error 6 in place of going round.
 std::string nextacnum(const CodeSet& codes) {
-    std::int32_t number = lastacnum;
+    std::int32_t number = traffic.lastacnum;
     std::string code;
     do {
         number = toInt16(static_cast<double>(number) + 1);
         code = "AC#" + std::to_string(number);
     } while (codes.contains(code));
-    lastacnum = number;
+    traffic.lastacnum = number;
     return code;
 }
 
@@ -59,17 +57,19 @@ std::int32_t markNewAircraft() {
     return newcount;
 }
 
-void appendNewAircraft(const StandardTrap& trap, std::int32_t newcount) {
-    OneBased<AircraftRec> table = aircraft;
-    table.resize(aircraftcount);
+// Gives codes to the new aircraft and adds them; how many it added.
+std::int32_t appendNewAircraft(const StandardTrap& trap, std::int32_t newcount) {
+    const std::int32_t before = aircraftcount;
+    OneBased<AircraftRec> table = aircraft.rows();
+    table.resize(before); // blank rows behind the last go
     CodeSet codes = codesOf(table);
-    for (std::int32_t i = 1; i <= fsaircraftcount; ++i) {
-        if (fsaircraft[i].acnum.text() != newMark) {
+    for (AircraftRec added : fsaircraft) {
+        if (added.acnum.text() != newMark) {
             continue;
         }
+        // One trap for all steps: an aircraft without a code is not added.
         const bool numbered = trap([&] {
-            static_cast<void>(toInt16(aircraftcount + newcount)); // the search counts rows in 16 bits as well
-            AircraftRec added = fsaircraft[i];
+            static_cast<void>(toInt16(before + newcount)); // the search counts rows in 16 bits as well
             std::string code = nextacnum(codes);
             added.acnum = code;
             codes.insert(std::move(code));
@@ -79,8 +79,9 @@ void appendNewAircraft(const StandardTrap& trap, std::int32_t newcount) {
             break; // none of those behind would find a code either
         }
     }
-    aircraft = std::move(table);
-    aircraftcount = aircraft.size();
+    aircraftcount = table.size();
+    aircraft.replace(std::move(table));
+    return aircraftcount - before;
 }
 
 } // namespace
@@ -90,27 +91,25 @@ void deleteaircraft(std::string_view text) noexcept {
     trap([&] {
         const std::int32_t row = aircraftrecord(extractcode(text));
         if (row != -1) {
-            aircraft[row].deleted = true;
+            AircraftRec record = aircraft[row];
+            record.deleted = true;
+            aircraft.put(row, record);
         }
     });
 }
 
-void resetAircraftNumbers() noexcept {
-    lastacnum = 0;
-}
-
-std::string addnewfsaircraft() noexcept {
+NewAircraft addnewfsaircraft() noexcept {
     const StandardTrap trap{"sub addnewfsaircraft", "modAddNewFSAircraft"};
-    std::string message;
-    trap([&] {
-        const std::int32_t newcount = markNewAircraft();
-        if (newcount == 0) {
-            message = "No new aircraft found";
+    NewAircraft result;
+    trap([&] { // one trap for both steps: nothing is added before all is marked
+        result.found = markNewAircraft();
+        if (result.found == 0) {
+            result.message = "No new aircraft found";
         } else {
-            appendNewAircraft(trap, newcount);
+            result.added = appendNewAircraft(trap, result.found);
         }
     });
-    return message;
+    return result;
 }
 
 ListRows filterAircraftRows(const ListRows& all, std::string_view filter) {
@@ -124,6 +123,7 @@ ListRows filterAircraftRows(const ListRows& all, std::string_view filter) {
         }
     }
     if (filter.empty()) {
+        // Quirk: one empty row closes them.
         rows.push_back({});
     }
     return rows;
@@ -133,13 +133,15 @@ std::string substituteText(std::string_view current, std::string_view row) {
     return extractcode(current) + " - " + extracttitle(row);
 }
 
-bool substituteAircraft(std::string_view substitutetext) noexcept {
-    const StandardTrap trap{"sub cmdsubac_click", "frmMain"};
+bool substituteAircraft(const StandardTrap& trap, std::string_view substitutetext) noexcept {
     bool found = false;
     trap([&] {
         const std::int32_t row = aircraftrecord(extractcode(substitutetext));
         if (row != -1) {
-            aircraft[row].title = extracttitle(substitutetext);
+            // Quirk: the missing flag stays set until the next load.
+            AircraftRec record = aircraft[row];
+            record.title = extracttitle(substitutetext);
+            aircraft.put(row, record);
             found = true;
         }
     });

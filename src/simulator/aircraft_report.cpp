@@ -45,7 +45,7 @@ class AircraftCheck {
   private:
     void write(std::string_view line) { m_report.write(std::string(line) + "\r\n"); }
 
-    // The search is over the whole path: a folder above that holds "texture." shifts the names. It is meant.
+    // Quirk: the search is over the whole path. A folder above that holds "texture." shifts the names.
     void findVariants() {
         std::vector<std::string> subfolders;
         fillfolders(m_folder, subfolders, false);
@@ -57,7 +57,7 @@ class AircraftCheck {
         }
     }
 
-    // Neither sections nor comment marks are heeded: a line counts wherever it stands. It is meant.
+    // Quirk: neither sections nor comment marks are heeded. A line counts wherever it stands.
     void readConfiguration(const std::string& cfg) {
         InputFile input(cfg);
         std::string_view line;
@@ -79,7 +79,7 @@ class AircraftCheck {
         if (std::ranges::find(m_variants, name) != m_variants.end()) {
             m_used.push_back(name);
         } else {
-            // "textures." with an s, unlike the folder's own name, and the blank behind the path: both are meant.
+            // Quirk: "textures." with an s, unlike the folder's own name, and a blank behind the path.
             write(m_folder + " texture folder 'textures." + lower(name) + "' is missing.");
         }
     }
@@ -95,7 +95,7 @@ class AircraftCheck {
             std::erase(m_variants, used);
         }
         for (const std::string& variant : m_variants) {
-            // No blank behind the path here; it is meant.
+            // Quirk: no blank behind the path here.
             write(m_folder + "texture." + lower(variant) + " folder found but " + variant +
                   " variant not in AIRCRAFT.CFG file.");
         }

@@ -12,6 +12,7 @@
 #include "foundation/text.h"
 #include "simulator/folders.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -73,7 +74,8 @@ void readSpeed(const std::string& file, float& speed) {
     std::string_view line;
     while (input.readLine(line)) {
         if (line.size() > key.size() && startsWithKey(line, key)) {
-            speed = toSingle(val(valueOf(line)));
+            const std::string_view value = valueOf(line);
+            speed = toSingle(val(value.substr(std::min(value.find_first_not_of(" \t"), value.size()))));
             return;
         }
     }

@@ -18,10 +18,11 @@ ListRows checkmissing() {
     ListRows rows;
     for (std::int32_t i = 1; i <= aircraftcount; ++i) {
         trap([&] {
-            AircraftRec& record = aircraft[i];
+            AircraftRec record = aircraft[i];
             if (!record.deleted && !titles.contains(record.title.raw())) {
                 rows.push_back({std::string(record.acnum.text()) + " - " + std::string(record.title.text()), 0});
                 record.missing = true;
+                aircraft.put(i, record);
             }
         });
     }

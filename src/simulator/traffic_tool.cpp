@@ -1,6 +1,6 @@
 #include "simulator/traffic_tool.h"
 
-#include "core/tables.h"
+#include "core/schedule_walk.h"
 #include "foundation/error.h"
 #include "foundation/host.h"
 #include "foundation/numbers.h"
@@ -16,7 +16,7 @@ namespace vantor {
 
 namespace {
 
-// A miss of the table reads -1 in place of the code, and so does an airport of the file with such a code.
+// Quirk: a miss of the table reads -1 in place of the code, and so does an airport of the file with such a code.
 bool readsAsMiss(std::string_view icao) {
     if (!icao.starts_with('-')) {
         return false;
@@ -28,9 +28,10 @@ bool readsAsMiss(std::string_view icao) {
     }
 }
 
-// A code as a number, which is quicker to look for than a text. Codes have at most six characters.
+// A code as a number, which is quicker to look for than a text. Codes have at most six characters, and the mark ahead
+// of them tells their length.
 std::uint64_t keyOf(std::string_view code) {
-    std::uint64_t key = 0;
+    std::uint64_t key = 1;
     for (const char c : code) {
         key = key << 8U | static_cast<unsigned char>(c);
     }
@@ -52,8 +53,7 @@ class MissingAirports {
             return;
         }
         // Origins alone are tested: on a closed loop each destination is the next leg's origin.
-        for (std::int32_t number = 1; number <= schedule.legcount; ++number) {
-            const LegRec& leg = schedule.legs[number];
+        for (const LegRec& leg : schedule.flown()) {
             if (!leg.deleted) {
                 lookUp(leg.fromicao.text());
             }
@@ -71,7 +71,7 @@ class MissingAirports {
             normalmouse();
         }
         m_any = true;
-        // A plain search inside the list: ABC is held to be there behind XABC. It is meant.
+        // Quirk: a plain search inside the list. ABC is held to be there behind XABC.
         const std::string entry = std::string(code) + " ";
         if (!contains(m_list, entry)) {
             m_list += entry;
@@ -91,23 +91,20 @@ std::string toolCommand(std::string_view tool, std::string_view switchName) {
 
 bool airportsmissing(std::string& list) noexcept {
     const StandardTrap trap{"function airportsmissing", "modExec"};
-    trap([] { busymouse(); });
+    trap(busymouse);
     MissingAirports missing(list);
-    const std::int32_t last = schedulecount;
-    for (std::int32_t recnum = 1; recnum <= last; ++recnum) {
-        trap([&] { missing.look(schedules.peek(recnum)); });
-    }
-    trap([] { normalmouse(); });
+    walkSchedules(trap, schedulecount, [&](const ScheduleRec& schedule) { missing.look(schedule); });
+    trap(normalmouse);
     return missing.any();
 }
 
 std::string compileCommand(std::string_view tool) {
-    // No quotes go round the path, blanks in it or not.
+    // Quirk: no quotes go round the path, blanks in it or not.
     return toolCommand(tool, "co") + " /t" + std::to_string(fsmode);
 }
 
 std::string decompileCommand(std::string_view tool) {
-    // Unlike the compile it has no switch for the simulator; it is meant.
+    // Quirk: unlike the compile it has no switch for the simulator.
     return toolCommand(tool, "de");
 }
 

@@ -82,10 +82,10 @@ void frmMap::drawothers(std::string_view icao) noexcept {
     trap([&] {
         const std::string code(icao);
         m_ui->picMap->setGeometry(QRect(QPoint(0, 0), m_ui->picFrame->size()));
-        drawRouteMap(*m_ui->picMap, code);
+        drawRouteMap(trap, *m_ui->picMap, code);
         while (std::exchange(m_drawAgain, false)) {
             m_ui->picMap->setGeometry(QRect(QPoint(0, 0), m_ui->picFrame->size()));
-            drawRouteMap(*m_ui->picMap, chosenCode());
+            drawRouteMap(trap, *m_ui->picMap, chosenCode());
         }
     });
     m_drawing = false;

@@ -1,11 +1,11 @@
 #include "views/gates.h"
 
 #include "core/codes.h"
+#include "core/schedule_walk.h"
 #include "foundation/clock.h"
 #include "foundation/fixed_text.h"
 #include "foundation/host.h"
 #include "foundation/numbers.h"
-#include "views/leg_walk.h"
 #include "views/repetitions.h"
 
 #include <algorithm>
@@ -17,7 +17,6 @@ namespace vantor {
 namespace {
 
 constexpr double hoursPerDay = 24.0;
-constexpr StandardTrap trap{"sub displaymaxgates", "frmMain"};
 
 // How many repetitions of a period fall on each shift in whole hours. Thousands of repetitions of a period of
 // seconds thus cost no more than a day's hours.
@@ -52,8 +51,9 @@ int shownHour(DateTime clock, std::int32_t shift) {
     return hourOf(applygmtoffset(clock + shift / hoursPerDay));
 }
 
+// Quirk: a stay over midnight, which leaves at an hour ahead of the landing, counts nothing.
 // Adds a stay of `count` aircraft; a slot that would leave 16 bits stays at the most that they hold.
-void addStay(GateHours& hours, int landed, int off, std::int16_t count) {
+void addStay(const StandardTrap& trap, GateHours& hours, int landed, int off, std::int16_t count) {
     for (int h = landed; h <= off; ++h) {
         std::int16_t& slot = hours[static_cast<std::size_t>(h)];
         const int sum = slot + count;
@@ -64,19 +64,20 @@ void addStay(GateHours& hours, int landed, int off, std::int16_t count) {
     }
 }
 
-void addLeg(GateHours& hours, const ShiftCounts& shifts, const ScheduleRec& schedule, std::int32_t number) {
+void addLeg(const StandardTrap& trap, GateHours& hours, const ShiftCounts& shifts, const ScheduleRec& schedule,
+            std::int32_t number) {
     const DateTime landed = parseTime(schedule.legs[number].arr.raw());
     // The leg after the last is the first. Its deleted mark is not looked at.
-    const LegRec& next = schedule.legs[number == schedule.legcount ? 1 : number + 1];
+    const LegRec& next = schedule.legs[schedule.next(number)];
     const DateTime off = parseTime(next.dep.raw());
     for (const ShiftCounts::Item& shift : shifts) {
-        addStay(hours, shownHour(landed, shift.hours), shownHour(off, shift.hours), shift.count);
+        addStay(trap, hours, shownHour(landed, shift.hours), shownHour(off, shift.hours), shift.count);
     }
 }
 
 } // namespace
 
-GateHours gateHours(std::string_view code) {
+GateHours gateHours(const StandardTrap& trap, std::string_view code) {
     GateHours hours{};
     FixedText<4> period;
     std::optional<ShiftCounts> shifts; // of `period`; schedules of one period stand together more often than not
@@ -90,16 +91,16 @@ GateHours gateHours(std::string_view code) {
                 shifts.emplace(val(schedule.period.raw()));
                 period = schedule.period;
             }
-            addLeg(hours, *shifts, schedule, number);
+            addLeg(trap, hours, *shifts, schedule, number);
         });
     });
     return hours;
 }
 
-ListRows gateRows(std::string_view code) {
+ListRows gateRows(const StandardTrap& trap, std::string_view code) {
     ListRows rows;
     trap([&] {
-        const GateHours hours = gateHours(code);
+        const GateHours hours = gateHours(trap, code);
         const std::int16_t peak = std::ranges::max(hours);
         rows.push_back({"Gate requirements for " + std::string(code), 0});
         for (int day = 1; day <= 7; ++day) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "foundation/list_row.h"
+#include "foundation/trap.h"
 
 #include <array>
 #include <cstdint>
@@ -14,12 +15,12 @@ namespace vantor {
 using GateHours = std::array<std::int16_t, 24>;
 
 /// Counts the stays at the airport `code` (bare, in capitals) in displayed hours. The hours of landing and of leaving
-/// count in full. A stay over midnight counts nothing; it is meant. Weekly schedules count nothing. A leg whose clock
+/// count in full. A stay over midnight counts nothing. Weekly schedules count nothing. A leg whose clock
 /// texts or period are no good is a fault in the ring and left out.
-[[nodiscard]] GateHours gateHours(std::string_view code);
+[[nodiscard]] GateHours gateHours(const StandardTrap& trap, std::string_view code);
 
 /// The rows of the gate table: a heading and, for each day from Monday on, its 24 hours and its peak. Repeating
 /// schedules fly every day, so that all days read the same.
-[[nodiscard]] ListRows gateRows(std::string_view code);
+[[nodiscard]] ListRows gateRows(const StandardTrap& trap, std::string_view code);
 
 } // namespace vantor

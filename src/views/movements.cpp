@@ -1,9 +1,9 @@
 #include "views/movements.h"
 
 #include "core/codes.h"
+#include "core/schedule_walk.h"
 #include "foundation/clock.h"
 #include "foundation/numbers.h"
-#include "views/leg_walk.h"
 
 #include <string>
 

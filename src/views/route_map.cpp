@@ -1,10 +1,10 @@
 #include "views/route_map.h"
 
-#include "core/tables.h"
+#include "core/codes.h"
+#include "core/schedule_walk.h"
 #include "foundation/host.h"
 #include "foundation/numbers.h"
 #include "foundation/text.h"
-#include "views/leg_walk.h"
 
 #include <algorithm>
 #include <string>
@@ -18,7 +18,7 @@ namespace {
 constexpr Colour red = 255;
 constexpr Colour green = 65280;
 
-// 180 is added to both, and the full height stands for 360 degrees: the world fills the middle half. It is meant.
+// Quirk: 180 is added to both, and the full height stands for 360 degrees: the world fills the middle half.
 double mapX(float longitude, float xscale) {
     return static_cast<double>(xscale * (longitude + 180.0F));
 }
@@ -66,7 +66,7 @@ Routes collectRoutes(const StandardTrap& trap, std::string_view code) {
     Routes routes;
     std::string_view from;
     walkLegs(trap, WalkDeleted::Visit, [&](const ScheduleRec&, const LegRec& leg, std::int32_t) {
-        // An arrival is drawn to the origin of the leg BEFORE, even that of the schedule before; it is meant.
+        // Quirk: an arrival is drawn to the origin of the leg BEFORE, even that of the schedule before.
         if (leg.toicao.text() == code) {
             routes.add(from, red);
         }
@@ -76,11 +76,6 @@ Routes collectRoutes(const StandardTrap& trap, std::string_view code) {
         }
     });
     return routes;
-}
-
-const AirportRec* findAirport(std::string_view code) {
-    const AirportRec* const airport = airports.findInPlace(code);
-    return airport == nullptr || airport->icao.text() == "-1" ? nullptr : airport;
 }
 
 } // namespace
@@ -103,15 +98,14 @@ void plotline(Canvas& canvas, float latitude1, float longitude1, float latitude2
                     mapY(canvas, latitude2, yscale), colour);
 }
 
-void drawRouteMap(Canvas& canvas, std::string_view icao) {
-    const StandardTrap trap{"sub drawothers", "frmMap"};
+void drawRouteMap(const StandardTrap& trap, Canvas& canvas, std::string_view icao) {
     canvas.clear();
     const std::string code = upper(icao);
     const auto xscale = static_cast<float>(canvas.outerWidth() / 360);
     const auto yscale = static_cast<float>(canvas.outerHeight() / 360);
     float latitude = 0;
     float longitude = 0;
-    if (const AirportRec* const centre = findAirport(code)) {
+    if (const AirportRec* const centre = knownAirport(code)) {
         latitude = centre->latdeg;
         longitude = centre->longdeg;
     }
@@ -119,7 +113,7 @@ void drawRouteMap(Canvas& canvas, std::string_view icao) {
     Routes routes;
     trap([&] { routes = collectRoutes(trap, code); });
     for (const Route& route : routes.inOrder()) {
-        if (const AirportRec* const other = findAirport(route.code)) {
+        if (const AirportRec* const other = knownAirport(route.code)) {
             plotline(canvas, latitude, longitude, other->latdeg, other->longdeg, xscale, yscale, route.colour);
             plotap(canvas, other->latdeg, other->longdeg, "+", xscale, yscale);
             plotlabel(canvas, other->latdeg, other->longdeg, route.code, xscale, yscale);
@@ -154,7 +148,7 @@ MapPoint MapDrag::move(float x, float y, bool held, MapPoint map, MapPoint mapSi
     }
     MapPoint place{roundHalfEven(map.x) + toInt32(2.0 * static_cast<double>(x - m_startX)),
                    roundHalfEven(map.y) + toInt32(2.0 * static_cast<double>(y - m_startY))};
-    // The limits differ, 200 across and 300 down; it is meant.
+    // Quirk: the limits differ, 200 across and 300 down.
     if (place.x > 1) {
         place.x = 100;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "foundation/canvas.h"
+#include "foundation/trap.h"
 
 #include <string_view>
 
@@ -18,7 +19,7 @@ void plotline(Canvas& canvas, float latitude1, float longitude1, float latitude2
 
 /// Draws every airport that a leg links to the airport `icao`: red lines for arrivals, green ones for departures.
 /// Deleted and weekly ones are drawn like others. Lets pending events run once, ahead of the drawing.
-void drawRouteMap(Canvas& canvas, std::string_view icao);
+void drawRouteMap(const StandardTrap& trap, Canvas& canvas, std::string_view icao);
 
 /// A position or size of a control in twips.
 struct MapPoint {

@@ -2,9 +2,9 @@
 
 #include "core/aircraft_table.h"
 #include "core/codes.h"
+#include "core/schedule_walk.h"
 #include "foundation/clock.h"
 #include "foundation/numbers.h"
-#include "views/leg_walk.h"
 #include "views/repetitions.h"
 
 #include <algorithm>
@@ -23,7 +23,8 @@ std::string shortName(std::string_view code) {
     return name;
 }
 
-// What stands behind the time of a row. A departure has two blanks ahead of "AC:" and an arrival one; it is meant.
+// What stands behind the time of a row.
+// Quirk: a departure has two blanks ahead of "AC:" and an arrival one.
 std::string behindTime(const ScheduleRec& schedule, const LegRec& leg, bool departure) {
     const std::string flight(leg.flightnum.text());
     const std::string aircraft(trim(aircrafttitle(schedule.acnum.text())));
@@ -72,8 +73,7 @@ void sortByTime(ListRows& rows) {
 
 } // namespace
 
-ListRows timetableRows(std::string_view code) {
-    const StandardTrap trap{"sub displaytimetable", "frmMain"};
+ListRows timetableRows(const StandardTrap& trap, std::string_view code) {
     ListRows rows;
     walkLegs(trap, WalkDeleted::Skip, [&](const ScheduleRec& schedule, const LegRec& leg, std::int32_t) {
         if (schedule.weekly || rows.size() >= timetableLimit) {
@@ -82,10 +82,10 @@ ListRows timetableRows(std::string_view code) {
         // The departure is tested first: a leg from the airport to itself is a departure alone.
         const bool departure = leg.fromicao.text() == code;
         if (departure || leg.toicao.text() == code) {
-            trap([&] { addLeg(rows, schedule, leg, departure); });
+            trap(addLeg, rows, schedule, leg, departure);
         }
     });
-    trap([&] { sortByTime(rows); });
+    trap(sortByTime, rows);
     rows.emplace_back(); // the closing row
     return rows;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "foundation/list_row.h"
+#include "foundation/trap.h"
 
 #include <string>
 #include <string_view>
@@ -16,7 +17,7 @@ inline constexpr std::size_t timetableLimit = 500'000;
 /// One row per departure and arrival at the airport `code` (bare, in capitals) in 24 hours, each repetition told
 /// separately, in the order of the displayed time; one empty closing row at the end. Weekly schedules have none. A leg
 /// whose clock text or period is no good is a fault in the ring and left out.
-[[nodiscard]] ListRows timetableRows(std::string_view code);
+[[nodiscard]] ListRows timetableRows(const StandardTrap& trap, std::string_view code);
 
 /// What goes to the printer: a heading, and the rows without their quotes.
 struct SchedulePrintout {

@@ -1,11 +1,13 @@
 // The aircraft file and table.
 #include "core/aircraft_file.h"
 #include "core/aircraft_table.h"
+#include "core/flightplans_writer.h"
 #include "core/tables.h"
 #include "foundation/native_path.h"
 #include "support/disk_faults.h"
 #include "support/expect_error.h"
 #include "support/fixture.h"
+#include "support/traffic.h"
 
 #include <cerrno>
 #include <string>
@@ -39,6 +41,8 @@ TEST_F(AircraftTest, SkipsCommentsAndShortLinesAndKeepsWidths) {
               "AC#5,1,x\nAC#2\r\nAC#9,90,t // y\r\nAC#10,212.5,\"Boeing 737\r\nAC#123456789,1," + wide + "\r\n");
     load("// nothing else\r\n");
     EXPECT_EQ(aircraftcount, 0);
+    load("AC#5,1,x\nAC#2,100,y\rAC#3,100,z\n\n"); // no CR LF at all: each end is one
+    EXPECT_EQ(saved(), "AC#2,100,y\r\nAC#3,100,z\r\nAC#5,1,x\r\n");
 }
 
 TEST_F(AircraftTest, SortsByNumberAndStably) {
@@ -48,7 +52,7 @@ TEST_F(AircraftTest, SortsByNumberAndStably) {
     EXPECT_EQ(aircraftrecord("AC#7"), -1);
     EXPECT_EQ(aircrafttitle("AC#12"), "d");
     EXPECT_EQ(aircrafttitle("AC#7"), "AC#7");
-    aircraft[2].deleted = true;
+    test::markDeleted(2);
     EXPECT_EQ(aircrafttitle("AC#1"), "a") << "found until the next load";
     EXPECT_EQ(saved(), "none,1,e\r\nAC#2,1,b\r\nXX#2,1,c\r\nAC#12X,1,d\r\n");
 }
@@ -59,7 +63,7 @@ TEST_F(AircraftTest, EmptyAndMissingFilesTellTheSame) {
                                  "decompiled Traffic.BGL";
     EXPECT_EQ(fault(), expected);
     load("AC#1,1,a\r\n");
-    aircraft[1].deleted = true;
+    test::markDeleted(1);
     EXPECT_EQ(saved(), "");
     EXPECT_EQ(fault(), expected);
 }
@@ -87,6 +91,19 @@ TEST_F(AircraftTest, SaveGoesToTheFixedNameInTheCurrentFolder) {
     EXPECT_EQ(saved(), "AC#1,250,b\r\n");
     EXPECT_EQ(readFile("elsewhere\\Aircraft.txt"), "AC#1,250,changed\r\n");
 }
+
+#ifdef __linux__
+TEST_F(AircraftTest, BothSavesTellWhatKeptTheOldFile) {
+    load("AC#1,250,b\r\n");
+    const auto description = [](const std::optional<Error>& failure) { return failure ? failure->description() : ""; };
+    EXPECT_EQ(description(savesc(path("nowhere\\Flightplans.txt"))), "Path not found");
+    {
+        const test::DiskFault full(test::DiskCall::Write, 1, ENOSPC);
+        EXPECT_EQ(description(saveaircraft()), "Disk full");
+    }
+    EXPECT_EQ(description(saveaircraft()), "");
+}
+#endif
 
 } // namespace
 } // namespace vantor

@@ -2,6 +2,7 @@
 #include "core/airports_file.h"
 #include "core/codes.h"
 #include "core/tables.h"
+#include "foundation/text.h"
 #include "support/expect_error.h"
 #include "support/fixture.h"
 
@@ -35,6 +36,8 @@ TEST_F(AirportsTest, ReadsPositionsAndWidths) {
     EXPECT_EQ(seattle.longdeg, static_cast<float>(-(122 + 18 / 60.0 + 34 / 3600.0)));
     EXPECT_EQ(seattle.altitude, 429);
     EXPECT_EQ(airports.HashFind("YPPHXY").altitude, 67);
+    load(replaceAll(threeAirports, "\r\n", "\n"));
+    EXPECT_EQ(airportcount, 3);
 }
 
 TEST_F(AirportsTest, FaultsCountTheAcceptedLines) {
@@ -44,7 +47,9 @@ TEST_F(AirportsTest, FaultsCountTheAcceptedLines) {
     EXPECT_EQ(fault("KSEA,N1* 1.1',E1* 1.1',5\r\n//x,a,b,c\r\nKPDX,N1* 1.1',E1* 1.1',40000\r\n"),
               "6 Overflow in line 2 of airports.txt.  Error on: ");
     EXPECT_EQ(airports.HashFind("KSEA").slot, 1) << "what was added before the fault stays";
-    EXPECT_EQ(fault("KSEA,N1* 1.1',E1* 1.1',high\r\n"), "13 Type mismatch in line 1 of airports.txt.  Error on: ");
+    EXPECT_EQ(fault("KSEA,N1* 1.1',E1* 1.1',high\r\n" + std::string(30000, '\n')),
+              "13 Type mismatch in line 1 of airports.txt.  Error on: ");
+    EXPECT_EQ(airports.peek(airportcount).icao.text(), "") << "every slot that counts can be read";
 }
 
 TEST_F(AirportsTest, NamesComeFromTheSimulatorsFileElseFromTheCode) {

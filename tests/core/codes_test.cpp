@@ -33,17 +33,11 @@ TEST_F(CodesTest, AircraftCodeEndsAtABlankOrIsAFault) {
     EXPECT_EQ(newestAction(), "Invalid procedure call or argument(5) in function extractaircraft of module modSubs");
 }
 
-TEST_F(CodesTest, IndexesLeaveTheCallersValuesForARowWithoutAny) {
+TEST_F(CodesTest, IndexesOfALegAndOfARowWithoutOne) {
     EXPECT_EQ(hashindex(12, 3), 12003);
-    std::int32_t recnum = 7;
-    std::int32_t legnum = 8;
-    const auto extracted = [&](std::int32_t itemData) {
-        extractindexes(itemData, recnum, legnum);
-        return std::pair(recnum, legnum);
-    };
-    EXPECT_EQ(extracted(0), std::pair(7, 8));
-    EXPECT_EQ(extracted(12003), std::pair(12, 3));
-    EXPECT_EQ(extracted(13000), std::pair(13, 0));
+    EXPECT_EQ(extractindexes(0), std::nullopt);
+    EXPECT_EQ(extractindexes(12003), (LegId{12, 3}));
+    EXPECT_EQ(extractindexes(13000), (LegId{13, 0}));
 }
 
 TEST_F(CodesTest, ZoneLabelAndShiftedTimes) {

@@ -72,6 +72,9 @@ TEST_F(FlightplansTest, DroppedLinesMayRunBeyondTheTable) {
     EXPECT_EQ(schedules.peek(schedulecount).legcount, 0); // every number that counts can be read
     EXPECT_EQ(saved(), line);
     EXPECT_EQ(newestAction().find("savesc"), std::string::npos);
+    EXPECT_EQ(fault("AC#1,N,1%,6H,IFR,06:00:00,07:00:00,40000,F,1,AAAA\r\n"), "6 Overflow in LoadSched");
+    EXPECT_EQ(schedulecount, 150001) << "the former count stays";
+    EXPECT_EQ(schedules.peek(schedulecount).legcount, 0);
 }
 
 TEST_F(FlightplansTest, UnknownAircraftInheritTheSpeedAbove) {

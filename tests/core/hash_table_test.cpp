@@ -53,17 +53,21 @@ TEST_F(HashTableTest, GrowsByHalfAndKeepsEverySlot) {
 }
 
 TEST_F(HashTableTest, DeleteFreesTheSlotForTheNextAdd) {
-    for (const char* const code : {"AAAA", "BBBB", "CCCC"}) {
+    for (const char* const code : {"AAAA", "BBBB", "CCCC", "BBBB"}) {
         test::addAirport(code, code);
     }
+    airports.HashDelete("BBBB ");
+    EXPECT_EQ(airports.HashFind("BBBB").slot, 2) << "the newest of two goes";
     airports.HashDelete("BBBB");
-    EXPECT_EQ(airports.HashFind("BBBB").slot, -1);
     EXPECT_EQ(airports.HashGetSlot(2).icao.text(), "");
     test::addAirport("DDDD", "");
     EXPECT_EQ(airports.HashFind("DDDD").slot, 2);
     EXPECT_EQ(airports.HashFind("AAAA").slot, 1);
     EXPECT_EQ(airports.HashFind("CCCC").slot, 3);
     EXPECT_EQ(test::faultOf([] { airports.HashDelete("BBBB"); }), "-2147220991 Key not found: cHashSC.Delete ");
+    airports.HashClear();
+    EXPECT_EQ(airports.findInPlace("AAAA"), nullptr);
+    EXPECT_EQ(test::errorOf([] { static_cast<void>(airports.peek(1)); }), 9);
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "support/fixture.h"
 #include "support/traffic.h"
 
-#include <gtest/gtest.h>
+#include <tuple>
 
 namespace vantor::test {
 namespace {
@@ -91,9 +91,10 @@ TEST_F(LegStoreTest, ComputesTheArrivalAtEachStoreAnew) {
         EXPECT_EQ(leg(), expected);
     }
     EXPECT_NEAR(leg().flighthours, 48.2592, 0.001); // of the distance before it was rounded
-}
-
-TEST_F(LegStoreTest, ReachesMidnightExactlyInSinglePrecision) {
+    // Midnight is reached exactly in single precision.
+    gmtoffset = 0;
+    leg() = makeLeg("GZER", "GFAR");
+    controls.aircraft = "AC#1 - Jet";
     leg().toicao = "XXXX"; // unknown: 0 nm, and 16 minutes all the same
     controls.time = "23:44";
     controls.repeat = "WEEK";
@@ -121,27 +122,20 @@ TEST_F(LegStoreTest, AFixedArrivalStandsAndADepartureWithoutDayIsOnSunday) {
 
 // What stops the store ahead of the first field: the number of the leg, and what stands in the controls.
 TEST_F(LegStoreTest, AFaultAheadOfTheFieldsChangesNothing) {
-    struct Fault {
-        std::int16_t number;
-        const char* time;
-        const char* altitude;
-        const char* aircraft;
-        bool speaksOfTheTime;
-    };
     const ScheduleRec before = sched;
-    for (const Fault& fault :
-         {Fault{secondLeg, "", "230", "AC#1", true}, Fault{secondLeg, "abc", "230", "AC#1", true},
-          Fault{secondLeg, "25:00", "230", "AC#1", true}, Fault{secondLeg, "10", "230", "AC#1", true},
-          Fault{secondLeg, "10:60", "230", "AC#1", true},
-          Fault{secondLeg, "10:00", "high", "AC#1", true},   // it has no words of its own
-          Fault{secondLeg, "10:00", "32768", "AC#1", false}, // and one that is too high has none at all
-          Fault{secondLeg, "10:00", "230", "AC#9 - Gone", false}, Fault{3, "10:00", "230", "AC#1", false},
-          Fault{3, "x", "230", "AC#1", true}}) { // the time is read before the leg is looked for
-        SCOPED_TRACE(std::string(fault.time) + " " + fault.altitude + " " + fault.aircraft);
-        controls.time = fault.time;
-        controls.altitude = fault.altitude;
-        controls.aircraft = fault.aircraft;
-        EXPECT_EQ(storeleg(sched, fault.number, controls), (LegStored{false, fault.speaksOfTheTime}));
+    for (const auto& [number, time, altitude, plane, speaksOfTheTime] :
+         {std::tuple{secondLeg, "", "230", "AC#1", true},
+          {secondLeg, "25:00", "230", "AC#1", true},
+          {secondLeg, "10:00", "high", "AC#1", true},   // it has no words of its own
+          {secondLeg, "10:00", "32768", "AC#1", false}, // and one that is too high has none at all
+          {secondLeg, "10:00", "230", "AC#9 - Gone", false},
+          {std::int16_t{3}, "10:00", "230", "AC#1", false},
+          {std::int16_t{3}, "x", "230", "AC#1", true}}) { // the time is read before the leg is looked for
+        SCOPED_TRACE(std::string(time) + " " + altitude + " " + plane);
+        controls.time = time;
+        controls.altitude = altitude;
+        controls.aircraft = plane;
+        EXPECT_EQ(storeleg(sched, number, controls), (LegStored{false, speaksOfTheTime}));
         EXPECT_EQ(sched, before);
     }
     EXPECT_EQ(invalidTimeError().number(), 23000);

@@ -89,7 +89,7 @@ TEST_F(ScheduleButtonsTest, EditLegGoesByTheRowOnAFilteredList) {
 TEST_F(ScheduleButtonsTest, EditLegStopsWhereItsNumberLeadsToNoSchedule) {
     countDroppedLine();
     countDroppedLine();
-    addschedule(defaultschedule("AC#1"), "test"); // its legs carry the number of the line before
+    addschedule(caller, defaultschedule("AC#1")); // its legs carry the number of the line before
     press("cmdListall");
     clickRow(list("List1"), 4);
     press("cmdEditLeg"); // no dialog

@@ -19,37 +19,28 @@ class ScheduleCommandsTest : public Fixture {
     }
 };
 
-TEST_F(ScheduleCommandsTest, TheDefaultScheduleCarriesTheNumberOfTheOneBefore) {
-    const ScheduleRec made = defaultschedule("ac#7 - Boeing");
+TEST_F(ScheduleCommandsTest, NewOnesAndCopiesTakeTheNextNumber) {
+    const ScheduleRec made = defaultschedule("ac#7 - Boeing"); // its legs carry the number of the one before
     EXPECT_EQ(textOf(made), "4 AC#7 X 50% 6h IFR"
                             " | YPPH-YPEA 1/12:00:00 0/00:00:00 150 F123 0nm 0.00h 3001"
                             " | YPPH-YPEA 1/12:30:00 0/00:00:00 150 F123 0nm 0.00h 3002");
-    addschedule(made, "sub test");
+    addschedule(caller, made);
     EXPECT_EQ(schedulecount, 4);
     EXPECT_EQ(schedules.peek(4), made);
-}
 
-TEST_F(ScheduleCommandsTest, ACopyKeepsTheMarkAndTheLegNumbersOfItsSource) {
-    countDroppedLine(); // its number counts, and the new schedule lands in the next free slot
+    countDroppedLine(); // its number counts, and the copy lands in the next free slot with mark and leg numbers
     deleteschedbyrecnum(2);
-    copyschedule(2);
-    EXPECT_EQ(schedulecount, 5);
+    copyschedule(caller, 2);
     ScheduleRec expected = schedules.HashGetSlot(2);
     EXPECT_TRUE(expected.deleted);
     EXPECT_EQ(expected.legs[3].hashindex, 2003);
-    expected.recnum = 5;
-    EXPECT_EQ(schedules.peek(4), expected);
-}
+    expected.recnum = schedulecount;
+    EXPECT_EQ(expected.recnum, 6);
+    EXPECT_EQ(schedules.peek(5), expected);
 
-TEST_F(ScheduleCommandsTest, EveryNumberThatCountsCanBeRead) {
-    const auto legsOfLast = [] { return schedules.peek(schedulecount).legcount; };
-    schedulecount = schedules.RecordCount(); // as after many lines that were dropped
-    addschedule(defaultschedule("AC#7"), "sub test");
-    EXPECT_EQ(legsOfLast(), 0);
-    schedulecount = schedules.RecordCount();
-    copyschedule(2);
-    EXPECT_EQ(legsOfLast(), 0);
-    EXPECT_EQ(schedules.peek(5).legcount, 3);
+    schedulecount = schedules.RecordCount(); // as after many lines that were dropped: each number can be read
+    addschedule(caller, defaultschedule("AC#7"));
+    EXPECT_EQ(schedules.peek(schedulecount).legcount, 0);
 }
 
 TEST_F(ScheduleCommandsTest, DeletingBySlotTogglesAndByAircraftSets) {
@@ -65,16 +56,14 @@ TEST_F(ScheduleCommandsTest, DeletingBySlotTogglesAndByAircraftSets) {
     EXPECT_FALSE(schedules.peek(1).deleted);
     EXPECT_TRUE(schedules.peek(2).deleted);
     EXPECT_TRUE(schedules.peek(3).deleted);
-}
-
-TEST_F(ScheduleCommandsTest, ALegThatIsNotThereIsAFaultAndItsScheduleStillCountsAsTouched) {
+    // A leg that is not there is a fault, and its schedule still counts as touched.
     ScheduleRec touched;
-    toggleleg(2, 3, touched);
+    toggleleg(caller, {2, 3}, touched);
     EXPECT_EQ(touched, schedules.peek(2));
     EXPECT_TRUE(touched.legs[3].deleted);
-    toggleleg(1, 9, touched);
+    toggleleg(caller, {1, 9}, touched);
     EXPECT_EQ(touched, schedules.peek(1));
-    EXPECT_EQ(newestAction(), "Subscript out of range(9) in sub cmddeleteleg_click of module frmMain");
+    EXPECT_EQ(newestAction(), "Subscript out of range(9) in sub caller of module test");
 }
 
 } // namespace

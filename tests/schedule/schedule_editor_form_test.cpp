@@ -256,7 +256,7 @@ TEST_F(ScheduleEditorTest, AWeeklyScheduleGetsItsDays) {
 
 // What OK hands back must be a line of the file that can be read again.
 TEST_F(ScheduleEditorTest, LegsThatWereNeverShownAreComplete) {
-    aircraft[2].deleted = true;
+    markDeleted(2);
     open();
     pickRow(combo("cmbRepeat"), 7);
     click(*editor, "cmdOK");

@@ -10,14 +10,9 @@ namespace {
 
 class AircraftChangesTest : public Fixture {
   protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        resetAircraftNumbers();
-    }
-
     // The aircraft with their titles, after those that are new in the simulator were added.
     static std::string afterAddition(std::string_view message = "") {
-        EXPECT_EQ(addnewfsaircraft(), message);
+        EXPECT_EQ(addnewfsaircraft().message, message);
         std::string all;
         for (std::int32_t i = 1; i <= aircraftcount; ++i) {
             all.append(aircraft[i].acnum.text()).append(" ").append(aircraft[i].title.text()).append("|");
@@ -37,7 +32,9 @@ TEST_F(AircraftChangesTest, NewAircraftTakeTheFreeCodes) {
     addSimulatorAircraft("New", 310.5F);
     addSimulatorAircraft("AC#2");
     addSimulatorAircraft("New");
-    aircraft.append({}); // a blank row past the count, as a load leaves them
+    OneBased<AircraftRec> rows = aircraft.rows();
+    rows.append({}); // a blank row past the count, as a load leaves them
+    aircraft.replace(std::move(rows));
     EXPECT_EQ(afterAddition(), "AC#1 AC#1|AC#2 AC#2|AC#4 AC#4|AC#3 New|AC#5 New|");
     EXPECT_EQ(aircraft[4].cruisespeed, 310.5F);
     SortAircraft();
@@ -52,7 +49,7 @@ TEST_F(AircraftChangesTest, AnAircraftIsKnownByTheEightyCharactersThatAreKept) {
     const std::string eighty(80, 'x');
     addAircraft("AC#1", eighty);
     addAircraft("AC#2", "\"A\"");
-    aircraft[2].deleted = true; // is known all the same
+    markDeleted(2); // is known all the same
     addSimulatorAircraft(eighty + "a");
     addSimulatorAircraft("\"A\"");
     const std::string known = "AC#1 " + eighty + "|AC#2 \"A\"|";
@@ -64,9 +61,14 @@ TEST_F(AircraftChangesTest, AnAircraftIsKnownByTheEightyCharactersThatAreKept) {
 }
 
 TEST_F(AircraftChangesTest, WithoutNumbersLeftTheTableKeepsAllItHas) {
-    for (int i = 1; i <= 32765; ++i) {
-        addAircraft("AC#" + std::to_string(i + (i > 5 ? 1 : 0)), std::to_string(i));
+    OneBased<AircraftRec> rows;
+    rows.resize(32765);
+    for (std::int32_t i = 1; AircraftRec & row : rows) {
+        row.acnum = "AC#" + std::to_string(i + (i > 5 ? 1 : 0));
+        row.title = std::to_string(i++);
     }
+    aircraft.replace(std::move(rows));
+    aircraftcount = aircraft.size();
     addSimulatorAircraft("A");
     addSimulatorAircraft("B");
     const std::string full = afterAddition();
@@ -74,6 +76,8 @@ TEST_F(AircraftChangesTest, WithoutNumbersLeftTheTableKeepsAllItHas) {
     EXPECT_TRUE(full.ends_with("|AC#32766 32765|AC#6 A|AC#32767 B|")) << full.substr(full.size() - 40);
     EXPECT_EQ(newestAction(), "");
     addSimulatorAircraft("C");
+    const NewAircraft refused = addnewfsaircraft();
+    EXPECT_EQ(std::pair(refused.found, refused.added), std::pair(1, 0));
     EXPECT_EQ(afterAddition(), full);
     EXPECT_EQ(newestAction(), "Overflow(6) in sub addnewfsaircraft of module modAddNewFSAircraft");
     // None is given out a second time, also when the table has room.

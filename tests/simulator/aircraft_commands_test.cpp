@@ -11,11 +11,6 @@ namespace {
 
 class AircraftCommands : public MainWindowFixture {
   protected:
-    void SetUp() override {
-        resetAircraftNumbers();
-        MainWindowFixture::SetUp();
-    }
-
     static void pickAircraft(QDialog& dialog, int row) {
         clickRow(control<ListBox>(dialog, "List1"), row);
         click(dialog, "cmdOK");

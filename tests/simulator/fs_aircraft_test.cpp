@@ -48,7 +48,7 @@ class SimulatorScanTest : public Fixture {
 
 TEST_F(SimulatorScanTest, ReadsTitlesAndTheSpeedOfTheirFile) {
     addConfig("b737", "[fltsim.0]\r\ntitle=Boeing 737\r\nsim=b\r\n[fltsim.1]\r\nTitle = Boeing 737 Blue = new \r\n"
-                      "[Reference Speeds]\r\ncruise_speed = 450.0  // knots\r\ncruise_speed = 100\r\n");
+                      "[Reference Speeds]\r\ncruise_speed =\t 450.0  // knots\r\ncruise_speed = 100\r\n");
     addConfig("A320", " t I t l E =~hidden\n  TITLE  =  Airbus\ntitle=Boeing 737\n");
     fs::create_directories(root() / "empty");
     EXPECT_EQ(scan(), R"("Airbus" 250|"Boeing 737" 250|"Boeing 737" 450|"Boeing 737 Blue = new" 450|)");

@@ -18,10 +18,10 @@ TEST_F(MissingAircraftTest, ListsWhatTheSimulatorLacks) {
     addAircraft("AC#5", "\"Gone\"");
     addAircraft("AC#6", eighty + "b"); // beyond eighty characters nothing counts
     addAircraft("AC#7", eighty.substr(1));
-    aircraft[5].deleted = true;
+    markDeleted(5);
     EXPECT_EQ(checkmissing().size(), 6U) << "all without a simulator, but for the deleted one";
-    for (AircraftRec& record : aircraft) {
-        record.missing = false;
+    for (std::int32_t row = 1; row <= aircraftcount; ++row) {
+        changeAircraft(row, [](AircraftRec& record) { record.missing = false; });
     }
 
     for (const std::string& title : {std::string("\"Boeing 737\""), std::string("\"Airbus\""), eighty + "a"}) {

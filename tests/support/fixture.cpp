@@ -39,7 +39,8 @@ std::filesystem::path within(const std::filesystem::path& folder, std::string_vi
 
 void resetGlobals() {
     startRun();
-    resetTables();
+    traffic = {};
+    session = {};
 }
 
 void forgetActions() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "foundation/action_ring.h"
+#include "foundation/trap.h"
 #include "support/recording.h"
 
 #include <filesystem>
@@ -24,6 +25,9 @@ namespace vantor {
 } // namespace vantor
 
 namespace vantor::test {
+
+/// The trap of a caller: its faults stand in the ring as "... in sub caller of module test".
+inline constexpr StandardTrap caller{"sub caller", "test"};
 
 /// Puts the run's state and the traffic as they are at a program's start.
 void resetGlobals();

@@ -22,7 +22,9 @@ inline std::int32_t addAircraft(std::string_view acnum, std::string_view title, 
     record.acnum = acnum;
     record.title = title;
     record.cruisespeed = cruisespeed;
-    aircraft.append(record);
+    OneBased<AircraftRec> rows = aircraft.rows();
+    rows.append(record);
+    aircraft.replace(std::move(rows));
     aircraftcount = aircraft.size();
     return aircraftcount;
 }
@@ -109,6 +111,37 @@ inline std::int32_t addLegs(const std::vector<LegRec>& legs) {
     return addSchedule("AC#1,N1,100%,24HR,IFR", legs);
 }
 
+/// Adds a schedule of AC#1 and gives its number. A leg is told as "A-B 3/09:00 4/10:00 7": its ends, departure and
+/// arrival with their days (12:00:00 and the departure if missing), flight number; an "x" ahead marks it as deleted.
+/// One ahead of the period marks the schedule.
+inline std::int32_t addPlan(std::string_view period, std::string_view legs) {
+    std::vector<LegRec> made;
+    const bool gone = period.starts_with('x');
+    period.remove_prefix(gone ? 1 : 0);
+    for (std::string_view text : split(legs, ", ")) {
+        const bool deleted = text.starts_with('x');
+        const std::vector<std::string_view> parts = split(text.substr(deleted ? 1 : 0), " ");
+        const std::vector<std::string_view> ends = split(parts.at(0), "-");
+        const std::string_view dep = parts.size() > 1 ? parts[1] : "12:00:00";
+        const std::string_view arr = parts.size() > 2 ? parts[2] : dep;
+        const auto hasDay = [](std::string_view time) { return time.substr(1).starts_with('/'); };
+        LegRec leg =
+            makeLeg(ends.at(0), ends.at(1), hasDay(dep) ? dep.substr(2) : dep, parts.size() > 3 ? parts[3] : "1");
+        leg.arr = hasDay(arr) ? arr.substr(2) : arr;
+        leg.depday = hasDay(dep) ? toInt16(val(dep.substr(0, 1))) : std::int16_t{-1};
+        leg.arrday = hasDay(arr) ? toInt16(val(arr.substr(0, 1))) : leg.depday;
+        leg.deleted = deleted;
+        made.push_back(leg);
+    }
+    const std::int32_t recnum = addSchedule("AC#1,N1,100%," + std::string(period) + ",IFR", made);
+    if (gone) {
+        ScheduleRec record = schedules.HashGetSlot(recnum);
+        record.deleted = true;
+        schedules.HashPutSlot(recnum, record);
+    }
+    return recnum;
+}
+
 /// All that stands in a leg, as in "KSEA-KPDX 1/12:00:00 @TNG2/13:00:00 200 F1 603nm 2.41h 1001": days, times, marks,
 /// level, kind and flight number, distance, hours and number; an "x" ahead when it is deleted.
 inline std::string textOf(const LegRec& leg) {
@@ -154,6 +187,19 @@ void changeSchedule(std::int32_t recnum, Change&& change) {
     ScheduleRec record = schedules.HashGetSlot(recnum);
     change(record);
     schedules.HashPutSlot(recnum, record);
+}
+
+/// Changes a row of the aircraft: `change` gets a copy, which is written back.
+template <class Change>
+void changeAircraft(std::int32_t row, Change&& change) {
+    AircraftRec record = aircraft[row];
+    change(record);
+    aircraft.put(row, record);
+}
+
+/// Marks a row of the aircraft as deleted.
+inline void markDeleted(std::int32_t row) {
+    changeAircraft(row, [](AircraftRec& record) { record.deleted = true; });
 }
 
 /// The last line that was dropped by the reader: it counts and has no record.

@@ -26,7 +26,7 @@ class RouteMapTest : public Fixture {
     // The lines of an airport's map, as "r" or "g" and the code printed at their far end.
     [[nodiscard]] std::string linesOf(std::string_view code) {
         canvas.calls.clear();
-        drawRouteMap(canvas, code);
+        drawRouteMap(caller, canvas, code);
         std::string result;
         for (std::size_t i = 0; i < canvas.calls.size(); ++i) {
             if (const auto* line = std::get_if<DrawnLine>(&canvas.calls[i])) {
@@ -42,7 +42,7 @@ class RouteMapTest : public Fixture {
 
 TEST_F(RouteMapTest, LineMarkAndLabelToTheUnit) {
     addLegs({makeLeg("AAAA", "BBBB")});
-    drawRouteMap(canvas, "aaaa");
+    drawRouteMap(caller, canvas, "aaaa");
     // A lies at (4000, 1700), B at (4400, 2100); a character is 90 wide and 200 high.
     EXPECT_EQ(canvas.calls, (std::vector<CanvasCall>{
                                 Cleared{}, DrawnLine{4000, 1700, 4400, 2100, green}, DrawnText{4400 - 45, 2000, "+"},
@@ -51,20 +51,18 @@ TEST_F(RouteMapTest, LineMarkAndLabelToTheUnit) {
 }
 
 TEST_F(RouteMapTest, AnArrivalGoesToTheOriginOfTheLegBefore) {
-    addLegs({makeLeg("AAAA", "BBBB"), makeLeg("BBBB", "CCCC"), makeLeg("CCCC", "AAAA")});
+    addPlan("24HR", "AAAA-BBBB, BBBB-CCCC, CCCC-AAAA");
     EXPECT_EQ(linesOf("CCCC"), "rAAAA gAAAA ");
     // A first leg sees the last origin of the schedule before, and the very first leg of all sees none.
-    addLegs({makeLeg("BBBB", "CCCC")});
+    addPlan("24HR", "BBBB-CCCC");
     EXPECT_EQ(linesOf("CCCC"), "rAAAA gAAAA rCCCC ");
     EXPECT_EQ(linesOf("BBBB"), "gCCCC ");
 }
 
 TEST_F(RouteMapTest, DeletedAndWeeklyAreDrawnUnknownAirportsAreNot) {
-    addLegs({makeLeg("AAAA", "BBBB")});
-    changeSchedule(1, [](ScheduleRec& schedule) { schedule.deleted = true; });
-    addSchedule("AC#1,N1,100%,WEEK,IFR", {makeWeeklyLeg(1, "AAAA", "CCCC")});
-    changeSchedule(2, [](ScheduleRec& schedule) { schedule.legs[1].deleted = true; });
-    addLegs({makeLeg("AAAA", "ZZZZ")});
+    addPlan("x24HR", "AAAA-BBBB");
+    addPlan("WEEK", "xAAAA-CCCC 1/12:00");
+    addPlan("24HR", "AAAA-ZZZZ");
     countDroppedLine();
     EXPECT_EQ(linesOf("AAAA"), "gBBBB gCCCC ");
     // An unknown centre lies at 0, 0.
@@ -73,10 +71,9 @@ TEST_F(RouteMapTest, DeletedAndWeeklyAreDrawnUnknownAirportsAreNot) {
 }
 
 TEST_F(RouteMapTest, OfEqualRoutesTheLastDrawnStands) {
-    addLegs({makeLeg("AAAA", "BBBB"), makeLeg("AAAA", "CCCC"), makeLeg("BBBB", "CCCC"), makeLeg("CCCC", "AAAA"),
-             makeLeg("AAAA", "BBBB")});
+    addPlan("24HR", "AAAA-BBBB, AAAA-CCCC, BBBB-CCCC, CCCC-AAAA, AAAA-BBBB");
     EXPECT_EQ(linesOf("AAAA"), "gCCCC rBBBB gBBBB ");
-    addLegs({makeLeg("CCCC", "CCCC"), makeLeg("CCCC", "CCCC")}); // to its own origin: in both colours
+    addPlan("24HR", "CCCC-CCCC, CCCC-CCCC"); // to its own origin: in both colours
     EXPECT_EQ(linesOf("CCCC"), "gAAAA rAAAA rCCCC gCCCC ");
 }
 
@@ -107,9 +104,7 @@ TEST(MapWindow, DragKeepsTheMapWithinItsOddLimits) {
     EXPECT_EQ(drag(500, 500, {-1000, -1000}, large), (MapPoint{0, 0}));
     EXPECT_EQ(drag(-2000, -4000, {-1000, -1000}, large), (MapPoint{4000 - 8000 - 200, 3000 - 9000 - 300}));
     EXPECT_EQ(drag(0.25, 0, {-1000, -1000}, large), (MapPoint{-1000, -1000})); // half a unit goes to even
-}
-
-TEST(MapWindow, OnlyAPressedMoveToAnotherPlaceDrags) {
+    // Only a pressed move to another place drags.
     MapDrag pointer;
     const MapPoint size{4000, 3000};
     pointer.press(10, 10);

@@ -67,7 +67,6 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
         const std::string setup = VANTOR_UPDATE_SERVER "/setup.exe";
         m_server.replies[VANTOR_UPDATE_SERVER "/versions/VNT_current.txt"] = {"2.0.0\r\n" + setup};
         m_server.replies[setup] = {std::string(30000, 'x')};
-        resetAircraftNumbers(); // a seed walks the same way whatever was before it
         startAnew();
     }
     void TearDown() override {
@@ -126,7 +125,8 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
     // The program's start, also after its end.
     void start() {
         m_form.reset();
-        resetTables();
+        traffic = {};
+        session = {};
         globalSettings().reset();
         pumpTimes() = {};
         exitCodeOf([] {}); // the loop that hears of the end of the run before

@@ -29,7 +29,6 @@ class ReentryTest : public MainWindowFixture, public testing::WithParamInterface
   protected:
     // The window with a row chosen in each list, the button in sight, and all boxes filled that stand beside one.
     void SetUp() override {
-        resetAircraftNumbers();
         MainWindowFixture::SetUp();
         useHost(&host);
         host.beforePump = {};

@@ -2,6 +2,7 @@
 // A running digest (FNV-1a, 64 bits) of values in a form that is the same on every machine.
 #pragma once
 
+#include "core/aircraft_table.h"
 #include "core/records.h"
 #include "foundation/fixed_text.h"
 #include "foundation/list_row.h"
@@ -62,6 +63,7 @@ class Digest {
     void add(const OneBased<Record>& records) {
         addEach(records);
     }
+    void add(const AircraftTable& table) { addEach(table); }
     template <class... Values>
     void addAll(const Values&... values) {
         (add(values), ...);

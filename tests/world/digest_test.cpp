@@ -153,8 +153,8 @@ void addLists(Digest& digest) {
     for (const char* const ac : aircraftCodes) {
         addListing(digest, "", ac, false);
         addListing(digest, "", ac, true);
-        addLegListing(digest, listLegsOfAircraft(ac, ""));
-        addLegListing(digest, listLegsOfAircraft(ac, "AAAA"));
+        addLegListing(digest, listLegsOfAircraft(caller, ac, ""));
+        addLegListing(digest, listLegsOfAircraft(caller, ac, "AAAA"));
     }
     for (const char* const icao : airportCodes) {
         addListing(digest, icao, "", false);
@@ -200,14 +200,14 @@ Digest digestOfViews() {
     for (const float offset : {0.0F, -0.25F, 11.0F / 24.0F}) {
         gmtoffset = offset;
         for (const char* const icao : airportCodes) {
-            digest.addAll(timetableRows(icao), gateRows(icao));
+            digest.addAll(timetableRows(caller, icao), gateRows(caller, icao));
             addCounts(digest, icao);
         }
     }
     gmtoffset = 0;
     RecordingCanvas canvas;
     for (const char* const icao : airportCodes) {
-        drawRouteMap(canvas, icao);
+        drawRouteMap(caller, canvas, icao);
         drawMovementChart(canvas, icao, dailyView);
     }
     addCalls(digest, canvas);
@@ -219,13 +219,13 @@ Digest digestOfBulkChanges() {
     Digest digest;
     const LegRec leg = schedules.peek(10).legs[2];
     FlightLevelBoxes level{"333", std::string(leg.fromicao.text()), std::string(leg.toicao.text())};
-    digest.add(changeFlightLevel(level).message);
-    digest.add(updateAtcPercentage("42", "AC#7").message);
-    digest.add(replaceicao("AABC", "AAAA", "AAKQ", 30));
-    digest.add(replaceicaobyac("AAKQ", "AABC", "AC#123"));
+    digest.add(changeFlightLevel(caller, level).message);
+    digest.add(updateAtcPercentage(caller, "42", "AC#7").message);
+    digest.add(replaceicao(caller, "AABC", "AAAA", "AAKQ", 30));
+    digest.add(replaceicaobyac(caller, "AAKQ", "AABC", "AC#123"));
     digest = digestOfSchedules(digest);
-    deleteByAirport("AABC");
-    deleteByAirport("AAA*");
+    deleteByAirport(caller, "AABC");
+    deleteByAirport(caller, "AAA*");
     return digestOfSchedules(digest);
 }
 
