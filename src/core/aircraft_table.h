@@ -20,11 +20,11 @@ class AircraftTable : public RecordStore<AircraftRec> {
         store(row, std::move(record));
     }
     /// Puts other rows in the place of all: for what moves rows or adds some.
-    void replace(OneBased<AircraftRec> rows) noexcept { storeAll(std::move(rows)); }
+    void replace(OneBased<AircraftRec> rows) { storeAll(std::move(rows)); }
     /// A copy of all rows, to be changed and put back.
     [[nodiscard]] OneBased<AircraftRec> rows() const { return all(); }
     /// Drops all rows.
-    void clear() noexcept { replace({}); }
+    void clear() { replace({}); }
 };
 
 /// The number inside an aircraft code: what stands from the fourth character on, whatever the first three are.

@@ -79,15 +79,19 @@ void SlotTable<Record>::HashPutSlot(std::int32_t slot, Record record) {
 }
 
 template <class Record>
-std::int32_t SlotTable<Record>::add(Record record) {
+std::int32_t SlotTable<Record>::takeSlot() {
     ensure();
     const std::int32_t slot = m_freed.empty() ? ++m_highest : m_freed.back();
     if (!m_freed.empty()) {
         m_freed.pop_back();
     }
     Cover(slot);
-    this->store(slot, std::move(record));
     return slot;
+}
+
+template <class Record>
+void SlotTable<Record>::freeSlot(std::int32_t slot) {
+    m_freed.push_back(slot);
 }
 
 template <class Record>
@@ -97,11 +101,17 @@ void SlotTable<Record>::remove(std::int32_t slot) {
         throw Error(hashErrorBase + 1, "Key not found: cHashSC.Delete ");
     }
     this->store(slot, Record());
-    m_freed.push_back(slot);
+    freeSlot(slot);
 }
 
 template class SlotTable<ScheduleRec>;
 template class SlotTable<AirportRec>;
+
+void clsHashSC::HashAdd(ScheduleRec record) {
+    const std::int32_t slot = takeSlot();
+    journal().newSlot(slot);
+    HashPutSlot(slot, std::move(record));
+}
 
 ScheduleRec clsHashSC::HashFind(std::string_view key) const {
     const std::int32_t slot = find(key);
@@ -130,7 +140,8 @@ void clsHashAP::HashClear() noexcept {
 void clsHashAP::HashAdd(AirportRec record) {
     const std::size_t bucket = bucketOf(record.icao.text());
     m_newest.resize(hashBuckets);
-    const std::int32_t slot = add(std::move(record));
+    const std::int32_t slot = takeSlot();
+    HashPutSlot(slot, std::move(record));
     m_older.resize(std::max(slot, m_older.size()));
     m_older[slot] = std::exchange(m_newest[bucket], slot);
 }

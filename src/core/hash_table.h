@@ -43,9 +43,10 @@ class SlotTable : private RecordStore<Record> {
 
   protected:
     explicit SlotTable(std::int32_t capacity) noexcept : m_capacity(capacity) {}
-    /// Stores a record in the slot that was freed last, else in the one above all others, and gives that slot. Calls
-    /// Init first if need be.
-    std::int32_t add(Record record);
+    /// Hands out the slot that was freed last, else the one above all others. Calls Init first if need be.
+    std::int32_t takeSlot();
+    /// Gives a slot back, to be handed out again next.
+    void freeSlot(std::int32_t slot);
     /// Blanks a slot and frees it. A slot of 0 (no such key) raises the table's error 1.
     void remove(std::int32_t slot);
     /// The highest slot that was ever in use.
@@ -72,11 +73,14 @@ class clsHashSC : public SlotTable<ScheduleRec> {
   public:
     clsHashSC() noexcept : SlotTable(150000) {}
     /// Stores a record in the next slot.
-    void HashAdd(ScheduleRec record) { add(std::move(record)); }
+    void HashAdd(ScheduleRec record);
     /// A copy of the record of a number, blank for a miss.
     [[nodiscard]] ScheduleRec HashFind(std::string_view key) const;
     /// Removes the record of a number and frees its slot; raises the table's error 1 when there is none.
     void HashDelete(std::string_view key) { remove(find(key)); }
+    // For undo and redo, which put the records themselves.
+    using SlotTable::freeSlot;
+    using SlotTable::takeSlot;
 
   private:
     [[nodiscard]] std::int32_t find(std::string_view key) const;

@@ -94,17 +94,17 @@ void JournalStep::patch(const JournalEntry& entry, ScheduleRec& schedule) const 
 
 std::size_t JournalStep::bytes() const noexcept {
     std::size_t sum = sizeof(JournalStep) + entries.capacity() * sizeof(JournalEntry) + patches.capacity() +
-                      rows.capacity() * sizeof(AircraftRec);
+                      aircraft.capacity() * sizeof(AircraftRec);
+    for (const auto& others : rows) {
+        sum += others.capacity() * sizeof(AircraftRec);
+    }
     for (const ScheduleRec& schedule : schedules) {
         sum += sizeof(ScheduleRec) + static_cast<std::size_t>(schedule.legs.size()) * sizeof(LegRec);
-    }
-    for (const auto& tail : tails) {
-        sum += tail.capacity() * sizeof(AircraftRec);
     }
     return sum;
 }
 
-void Journal::recordPut(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after) {
+void Journal::record(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after) {
     JournalStep& step = *m_open;
     constexpr std::int32_t numbers = 65535; // legs that a patch can name
     if (before.legs.size() != after.legs.size() || after.legs.size() > numbers) {
@@ -127,27 +127,31 @@ void Journal::recordPut(std::int32_t slot, const ScheduleRec& before, const Sche
     }
 }
 
-void Journal::willPut(std::int32_t row, const AircraftRec& before, const AircraftRec& after) {
-    ++m_revision;
-    if (takes() && before != after) {
-        m_open->entries.push_back({JournalEntry::Kind::Row, row, static_cast<std::uint32_t>(m_open->rows.size())});
-        m_open->rows.push_back(before);
+void Journal::record(std::int32_t row, const AircraftRec& before, const AircraftRec& after) {
+    if (before != after) {
+        const auto at = static_cast<std::uint32_t>(m_open->aircraft.size());
+        m_open->entries.push_back({JournalEntry::Kind::Aircraft, row, at});
+        m_open->aircraft.push_back(before);
     }
 }
 
-void Journal::willReplace(const OneBased<AircraftRec>& before, const OneBased<AircraftRec>& after) {
-    ++m_revision;
+void Journal::willStoreAll(const OneBased<AircraftRec>& before, const OneBased<AircraftRec>& after) {
+    if (after.size() == 0) {
+        clear();
+    }
     if (!takes() || before == after) {
         return;
     }
-    const auto [old, fresh] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
-    m_open->entries.push_back({JournalEntry::Kind::Tail, static_cast<std::int32_t>(old - before.begin()) + 1,
-                               static_cast<std::uint32_t>(m_open->tails.size())});
-    m_open->tails.emplace_back(old, before.end());
+    const auto from = std::mismatch(before.begin(), before.end(), after.begin(), after.end()).first;
+    const auto row = static_cast<std::int32_t>(from - before.begin()) + 1;
+    m_open->entries.push_back({JournalEntry::Kind::Rows, row, static_cast<std::uint32_t>(m_open->rows.size())});
+    m_open->rows.emplace_back(from, before.end());
 }
 
 void Journal::clear() noexcept {
-    m_steps.clear();
+    if (!m_steps.empty()) { // looked at first: a load comes here for each record
+        m_steps.clear();
+    }
     m_done = 0;
     m_bytes = 0;
     m_open.reset();
@@ -168,26 +172,30 @@ void Journal::rename(std::string name) {
     }
 }
 
-void Journal::close(const TableCounts& counts, std::size_t limit) noexcept {
+void Journal::close(const TableCounts& counts) {
     if (--m_depth > 0 || !m_open) { // a load in the step has emptied the journal
         return;
     }
-    m_open->after = counts;
-    if (!m_open->changesNothing()) {
-        for (; m_steps.size() > m_done; m_steps.pop_back()) {
-            m_bytes -= m_steps.back().size;
-        }
-        m_open->state = ++m_lastState;
-        m_open->size = m_open->bytes();
-        m_bytes += m_open->size;
-        m_steps.push_back(std::move(*m_open));
-        ++m_done;
-        for (; m_bytes > limit && m_steps.size() > 1; m_steps.pop_front(), --m_done) {
-            m_bytes -= m_steps.front().size;
-            m_base = m_steps.front().state;
-        }
+    JournalStep step = *std::exchange(m_open, {});
+    step.after = counts;
+    if (step.entries.empty() && step.before == step.after) {
+        return;
     }
-    m_open.reset();
+    for (; m_steps.size() > m_done; m_steps.pop_back()) {
+        m_bytes -= m_steps.back().size;
+    }
+    step.state = ++m_lastState;
+    step.size = step.bytes();
+    m_bytes += step.size;
+    m_steps.push_back(std::move(step));
+    ++m_done;
+}
+
+void Journal::trim(std::size_t limit) noexcept {
+    for (; m_bytes > limit && m_done > 1; m_steps.pop_front(), --m_done) {
+        m_bytes -= m_steps.front().size;
+        m_base = m_steps.front().state;
+    }
 }
 
 } // namespace vantor

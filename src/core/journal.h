@@ -13,12 +13,11 @@
 
 namespace vantor {
 
-/// The numbers beside the tables that the next command would look at.
+/// The numbers beside the records that the next command would look at.
 struct TableCounts {
-    std::int32_t schedules = 0;      ///< schedulecount
-    std::int32_t schedulesCover = 0; ///< upper bound of the slots of the schedules
-    std::int32_t aircraft = 0;       ///< aircraftcount
-    std::int32_t lastacnum = 0;      ///< the number of the aircraft code given out last
+    std::int32_t schedules = 0; ///< schedulecount
+    std::int32_t aircraft = 0;  ///< aircraftcount
+    std::int32_t lastacnum = 0; ///< the number in the aircraft code given out last
     friend bool operator==(const TableCounts&, const TableCounts&) = default;
 };
 
@@ -26,11 +25,11 @@ struct TableCounts {
 /// hold the version that does not stand in the table just now.
 struct JournalEntry {
     enum class Kind : std::uint8_t {
-        Patch,   ///< a schedule of the same number of legs; `at` is where its differences begin in `patches`
-        Replace, ///< a schedule with other legs; `at` is the place of the other version in `schedules`
-        Add,     ///< a new schedule; `at` is its place in `schedules` while it is undone
-        Row,     ///< one aircraft; `at` is the place of the other version in `rows`
-        Tail,    ///< all aircraft from row `slot` on; `at` is the place of the other ones in `tails`
+        Patch,    ///< a schedule of the same number of legs; `at` is where its differences begin in `patches`
+        Replace,  ///< a schedule with other legs; `at` is the place of the other version in `schedules`
+        NewSlot,  ///< a slot that was handed out to a new schedule
+        Aircraft, ///< an aircraft; `at` is the place of the other version in `aircraft`
+        Rows,     ///< all aircraft from row `slot` on; `at` is the place of the other ones in `rows`
     };
     Kind kind = Kind::Patch;
     std::int32_t slot = 0;
@@ -43,8 +42,8 @@ struct JournalStep {
     std::vector<JournalEntry> entries;
     std::vector<std::byte> patches;
     std::vector<ScheduleRec> schedules;
-    std::vector<AircraftRec> rows;
-    std::vector<std::vector<AircraftRec>> tails;
+    std::vector<AircraftRec> aircraft;
+    std::vector<std::vector<AircraftRec>> rows;
     TableCounts before;
     TableCounts after;
     std::int64_t state = 0; ///< the state of the tables that the step led to
@@ -54,33 +53,39 @@ struct JournalStep {
     void patch(const JournalEntry& entry, ScheduleRec& schedule) const;
     /// Bytes that the step takes.
     [[nodiscard]] std::size_t bytes() const noexcept;
-    [[nodiscard]] bool changesNothing() const noexcept { return entries.empty() && before == after; }
 };
 
 /// Steps done and undone. The doors of the tables hand it each write of a stored record. A write outside a step can't
 /// be taken back, and neither can what came before it: it empties the journal, as a load does.
 class Journal {
   public:
-    // ---- What the doors call ----
-    /// A stored schedule is about to become another.
-    void willPut(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after) {
-        ++m_revision;
+    // ---- What the doors of the tables call ----
+    /// A stored record is about to become another.
+    void willStore(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after) {
         if (takes()) {
-            recordPut(slot, before, after);
+            record(slot, before, after);
         }
     }
-    /// A schedule was added in this slot.
-    void added(std::int32_t slot) {
-        ++m_revision;
+    void willStore(std::int32_t row, const AircraftRec& before, const AircraftRec& after) {
         if (takes()) {
-            m_open->entries.push_back({JournalEntry::Kind::Add, slot, 0});
+            record(row, before, after);
         }
     }
-    /// A stored aircraft is about to become another.
-    void willPut(std::int32_t row, const AircraftRec& before, const AircraftRec& after);
-    /// The table of aircraft is about to become another.
-    void willReplace(const OneBased<AircraftRec>& before, const OneBased<AircraftRec>& after);
-    /// Forgets all steps, the open one too.
+    /// All rows are about to become others; without any, a load begins.
+    void willStoreAll(const OneBased<AircraftRec>& before, const OneBased<AircraftRec>& after);
+    void willStoreAll(const OneBased<ScheduleRec>& /*before*/, const OneBased<ScheduleRec>& /*after*/) noexcept {
+        clear();
+    }
+    void willStoreAll(const OneBased<AirportRec>& /*before*/, const OneBased<AirportRec>& /*after*/) noexcept {}
+    /// No command changes an airport.
+    void willStore(std::int32_t /*slot*/, const AirportRec& /*before*/, const AirportRec& /*after*/) noexcept {}
+    /// A slot was handed out to a new schedule.
+    void newSlot(std::int32_t slot) {
+        if (takes()) {
+            m_open->entries.push_back({JournalEntry::Kind::NewSlot, slot, 0});
+        }
+    }
+    /// Forgets all steps, the open one too, since a load takes the tables' place.
     void clear() noexcept;
 
     // ---- Steps ----
@@ -88,9 +93,10 @@ class Journal {
     void open(std::string name, const TableCounts& counts);
     /// Names the outermost open step anew, when it is known what it did.
     void rename(std::string name);
-    /// Closes a step. The outermost is kept, unless it changed nothing, and all undone steps go; the oldest go until
-    /// the journal takes no more than `limit` bytes, but never the latest.
-    void close(const TableCounts& counts, std::size_t limit) noexcept;
+    /// Closes a step. The outermost is kept, unless it changed nothing, and all undone steps go.
+    void close(const TableCounts& counts);
+    /// Drops the oldest steps until the journal takes no more than `limit` bytes, but never the latest.
+    void trim(std::size_t limit) noexcept;
 
     /// The step that an undo takes back, and the one that a redo does again; null without any, or while one is open.
     [[nodiscard]] JournalStep* undoable() noexcept {
@@ -119,15 +125,14 @@ class Journal {
   private:
     // Whether a write is to be recorded.
     [[nodiscard]] bool takes() noexcept {
-        if (m_open) {
-            return true;
-        }
-        if (!m_replaying) {
+        ++m_revision;
+        if (!m_open && !m_replaying) {
             clear();
         }
-        return false;
+        return m_open.has_value();
     }
-    void recordPut(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after);
+    void record(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after);
+    void record(std::int32_t row, const AircraftRec& before, const AircraftRec& after);
     template <class Apply>
     void replay(const Apply& apply, std::size_t done) {
         struct Replaying {
@@ -154,5 +159,8 @@ class Journal {
     std::int64_t m_lastState = 0;
     std::int64_t m_revision = 0;
 };
+
+/// The journal of the traffic.
+[[nodiscard]] Journal& journal() noexcept;
 
 } // namespace vantor

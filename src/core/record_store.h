@@ -2,6 +2,7 @@
 // Where the records of a table stand: free to read, written through one function.
 #pragma once
 
+#include "core/journal.h"
 #include "core/records.h"
 
 #include <cstdint>
@@ -22,15 +23,20 @@ class RecordStore {
 
   protected:
     /// Writes one record, with blank ones ahead of it where there is a gap. Each record that is stored in a table comes
-    /// through here, so that the one it replaces can be told from it in one place.
+    /// through here, where the journal takes down how it differs from the one that it replaces.
     void store(std::int32_t index, Record record) {
         if (!m_records.has(index)) {
             m_records.resize(index);
         }
-        m_records[index] = std::move(record);
+        Record& stored = m_records[index];
+        journal().willStore(index, stored, record);
+        stored = std::move(record);
     }
     /// Puts other records in the place of all.
-    void storeAll(OneBased<Record> records) noexcept { m_records = std::move(records); }
+    void storeAll(OneBased<Record> records) {
+        journal().willStoreAll(m_records, records);
+        m_records = std::move(records);
+    }
     [[nodiscard]] const OneBased<Record>& all() const noexcept { return m_records; }
 
   private:

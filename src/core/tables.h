@@ -5,6 +5,7 @@
 
 #include "core/aircraft_table.h"
 #include "core/hash_table.h"
+#include "core/journal.h"
 #include "core/records.h"
 
 #include <cstdint>
@@ -31,6 +32,9 @@ struct Traffic {
 
     /// Number in the aircraft code that was given out last in this run, also over reloads.
     std::int32_t lastacnum = 0;
+
+    /// What the commands changed, for undo and redo.
+    Journal journal;
 };
 
 /// Which simulator, files and time zone the run works with.

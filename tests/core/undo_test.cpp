@@ -1,0 +1,173 @@
+#include "core/undo.h"
+#include "support/fixture.h"
+#include "support/traffic.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace vantor::test {
+namespace {
+
+/// All that the next command would look at.
+struct Snapshot {
+    std::vector<ScheduleRec> schedules;
+    std::vector<AircraftRec> aircraft;
+    std::int32_t aircraftcount = 0;
+    std::int32_t lastacnum = 0;
+    std::int64_t state = 0;
+    friend bool operator==(const Snapshot&, const Snapshot&) = default;
+
+    static Snapshot take() {
+        Snapshot now{{},
+                     {traffic.aircraft.begin(), traffic.aircraft.end()},
+                     traffic.aircraftcount,
+                     traffic.lastacnum,
+                     journal().state()};
+        for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
+            now.schedules.push_back(traffic.schedules.peek(recnum));
+        }
+        return now;
+    }
+};
+
+class Undo : public Fixture {
+  protected:
+    void SetUp() override {
+        Fixture::SetUp();
+        for (int i = 1; i <= 9; ++i) {
+            addAircraft("AC#" + std::to_string(i), "Title " + std::to_string(i));
+            addSchedule("AC#" + std::to_string(i) + ",N1,50%,24HR,IFR", loopOver({"EDDF", "EGLL", "KSEA"}));
+        }
+        countDroppedLine();
+        traffic.journal = Journal();
+    }
+
+    // One of the things that commands do to the tables, at random.
+    void changeSomething() {
+        const std::int32_t recnum = pick(schedulecount);
+        const std::vector<std::function<void()>> changes = {
+            [&] { changeSchedule(recnum, [&](ScheduleRec& s) { s.deleted = !s.deleted; }); },
+            [&] { changeSchedule(recnum, [&](ScheduleRec& s) { s.tailnumber = std::to_string(random()); }); },
+            [&] {
+                changeSchedule(recnum, [&](ScheduleRec& s) {
+                    for (LegRec& leg : s.flown()) {
+                        leg.flightlevel = static_cast<std::int16_t>(pick(400));
+                        leg.toicao = std::to_string(pick(9));
+                    }
+                });
+            },
+            [&] {
+                changeSchedule(recnum, [](ScheduleRec& s) {
+                    s.legs.append(makeLeg("EDDF", "EDDM"));
+                    s.legcount = static_cast<std::int16_t>(s.legs.size());
+                });
+            },
+            [&] {
+                addLegs(loopOver({"EDDF", "EDDM"}));
+            },
+            [&] { changeAircraft(pick(aircraftcount), [&](AircraftRec& a) { a.title = std::to_string(random()); }); },
+            [&] {
+                addAircraft("AC#" + std::to_string(traffic.lastacnum = pick(99)), "New");
+                SortAircraft();
+            },
+        };
+        changes[static_cast<std::size_t>(pick(static_cast<std::int32_t>(changes.size()))) - 1]();
+    }
+
+    std::int32_t pick(std::int32_t last) {
+        return static_cast<std::int32_t>(random() % static_cast<unsigned>(last)) + 1;
+    }
+
+    std::mt19937 random{20261121};
+};
+
+TEST_F(Undo, BringsEachStateBackBitForBit) {
+    std::vector<Snapshot> states{Snapshot::take()};
+    for (int i = 0; i < 300; ++i) {
+        {
+            const Step step("Step " + std::to_string(i));
+            const Step nested("unheard");
+            for (std::int32_t n = pick(4); n > 0; --n) {
+                changeSomething();
+            }
+        }
+        if (Snapshot now = Snapshot::take(); now != states.back()) { // a change to what stands is no step
+            states.push_back(std::move(now));
+        }
+        // Some steps back and forward, and now and then on from there.
+        const std::size_t back = random() % 3 == 0 ? random() % std::min<std::size_t>(states.size(), 5) : 0;
+        for (std::size_t n = 1; n <= back; ++n) {
+            const auto undone = undo();
+            ASSERT_TRUE(undone && undone->name.starts_with("Step "));
+            ASSERT_EQ(Snapshot::take(), states[states.size() - 1 - n]);
+        }
+        if (random() % 2 == 0) {
+            states.resize(states.size() - back);
+            continue;
+        }
+        for (std::size_t n = back; n > 0; --n) {
+            ASSERT_TRUE(redo());
+            ASSERT_EQ(Snapshot::take(), states[states.size() - n]);
+        }
+    }
+    ASSERT_GT(states.size(), 100U);
+    for (; states.size() > 1; states.pop_back()) {
+        ASSERT_EQ(Snapshot::take(), states.back());
+        ASSERT_TRUE(undo());
+    }
+    EXPECT_EQ(Snapshot::take(), states.front());
+    EXPECT_FALSE(undo());
+}
+
+TEST_F(Undo, KeepsNamesAndForgetsWhatCannotBeTakenBack) {
+    const auto remove = [](std::string name, std::int32_t recnum) {
+        const Step step("Delete");
+        nameStep(std::move(name));
+        changeSchedule(recnum, [](ScheduleRec& s) { s.deleted = true; });
+        EXPECT_EQ(undo(), std::nullopt) << "inside a step";
+    };
+    remove("Delete N1", 3);
+    remove("Delete it again", 3); // changes nothing
+    EXPECT_EQ(undoName() + "/" + redoName(), "Delete N1/");
+    EXPECT_EQ(undo()->recnums, std::vector<std::int32_t>{3});
+    EXPECT_EQ(undoName() + "/" + redoName(), "/Delete N1");
+    remove("Delete N2", 4);
+    EXPECT_EQ(undoName() + "/" + redoName(), "Delete N2/") << "a new step takes the undone ones' place";
+    const std::int64_t state = journal().state();
+    markDeleted(1); // outside any step, as a load writes
+    EXPECT_EQ(undoName(), "");
+    EXPECT_NE(journal().state(), state);
+    {
+        const Step load("Load");
+        schedules.Init();
+        addLegs(loopOver({"EDDF", "EDDM"}));
+    }
+    EXPECT_EQ(undoName(), "");
+}
+
+TEST_F(Undo, DropsTheOldestStepsBeyondAThirdOfTheTables) {
+    while (schedulecount < 20000) {
+        addLegs(loopOver({"EDDF", "EGLL", "KSEA"}));
+    }
+    for (std::int16_t level = 1; level <= 12; ++level) {
+        const Step step("Level " + std::to_string(level));
+        for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
+            changeSchedule(recnum, [&](ScheduleRec& s) {
+                for (LegRec& leg : s.legs) {
+                    leg.flightlevel = level;
+                }
+            });
+        }
+    }
+    EXPECT_LE(journal().bytes(), 20000 * (sizeof(ScheduleRec) + 3 * sizeof(LegRec)) / 3);
+    EXPECT_EQ(undoName(), "Level 12");
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(schedules.peek(100).legs[1].flightlevel, 11);
+}
+
+} // namespace
+} // namespace vantor::test
