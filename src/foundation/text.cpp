@@ -105,4 +105,10 @@ std::vector<std::string_view> splitLines(std::string_view text) {
     return lines;
 }
 
+std::string counted(std::int64_t count, std::string_view one, std::string_view many) {
+    std::string text = std::to_string(count) + " ";
+    text += count == 1 || many.empty() ? one : many;
+    return count == 1 || !many.empty() ? text : text + "s";
+}
+
 } // namespace vantor

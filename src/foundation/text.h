@@ -2,6 +2,7 @@
 // Texts are 8-bit bytes of the system's code page; capitals and case-blind comparison follow that code page.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,5 +45,8 @@ void upperInPlace(std::string& text) noexcept;
 /// The lines of a whole file. They end at CR LF alone when there is one, and else, as other systems' editors save, at
 /// each lone LF or CR. What follows the last end is a line too, empty or not.
 [[nodiscard]] std::vector<std::string_view> splitLines(std::string_view text);
+
+/// A count with its noun, as in "1 leg" and "3 legs"; `many` where an s does not make the plural.
+[[nodiscard]] std::string counted(std::int64_t count, std::string_view one, std::string_view many = {});
 
 } // namespace vantor

@@ -103,6 +103,22 @@ void ListBox::selectRow(int row) {
     Q_EMIT rowClicked();
 }
 
+void ListBox::selectRows(const std::vector<int>& rows) {
+    if (rows.empty() || !m_rows->holds(rows.front()) || !m_rows->holds(rows.back())) {
+        return;
+    }
+    QItemSelection selection;
+    for (std::size_t from = 0, to = 0; from < rows.size(); from = to) {
+        for (to = from + 1; to < rows.size() && rows[to] == rows[to - 1] + 1; ++to) {
+        }
+        selection.append(QItemSelectionRange(indexOf(rows[from]), indexOf(rows[to - 1])));
+    }
+    selectionModel()->setCurrentIndex(indexOf(rows.front()), QItemSelectionModel::NoUpdate);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    scrollTo(indexOf(rows.front()));
+    Q_EMIT rowClicked();
+}
+
 // Only what Qt itself does with a user's event is watched; what a handler of the click changes by code is not.
 template <class Handling>
 void ListBox::watch(Handling&& handling) {

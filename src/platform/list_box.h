@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vantor {
 
@@ -47,6 +48,9 @@ class ListBox : public QListView {
     [[nodiscard]] int selectedRowCount() const;
     /// Selects a row alone and makes it current; always a click. A row outside the rows does nothing.
     void selectRow(int row);
+    /// Selects these rows alone, in ascending order, and makes the first current and seen; one click. Without any, or
+    /// with one outside the rows, nothing is done.
+    void selectRows(const std::vector<int>& rows);
 
   Q_SIGNALS:
     /// The user picked a row or changed the selection, or code changed the current row. What is current and selected

@@ -73,6 +73,7 @@ void AircraftCommands::takeSubstitute(const std::string& substitutetext) {
     }
     m_ui.cmbAC->setRowText(row, substitutetext);
     m_ui.cmbAC->setText(substitutetext);
+    nameStep("Substitute " + extractcode(substitutetext));
     const StandardTrap trap{"sub cmdsubac_click", module};
     if (substituteAircraft(trap, substitutetext)) {
         m_workspace.unsavedchanges = true;
@@ -86,8 +87,10 @@ void AircraftCommands::addFromSimulator(const StandardTrap& trap) {
     m_workspace.unsavedchanges = true;
     {
         const BusyPointer busy{trap};
-        if (const std::string message = addnewfsaircraft().message; !message.empty()) {
-            trap(&Host::message, host(), message);
+        const NewAircraft result = addnewfsaircraft();
+        nameStep("Add " + counted(result.added, "aircraft", "aircraft"));
+        if (!result.message.empty()) {
+            trap(&Host::message, host(), result.message);
         }
         trap(SortAircraft);
         trap(&AircraftCommands::refillAircraft, this);
@@ -102,6 +105,7 @@ void AircraftCommands::deleteChosen(const StandardTrap& trap) {
     }
     m_workspace.unsavedchanges = true;
     const BusyPointer busy{trap};
+    nameStep("Delete " + extractcode(text));
     deleteaircraft(text);
     trap([&] { m_ui.List3->setRows(checkmissing()); });
     deleteschedbyac(text);
@@ -124,7 +128,10 @@ void AircraftCommands::swap(const StandardTrap& trap) {
         return;
     }
     m_workspace.unsavedchanges = true;
-    swapAircraft(trap, selectedSchedules(*m_ui.List1), chosen->row);
+    const std::vector<std::int32_t> recnums = selectedSchedules(*m_ui.List1);
+    nameStep("Swap " + counted(static_cast<std::int32_t>(recnums.size()), "schedule") + " to " +
+             extractcode(chosen->row));
+    swapAircraft(trap, recnums, chosen->row);
     trap(&Lists::refresh, m_lists, keepindex);
 }
 

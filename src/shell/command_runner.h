@@ -2,7 +2,9 @@
 // The guard of the window's commands: one at a time, each under a trap in its own name.
 #pragma once
 
+#include "core/undo.h"
 #include "foundation/trap.h"
+#include "platform/code_page.h"
 #include "platform/combo_box.h"
 #include "platform/list_box.h"
 
@@ -45,12 +47,16 @@ class CommandRunner {
     /// for what it lets out.
     bool run(Procedure procedure, const Command& command);
 
-    /// Gives a button its command: a member of a group, which must outlive the button's clicks.
+    /// Gives a button its command: a member of a group, which must outlive the button's clicks. What it changes in the
+    /// tables is one step of the journal, under the button's caption unless the command names it better.
     template <class Group>
     void command(QAbstractButton* button, Procedure procedure, Group* group,
                  void (Group::*handler)(const StandardTrap&)) {
-        QObject::connect(button, &QAbstractButton::clicked, button, [this, procedure, group, handler] {
-            run(procedure, [&](const StandardTrap& trap) { std::invoke(handler, group, trap); });
+        QObject::connect(button, &QAbstractButton::clicked, button, [this, button, procedure, group, handler] {
+            run(procedure, [&](const StandardTrap& trap) {
+                const Step step{fromQString(button->text().remove(u'&'))};
+                std::invoke(handler, group, trap);
+            });
         });
     }
     /// Gives the clicks on the rows of a box their handler. They are never refused: commands click rows themselves.

@@ -102,6 +102,7 @@ void FileCommands::loaddata() {
         loadAllTraffic(splash);
         m_lists.disableButtons();
     }
+    rememberLoaded();
     m_ui.cmbAC->setCurrentRow(0);
     normalmouse();
     logit("Startup complete");
@@ -151,8 +152,14 @@ void FileCommands::loadChosen(const std::string& folder, const std::string& name
         loadChosenFlightPlans(splash, file);
         m_lists.disableButtons();
     }
+    rememberLoaded();
     m_ui.cmbAC->setCurrentRow(0);
     normalmouse();
+}
+
+// Changes from before a load count as unsaved after it, so that no undo may clear their flag.
+void FileCommands::rememberLoaded() {
+    m_workspace.savedstate = m_workspace.unsavedchanges ? -1 : journal().state();
 }
 
 void FileCommands::endFatally(const StandardTrap& trap, const Error& error) {
@@ -185,6 +192,7 @@ void FileCommands::saveFlights(const StandardTrap& trap) {
         savesc(m_workspace.flightsname);
     }
     m_workspace.unsavedchanges = false;
+    m_workspace.savedstate = journal().state();
     host().message("Flight plans saved to " + m_workspace.flightsname);
 }
 

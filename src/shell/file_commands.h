@@ -37,6 +37,7 @@ class FileCommands {
 
     class SplashSteps;
     void loadChosen(const std::string& folder, const std::string& name);
+    void rememberLoaded();
     void endFatally(const StandardTrap& trap, const Error& error);
 
     QWidget& m_window;

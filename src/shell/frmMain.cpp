@@ -14,6 +14,7 @@
 #include "shell/lists.h"
 #include "shell/schedule_commands.h"
 #include "shell/tool_commands.h"
+#include "shell/undo_commands.h"
 #include "shell/update_commands.h"
 #include "shell/utility_commands.h"
 #include "shell/view_commands.h"
@@ -43,6 +44,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     m_tools = std::make_unique<ToolCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
     m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this);
     m_updates = std::make_unique<UpdateCommands>(*this, *ui, m_workspace, m_runner, *this);
+    m_undo = std::make_unique<UndoCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
     connect(ui->cmdExit, &QPushButton::clicked, this, [this] {
         m_runner.run({"sub cmdexit_click", module}, [this](const StandardTrap&) { exitprog(); });
     });

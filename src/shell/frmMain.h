@@ -21,6 +21,7 @@ class FileCommands;
 class Lists;
 class ScheduleCommands;
 class ToolCommands;
+class UndoCommands;
 class UpdateCommands;
 class UtilityCommands;
 class ViewCommands;
@@ -67,6 +68,7 @@ class frmMain : public QMainWindow, public Life {
     std::unique_ptr<ToolCommands> m_tools;
     std::unique_ptr<FileCommands> m_files;
     std::unique_ptr<UpdateCommands> m_updates;
+    std::unique_ptr<UndoCommands> m_undo;
     bool m_opened = false;
     bool m_ended = false;
 };

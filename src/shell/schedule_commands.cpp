@@ -24,6 +24,14 @@ void find(ComboBox& box, QWidget& owner) {
     }
 }
 
+std::string tailOf(std::int32_t recnum) {
+    return std::string(schedules.peek(recnum).tailnumber.text());
+}
+
+std::string captionOf(const QAbstractButton& button) {
+    return fromQString(button.text().remove(u'&'));
+}
+
 } // namespace
 
 ScheduleCommands::ScheduleCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
@@ -50,6 +58,7 @@ void ScheduleCommands::add(const StandardTrap& trap) {
     trap([&] { schedule = defaultschedule(m_ui.cmbAC->text()); });
     if (const std::optional<ScheduleRec> edited = askForEdit(schedule)) {
         m_workspace.unsavedchanges = true;
+        nameStep("Add " + std::string(edited->tailnumber.text()));
         addschedule(trap, *edited);
         trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
         m_lists.displaylegs(schedulecount, "");
@@ -64,6 +73,7 @@ void ScheduleCommands::copy(const StandardTrap& trap) {
         return;
     }
     const BusyPointer busy{trap};
+    nameStep("Copy " + tailOf(id));
     copyschedule(trap, id);
     m_workspace.unsavedchanges = true;
     trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
@@ -86,6 +96,7 @@ void ScheduleCommands::edit(const StandardTrap& trap) {
     const BusyPointer busy{trap};
     if (edited) {
         m_workspace.unsavedchanges = true;
+        nameStep("Edit " + tailOf(id));
         trap([&] { schedules.HashPutSlot(id, *edited); });
     }
     // After a Cancel too. On a filtered list the saved row may be another schedule by now.
@@ -95,11 +106,14 @@ void ScheduleCommands::edit(const StandardTrap& trap) {
 
 void ScheduleCommands::toggleSelected(const StandardTrap& trap) {
     const int saved = m_ui.List1->currentRow();
+    int count = 0;
     for (int row = 0; row < m_ui.List1->rowCount(); ++row) {
         if (m_ui.List1->isRowSelected(row) && m_ui.List1->itemData(row) != 0) {
             deleteschedbyrecnum(m_ui.List1->itemData(row));
+            ++count;
         }
     }
+    nameStep(captionOf(*m_ui.cmdDeleteSchedule) + " " + counted(count, "schedule"));
     m_workspace.unsavedchanges = true; // even when no row counted
     trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
     m_ui.List2->clear();
@@ -125,6 +139,7 @@ void ScheduleCommands::editLeg(const StandardTrap& trap) {
     }
     const BusyPointer busy{trap};
     if (edited) {
+        nameStep("Edit " + tailOf(id.recnum));
         trap([&] { schedules.HashPutSlot(id.recnum, *edited); });
     }
     trap(&Lists::displayselected, m_lists); // List1 is not refilled: its row keeps the old text
@@ -133,6 +148,8 @@ void ScheduleCommands::editLeg(const StandardTrap& trap) {
 void ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
     ScheduleRec touched;
     LegId id;
+    int count = 0;
+    const std::string verb = captionOf(*m_ui.cmdDeleteLeg); // each row that becomes current changes it
     for (int row = 0; row < m_ui.List2->rowCount(); ++row) {
         if (!m_ui.List2->isRowSelected(row)) {
             continue;
@@ -143,8 +160,10 @@ void ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
         if (id) {
             m_workspace.unsavedchanges = true;
             toggleleg(trap, id, touched);
+            ++count;
         }
     }
+    nameStep(verb + " " + counted(count, "leg"));
     if (const std::int32_t recnum = m_ui.List1->currentItemData(); recnum != 0) {
         m_lists.displaylegs(recnum, "");
     } else {

@@ -87,11 +87,15 @@ void UtilityCommands::changeLevel(const StandardTrap& trap) {
     const BulkOutcome outcome = changeFlightLevel(trap, boxes);
     rewrite(m_ui.txtICAO1, boxes.icao1);
     rewrite(m_ui.txtICAO2, boxes.icao2);
+    nameStep("Flight level " + boxes.newFL + " from " + boxes.icao1 + " to " + boxes.icao2);
     finish(outcome);
 }
 
 void UtilityCommands::changePercentage(const StandardTrap& trap) {
-    finish(updateAtcPercentage(trap, textOf(m_ui.txtATCPercent), textOf(m_ui.txtATCAircraft)));
+    const std::string percent = textOf(m_ui.txtATCPercent);
+    const std::string aircraftCode = textOf(m_ui.txtATCAircraft);
+    nameStep("ATC " + percent + "% for " + aircraftCode);
+    finish(updateAtcPercentage(trap, percent, aircraftCode));
 }
 
 void UtilityCommands::deleteByIcao(const StandardTrap& trap) {
@@ -108,6 +112,7 @@ void UtilityCommands::deleteByIcao(const StandardTrap& trap) {
     const BusyPointer busy{trap};
     m_lists.clear();
     trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
+    nameStep("Delete by ICAO " + icao);
     // Quirk: the unsaved-changes flag stays as it is.
     deleteByAirport(trap, icao);
 }
@@ -118,6 +123,7 @@ void UtilityCommands::split(const StandardTrap& trap) {
     const BulkOutcome outcome = splitAirport(trap, boxes);
     rewrite(m_ui.txtSplitIcao1, boxes.icao1);
     rewrite(m_ui.txtSplitIcao2, boxes.icao2);
+    nameStep("Split " + boxes.icao + " into " + boxes.icao1 + " and " + boxes.icao2);
     finish(outcome);
 }
 
@@ -128,6 +134,7 @@ void UtilityCommands::splitByAircraft(const StandardTrap& trap) {
     rewrite(m_ui.txtSplitACSource, boxes.aircraftCode);
     rewrite(m_ui.txtSplitACNewICAO, boxes.newIcao);
     rewrite(m_ui.txtSplitACICAO, boxes.oldIcao);
+    nameStep("Move " + boxes.aircraftCode + " from " + boxes.oldIcao + " to " + boxes.newIcao);
     finish(outcome);
 }
 

@@ -2,6 +2,7 @@
 // The workspace: what outlives a command and belongs to no control.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace vantor {
@@ -20,6 +21,8 @@ struct Workspace {
 
     /// Set by every command that changes traffic, cleared by a save of the flight plans alone.
     bool unsavedchanges = false;
+    /// The state of the tables (see Journal) that was saved last, or loaded while nothing was unsaved; -1 for none.
+    std::int64_t savedstate = -1;
 };
 
 } // namespace vantor

@@ -21,8 +21,10 @@ ListRows checkmissing() {
             AircraftRec record = aircraft[i];
             if (!record.deleted && !titles.contains(record.title.raw())) {
                 rows.push_back({std::string(record.acnum.text()) + " - " + std::string(record.title.text()), 0});
-                record.missing = true;
-                aircraft.put(i, record);
+                if (!record.missing) {
+                    record.missing = true;
+                    aircraft.put(i, record);
+                }
             }
         });
     }

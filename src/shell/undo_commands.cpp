@@ -1,0 +1,92 @@
+#include "shell/undo_commands.h"
+
+#include "core/combo_rows.h"
+#include "core/tables.h"
+#include "foundation/busy_pointer.h"
+#include "shell/command_runner.h"
+#include "shell/lists.h"
+#include "shell/workspace.h"
+#include "simulator/missing_aircraft.h"
+#include "ui_frmMain.h"
+
+#include <QShortcut>
+
+#include <algorithm>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "frmMain";
+
+std::string caption(std::string_view verb, const std::string& name) {
+    return name.empty() ? std::string(verb) : std::string(verb) + " " + name;
+}
+
+// Fills a box anew and leaves it what it showed.
+void refill(ComboBox& box, const ListRows& rows) {
+    const std::string shown = box.text();
+    box.setRows(rows);
+    box.setText(shown);
+}
+
+} // namespace
+
+UndoCommands::UndoCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
+    : m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists) {
+    const auto key = [&](const QKeySequence& keys, std::string (UndoCommands::*command)()) {
+        auto* const shortcut = new QShortcut(keys, &window);
+        QObject::connect(shortcut, &QShortcut::activated, &window, [this, command] { (this->*command)(); });
+    };
+    // A text box that has something to undo takes these keys for itself.
+    key(QKeySequence(Qt::CTRL | Qt::Key_Z), &UndoCommands::undo);
+    key(QKeySequence(Qt::CTRL | Qt::Key_Y), &UndoCommands::redo);
+    key(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), &UndoCommands::redo);
+}
+
+std::string UndoCommands::undoCaption() {
+    return caption("Undo", undoName());
+}
+
+std::string UndoCommands::redoCaption() {
+    return caption("Redo", redoName());
+}
+
+std::string UndoCommands::undo() {
+    return go({"undo", module}, &vantor::undo, "Undid");
+}
+
+std::string UndoCommands::redo() {
+    return go({"redo", module}, &vantor::redo, "Redid");
+}
+
+std::string UndoCommands::go(Procedure procedure, std::optional<StepRecords> (*way)(), std::string_view done) {
+    std::string told;
+    m_runner.run(procedure, [&](const StandardTrap& trap) {
+        const BusyPointer busy{trap};
+        if (const std::optional<StepRecords> changed = way()) {
+            told = caption(done, changed->name);
+            m_workspace.unsavedchanges = journal().state() != m_workspace.savedstate;
+            trap(&UndoCommands::show, this, *changed);
+        }
+    });
+    return told;
+}
+
+// Lists by the filters that are remembered, with the rows that changed selected and in sight.
+void UndoCommands::show(const StepRecords& changed) {
+    if (changed.aircraft) {
+        refill(*m_ui.cmbAC, aircraftRows(true));
+        m_ui.List3->setRows(checkmissing());
+    }
+    m_lists.refresh(0);
+    std::vector<int> rows;
+    for (int row = 0; row < m_ui.List1->rowCount(); ++row) {
+        if (std::ranges::binary_search(changed.recnums, m_ui.List1->itemData(row))) {
+            rows.push_back(row);
+        }
+    }
+    m_ui.List1->selectRows(rows);
+}
+
+} // namespace vantor

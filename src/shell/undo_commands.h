@@ -1,0 +1,44 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// Undo and Redo: what the journal took down goes back into the tables, and the window shows it.
+#pragma once
+
+#include "core/undo.h"
+#include "foundation/trap.h"
+
+#include <functional>
+#include <string>
+
+class QWidget;
+
+namespace vantor {
+
+namespace Ui {
+class frmMain;
+}
+class CommandRunner;
+class Lists;
+struct Workspace;
+
+class UndoCommands {
+  public:
+    /// Connects the keys of the window. All must outlive the group.
+    UndoCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+
+    /// The caption of the command, as in "Undo Delete 3 schedules"; "Undo" alone where there is nothing to undo.
+    [[nodiscard]] static std::string undoCaption();
+    [[nodiscard]] static std::string redoCaption();
+    /// Each gives what it did, as in "Undid Delete 3 schedules"; empty where there was nothing, or a command runs.
+    std::string undo();
+    std::string redo();
+
+  private:
+    std::string go(Procedure procedure, std::optional<StepRecords> (*way)(), std::string_view done);
+    void show(const StepRecords& changed);
+
+    Ui::frmMain& m_ui;
+    Workspace& m_workspace;
+    CommandRunner& m_runner;
+    Lists& m_lists;
+};
+
+} // namespace vantor
