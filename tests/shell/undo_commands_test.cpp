@@ -8,7 +8,11 @@ namespace {
 
 class UndoCommandsTest : public MainWindowFixture {
   protected:
-    void key(Qt::Key key) { pressKey(list("List1"), key, Qt::ControlModifier); }
+    void key(Qt::Key key) {
+        form().activateWindow(); // keys of a window work in the active one
+        ASSERT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
+        pressKey(form(), key, Qt::ControlModifier);
+    }
     [[nodiscard]] bool unsaved() const { return form().workspace().unsavedchanges; }
     [[nodiscard]] std::string names() const { return undoName() + "/" + redoName(); }
 };
