@@ -7,6 +7,7 @@
 #include "foundation/run_state.h"
 #include "platform/code_page.h"
 #include "platform/qt_host.h"
+#include "platform/window_places.h"
 #include "shell/artwork.h"
 #include "shell/fSHAREDErrorRpt.h"
 #include "shell/frmMain.h"
@@ -55,6 +56,7 @@ int main(int argc, char* argv[]) {
     vantor::useErrorReporter(vantor::showErrorReport);
     int result = 0;
     {
+        const vantor::WindowPlaces places(vantor::toQtPath(vantor::programFolder() + "\\Vantor2.window"));
         vantor::frmMain window;
         host.setMainWindow(&window);
         window.formLoad();

@@ -3,9 +3,13 @@
 #include "platform/combo_box.h"
 
 #include "platform/code_page.h"
+#include "platform/colours.h"
 #include "platform/row_width.h"
 
 #include <QAbstractItemView>
+#include <QAbstractProxyModel>
+#include <QAction>
+#include <QApplication>
 #include <QCompleter>
 #include <QFontMetrics>
 #include <QLineEdit>
@@ -31,6 +35,27 @@ void makeUniform(QAbstractItemView* view) {
     }
 }
 
+// Hands a press on to what stands below the list that it closed, as a whole click: the toolkit drops the release that
+// belongs to it. Posted, so that the list is out of the way when the click takes effect.
+void passOn(const QMouseEvent& press) {
+    QWidget* const below = QApplication::widgetAt(press.globalPosition().toPoint());
+    const QWidget* const modal = QApplication::activeModalWidget();
+    if (below == nullptr || (modal != nullptr && below->window() != modal)) {
+        return;
+    }
+    QWidget* taker = below;
+    while (!taker->isWindow() && (taker->focusPolicy() & Qt::ClickFocus) == 0) {
+        taker = taker->parentWidget();
+    }
+    taker->setFocus(Qt::MouseFocusReason); // which comes of the system's own events alone
+    const QPointF place = below->mapFromGlobal(press.globalPosition());
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? press.button() : Qt::NoButton;
+        QCoreApplication::postEvent(
+            below, new QMouseEvent(type, place, press.globalPosition(), press.button(), held, press.modifiers()));
+    }
+}
+
 } // namespace
 
 ComboBox::ComboBox(QWidget* parent)
@@ -49,7 +74,11 @@ ComboBox::ComboBox(QWidget* parent)
     m_completer->setFilterMode(Qt::MatchContains);
     m_completer->setCaseSensitivity(Qt::CaseInsensitive);
     m_completer->setMaxVisibleItems(visibleCompletions);
-    makeUniform(m_completer->popup());
+    QAbstractItemView* const completions = m_completer->popup();
+    makeUniform(completions);
+    completions->setAttribute(Qt::WA_NoMouseReplay); // passed on here, which works on every system
+    completions->installEventFilter(this);
+    connect(m_completer, qOverload<const QModelIndex&>(&QCompleter::activated), this, &ComboBox::pickCompletion);
 
     connect(this, &QComboBox::activated, this, &ComboBox::rowClicked);
 }
@@ -63,14 +92,65 @@ void ComboBox::setEditable(bool editable) {
         return;
     }
     // The base picks the row of a typed text when the line edit is left, and of a completed one at once. Here both are
-    // typing, so it hears of neither: the completer stands on the line edit alone.
+    // typing, so it hears of neither. The line edit doesn't know the completer either: it would show each completion
+    // that the arrow keys pass, as if it were taken.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     setCompleter(nullptr);
     m_completer->setWidget(lineEdit());
-    lineEdit()->setCompleter(m_completer);
-    // The list of completions is as wide as its rows, however narrow the box; this comes before the list shows.
-    connect(lineEdit(), &QLineEdit::textEdited, m_completer,
-            [this] { m_completer->popup()->setMinimumWidth(popupWidth()); });
+    connect(lineEdit(), &QLineEdit::textEdited, this, &ComboBox::complete);
+}
+
+void ComboBox::complete(const QString& typed) {
+    if (typed.isEmpty()) {
+        m_completer->popup()->hide();
+        return;
+    }
+    m_completer->popup()->setMinimumWidth(popupWidth()); // as wide as its rows, however narrow the box
+    m_completer->setCompletionPrefix(typed);
+    m_completer->complete();
+}
+
+void ComboBox::pickCompletion(const QModelIndex& completion) {
+    const auto* const completions = qobject_cast<QAbstractProxyModel*>(m_completer->completionModel());
+    const int row = completions->mapToSource(completion).row();
+    if (m_rows->holds(row)) {
+        place(row, toQString(m_rows->text(row)));
+        Q_EMIT rowClicked();
+    }
+}
+
+void ComboBox::setMarksTypedText() {
+    m_typedMark =
+        lineEdit()->addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+    connect(lineEdit(), &QLineEdit::textChanged, this, &ComboBox::markTypedText);
+    connect(this, &QComboBox::currentIndexChanged, this, &ComboBox::markTypedText);
+    markTypedText();
+}
+
+void ComboBox::markTypedText() {
+    const bool typed = lineEdit()->text() != itemText(QComboBox::currentIndex());
+    QPalette colours; // empty: the box's own
+    if (typed) {
+        colours.setColor(QPalette::Text, warningColour(palette()));
+    }
+    lineEdit()->setPalette(colours);
+    const QString hint = typed ? QStringLiteral("Pick a row of the list") : QString();
+    setToolTip(hint);
+    setAccessibleDescription(hint);
+    m_typedMark->setVisible(typed);
+    m_typedMark->setToolTip(hint);
+}
+
+bool ComboBox::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_completer->popup() && event->type() == QEvent::MouseButtonPress) {
+        const auto& press = *static_cast<QMouseEvent*>(event);
+        if (!m_completer->popup()->rect().contains(press.position().toPoint())) {
+            m_completer->popup()->hide();
+            passOn(press);
+            return true;
+        }
+    }
+    return QComboBox::eventFilter(watched, event);
 }
 
 void ComboBox::clear() {

@@ -10,12 +10,14 @@
 #include <string>
 #include <string_view>
 
+class QAction;
 class QCompleter;
 
 namespace vantor {
 
 /// A combo box, with typing ("editable" in a form's layout file) or without. Rows are numbered from 0; -1 stands for
-/// no row. Typing, completing, Enter and leaving the box are never clicks.
+/// no row. A row picked from the list of completions is picked like any other; typing, Enter and leaving the box are
+/// never clicks.
 class ComboBox : public QComboBox {
     Q_OBJECT
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
@@ -54,6 +56,10 @@ class ComboBox : public QComboBox {
     /// does nothing.
     void setText(std::string_view text);
 
+    /// From now on a text that was typed and not picked is told by its colour, a mark and a tooltip, since it changes
+    /// nothing.
+    void setMarksTypedText();
+
     void showPopup() override;
 
   Q_SIGNALS:
@@ -62,14 +68,19 @@ class ComboBox : public QComboBox {
 
   protected:
     void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     /// Puts the box on a row and a text without a word to anyone who listens for clicks.
     void place(int row, const QString& text);
     [[nodiscard]] int popupWidth() const;
+    void complete(const QString& typed);
+    void pickCompletion(const QModelIndex& completion);
+    void markTypedText();
 
     RowModel* m_rows;
     QCompleter* m_completer;
+    QAction* m_typedMark = nullptr; // where typed text is marked
 };
 
 } // namespace vantor

@@ -2,11 +2,15 @@
 // The list box of the forms: flat rows with item data, extended selection, and clicks by the user or by code.
 #include "platform/list_box.h"
 
+#include "platform/code_page.h"
 #include "platform/row_width.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMetaMethod>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include <utility>
 
@@ -119,6 +123,29 @@ void ListBox::selectRows(const std::vector<int>& rows) {
     Q_EMIT rowClicked();
 }
 
+void ListBox::copySelectedRows() const {
+    QStringList lines;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (isRowSelected(row)) {
+            lines += toQString(rowText(row));
+        }
+    }
+    if (!lines.isEmpty()) {
+        QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+    }
+}
+
+bool ListBox::event(QEvent* event) {
+    const bool handled = QListView::event(event);
+    if (event->type() == QEvent::Paint && hasFocus()) {
+        // A list without a current row, or scrolled away from it, shows all the same where a key will go.
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+    return handled;
+}
+
 // Only what Qt itself does with a user's event is watched; what a handler of the click changes by code is not.
 template <class Handling>
 void ListBox::watch(Handling&& handling) {
@@ -166,6 +193,11 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
         Q_EMIT rowActivated();
         return;
     }
+    if (event->matches(QKeySequence::Copy)) {
+        copySelectedRows(); // Qt would copy the current row alone
+        event->accept();
+        return;
+    }
     m_changed = false;
     watch([&] { QListView::keyPressEvent(event); });
     if (std::exchange(m_changed, false)) {
@@ -176,10 +208,16 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
 void ListBox::focusInEvent(QFocusEvent* event) {
     const bool hadCurrent = currentIndex().isValid();
     QListView::focusInEvent(event);
+    update(); // the frame
     if (!hadCurrent && currentIndex().isValid()) {
         // Qt makes the first row current when the focus comes in by key; nobody picked it.
         selectionModel()->clearCurrentIndex();
     }
+}
+
+void ListBox::focusOutEvent(QFocusEvent* event) {
+    QListView::focusOutEvent(event);
+    update(); // the frame
 }
 
 void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -51,6 +51,8 @@ class ListBox : public QListView {
     /// Selects these rows alone, in ascending order, and makes the first current and seen; one click. Without any, or
     /// with one outside the rows, nothing is done.
     void selectRows(const std::vector<int>& rows);
+    /// Puts the selected rows on the clipboard as text, one a line; with none selected it stays as it is.
+    void copySelectedRows() const;
 
   Q_SIGNALS:
     /// The user picked a row or changed the selection, or code changed the current row. What is current and selected
@@ -60,12 +62,14 @@ class ListBox : public QListView {
     void rowActivated();
 
   protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,

@@ -1,11 +1,13 @@
 // Platform: the Qt side of the program.
-// How wide the widest row of a list is, found fast enough for a list of tens of thousands of rows.
+// How the rows of a list look: as wide as the widest, and selected ones in colours that can be seen.
 #include "platform/row_width.h"
 
 #include "platform/code_page.h"
+#include "platform/colours.h"
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QPainter>
 #include <QStyle>
 
 #include <algorithm>
@@ -32,6 +34,23 @@ int widestRow(const RowModel& model, const QFontMetrics& metrics) {
 }
 
 RowDelegate::RowDelegate(const RowModel& model, QObject* parent) : QStyledItemDelegate(parent), m_model(model) {}
+
+void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QStyleOptionViewItem row = option;
+    if (option.state.testFlag(QStyle::State_Selected) && option.state.testFlag(QStyle::State_Enabled)) {
+        const bool focused = option.widget != nullptr && option.widget->hasFocus();
+        const SelectionColours colours = selectionColours(option.palette, focused);
+        painter->fillRect(option.rect, colours.background);
+        row.palette.setColor(QPalette::Text, colours.text);
+        row.state &= ~(QStyle::State_Selected | QStyle::State_MouseOver);
+    }
+    row.state &= ~QStyle::State_HasFocus;
+    QStyledItemDelegate::paint(painter, row, index);
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        painter->setPen(QPen(row.palette.color(QPalette::Text), 1, Qt::DotLine));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
+}
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QSize size = QStyledItemDelegate::sizeHint(option, index);

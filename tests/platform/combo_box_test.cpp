@@ -1,5 +1,6 @@
 // Tests of the Qt side of the program.
 // The combo box: picking is a click, typing and completing are not, with and without typing.
+#include "platform/colours.h"
 #include "platform/combo_box.h"
 #include "support/form_driver.h"
 
@@ -7,6 +8,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -51,6 +53,8 @@ class ComboBoxTest : public testing::TestWithParam<bool> {
         return std::to_string(std::exchange(clicks, 0)) + " clicks, " + std::to_string(combo.currentRow()) + " '" +
                combo.text() + "'";
     }
+
+    [[nodiscard]] QAbstractItemView* completions() const { return combo.findChild<QCompleter*>()->popup(); }
 
     QWidget form;
     ComboBox combo;
@@ -131,26 +135,59 @@ TEST_P(EditableComboTest, TypingEnterAndLeavingAreNoClicks) {
     EXPECT_EQ(told(), "1 clicks, 0 'EDDF - Frankfurt'");
 }
 
-TEST_P(EditableComboTest, CompletingIsTyping) {
+TEST_P(EditableComboTest, ACompletionIsPickedLikeARow) {
     typeOver(combo, "per"); // in the title, small letters
-    QAbstractItemView* popup = combo.lineEdit()->completer()->popup();
+    QAbstractItemView* popup = completions();
     ASSERT_TRUE(popup->isVisible());
     ASSERT_EQ(popup->model()->rowCount(), 1);
     pressKey(*popup, Qt::Key_Down);
+    EXPECT_EQ(told(), "0 clicks, -1 'per'"); // passing one is no pick
     pressKey(*popup, Qt::Key_Return);
     EXPECT_FALSE(popup->isVisible());
-    EXPECT_EQ(combo.text(), "YPPH - Perth");
+    EXPECT_EQ(told(), "1 clicks, 2 'YPPH - Perth'");
     typeOver(combo, "egl");
     ASSERT_TRUE(popup->isVisible());
     QTest::mouseClick(popup->viewport(), Qt::LeftButton, {}, popup->visualRect(popup->model()->index(0, 0)).center());
-    EXPECT_EQ(combo.text(), "EGLL - London");
-    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(told(), "1 clicks, 1 'EGLL - London'");
+}
+
+TEST_P(EditableComboTest, AClickBesideTheCompletionsDoesWhatItWasAimedAt) {
+    form.resize(300, 400); // the completions leave the button free
+    QSignalSpy presses(&other, &QPushButton::clicked);
+    typeOver(combo, "e");
+    ASSERT_TRUE(completions()->isVisible());
+    const QPoint at = other.mapToGlobal(other.rect().center());
+    QTest::mousePress(completions(), Qt::LeftButton, {}, completions()->mapFromGlobal(at)); // as it holds the mouse
+    EXPECT_TRUE(test::waitFor([&] { return presses.count() == 1; }));
+    EXPECT_FALSE(completions()->isVisible());
+    EXPECT_TRUE(other.hasFocus());
+    EXPECT_EQ(told(), "0 clicks, -1 'e'");
+}
+
+TEST_P(EditableComboTest, ATypedTextIsMarkedUntilARowIsPickedOrTheOldTextIsBack) {
+    const auto marked = [&] {
+        const bool hint = combo.toolTip() == QStringLiteral("Pick a row of the list");
+        EXPECT_EQ(combo.lineEdit()->palette().color(QPalette::Text) == warningColour(combo.palette()), hint);
+        return hint;
+    };
+    combo.setMarksTypedText();
+    combo.setCurrentRow(0);
+    EXPECT_FALSE(marked());
+    typeOver(combo, "YPPH - Perth");
+    EXPECT_TRUE(marked());
+    pickRow(combo, 2);
+    EXPECT_FALSE(marked());
+    pressKey(combo, Qt::Key_End);
+    pressKey(combo, Qt::Key_Backspace);
+    EXPECT_TRUE(marked());
+    QTest::keyClicks(&combo, QStringLiteral("h"));
+    EXPECT_FALSE(marked());
 }
 
 TEST_P(EditableComboTest, TypedTextSurvivesChangesOfTheRows) {
     combo.setCurrentRow(1);
     typeOver(combo, "kse");
-    pressKey(*combo.lineEdit()->completer()->popup(), Qt::Key_Escape);
+    pressKey(*completions(), Qt::Key_Escape);
     combo.addRow("KSEA - Seattle", 4);
     combo.setRowText(1, "EGLC - London City");
     EXPECT_EQ(told(), "1 clicks, -1 'kse'");
@@ -163,7 +200,7 @@ TEST_P(EditableComboTest, NineThousandRowsCompleteAndOpen) {
     }
     combo.setRows(std::move(rows));
     typeOver(combo, "airport number 899");
-    QAbstractItemView* popup = combo.lineEdit()->completer()->popup();
+    QAbstractItemView* popup = completions();
     EXPECT_EQ(popup->model()->rowCount(), 11); // 899 and 8990 to 8999
     EXPECT_GE(popup->width(), popup->fontMetrics().horizontalAdvance(QStringLiteral("A8990 - Airport number 8990")));
     pressKey(*popup, Qt::Key_Escape);

@@ -1,11 +1,14 @@
 // Tests of the Qt side of the program.
 // The model of rows, and the list box: what counts as a click, by mouse, by key and by code, and what is selected when
 // it is told.
+#include "platform/colours.h"
 #include "platform/list_box.h"
 #include "platform/row_width.h"
 #include "support/form_driver.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
 #include <QDialog>
 #include <QPushButton>
 #include <QScrollBar>
@@ -136,6 +139,56 @@ TEST_F(ListBoxTest, CodeClicksOnlyWhenTheCurrentRowChanges) {
     list.setEnabled(false); // a disabled list still shows its current row
     list.setCurrentRow(0);
     EXPECT_EQ(told(), "1 click at 0 of 0");
+}
+
+TEST_F(ListBoxTest, CopiesTheSelectedRowsAsText) {
+    clickRow(list, 4);
+    clickRow(list, 1, Qt::ControlModifier);
+    pressKey(list, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("row 1\nrow 4"));
+    list.clear();
+    list.copySelectedRows();
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("row 1\nrow 4"));
+}
+
+TEST(SelectionTest, ShowsWhetherAKeyWouldReachTheList) {
+    QWidget form;
+    ListBox list(&form);
+    QPushButton other(&form);
+    list.setRows(numberedRows(3));
+    QPalette colours = list.palette();
+    for (const auto& [group, colour] : {std::pair{QPalette::Active, Qt::blue}, {QPalette::Inactive, Qt::gray}}) {
+        colours.setColor(group, QPalette::Highlight, colour);
+    }
+    list.setPalette(colours);
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    list.setFocus();
+    list.setCurrentRow(1);
+    const auto selection = [&] {
+        const QRect row = list.visualRect(list.currentIndex());
+        return QColor(list.viewport()->grab().toImage().pixel(row.right() - 3, row.center().y()));
+    };
+    EXPECT_EQ(selection(), QColor(Qt::blue));
+    other.setFocus();
+    EXPECT_EQ(selection(), QColor(Qt::gray));
+    colours.setColor(QPalette::Inactive, QPalette::Highlight, Qt::blue); // as some desktops have it
+    EXPECT_NE(selectionColours(colours, false).background, QColor(Qt::blue));
+}
+
+TEST(ColoursTest, AreLegibleOnDarkAndAsToldOnLight) {
+    QPalette colours;
+    colours.setColor(QPalette::Base, Qt::white);
+    EXPECT_EQ(faultColour(colours), QColor(192, 0, 0));
+    EXPECT_EQ(fineColour(colours), QColor(0, 128, 0));
+    EXPECT_GE(contrast(warningColour(colours), Qt::white), legibleContrast);
+    for (const QColor dark : {QColor(0, 0, 0), QColor(35, 38, 41), QColor(60, 60, 60)}) {
+        colours.setColor(QPalette::Base, dark);
+        for (const QColor& colour : {faultColour(colours), fineColour(colours), warningColour(colours)}) {
+            EXPECT_GE(contrast(colour, dark), legibleContrast);
+        }
+    }
 }
 
 TEST_F(ListBoxTest, RefillsDropCurrentRowSelectionAndScrollingSilently) {
