@@ -22,6 +22,20 @@ void dropTrailingBackslash(std::string& path) {
     }
 }
 
+// A pattern as the desktop's dialog takes it. Some tell "*.TXT" from "*.txt"; Windows doesn't, and knows no brackets.
+QString nameFilter(std::string_view pattern) {
+    const QString shown = toQString(pattern);
+#ifdef Q_OS_WIN
+    return shown;
+#else
+    QString blind;
+    for (const QChar letter : shown) {
+        blind += letter.isLetter() ? u'[' + letter.toUpper() + letter.toLower() + u']' : QString(letter);
+    }
+    return shown + QStringLiteral(" (") + blind + u')';
+#endif
+}
+
 } // namespace
 
 void cSharedFileSel::SetCaption(std::string_view title) {
@@ -41,12 +55,17 @@ void cSharedFileSel::Filepattern(std::string_view pattern) {
 
 void cSharedFileSel::GetPath() noexcept {
     const StandardTrap trap{"sub getpath", "cSHAREDFileSel"};
-    trap([&] { DisplayDialog(Kind::Folder); });
+    trap(&cSharedFileSel::DisplayDialog, this, Kind::Folder);
 }
 
 void cSharedFileSel::GetFilename() noexcept {
     const StandardTrap trap{"sub getfilename", "cSHAREDFileSel"};
-    trap([&] { DisplayDialog(Kind::File); });
+    trap(&cSharedFileSel::DisplayDialog, this, Kind::File);
+}
+
+void cSharedFileSel::GetExistingFilename() noexcept {
+    const StandardTrap trap{"sub getfilename", "cSHAREDFileSel"};
+    trap(&cSharedFileSel::DisplayDialog, this, Kind::ExistingFile);
 }
 
 void cSharedFileSel::DisplayDialog(Kind kind) {
@@ -65,11 +84,13 @@ void cSharedFileSel::DisplayDialog(Kind kind) {
         dialog.setFileMode(QFileDialog::Directory);
         dialog.setOption(QFileDialog::ShowDirsOnly, false);
         dialog.setLabelText(QFileDialog::FileName, toQString(folderHint));
+        dialog.setLabelText(QFileDialog::Accept, QStringLiteral("&Open"));
     } else {
-        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setFileMode(kind == Kind::ExistingFile ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     }
     if (!m_pattern.empty()) {
-        dialog.setNameFilter(toQString(m_pattern));
+        dialog.setOption(QFileDialog::HideNameFilterDetails);
+        dialog.setNameFilter(nameFilter(m_pattern));
     }
     dialog.setDirectory(toQtPath(m_defaultPath.empty() ? programFolder() : m_defaultPath));
 

@@ -16,13 +16,15 @@ class cSharedFileSel {
     /// program's folder.
     void DefaultPath(std::string_view folder);
     [[nodiscard]] const std::string& DefaultPath() const noexcept { return m_defaultPath; }
-    /// The one file filter, as in "*.TXT".
+    /// The one file filter, as in "*.TXT". Letters count as capitals and small ones alike on every desktop.
     void Filepattern(std::string_view pattern);
 
     /// Asks for a folder that exists; Path is the result.
     void GetPath() noexcept;
     /// Asks for a file, which need not exist.
     void GetFilename() noexcept;
+    /// Asks for a file that exists.
+    void GetExistingFilename() noexcept;
 
     /// Whether the last dialog was cancelled.
     [[nodiscard]] bool Cancelled() const noexcept { return m_cancelled; }
@@ -32,7 +34,7 @@ class cSharedFileSel {
     [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
 
   private:
-    enum class Kind { File, Folder };
+    enum class Kind { File, ExistingFile, Folder };
     void DisplayDialog(Kind kind);
 
     std::string m_caption;

@@ -120,7 +120,7 @@ void FileCommands::loadSelected(const StandardTrap& trap) {
         cSharedFileSel selection;
         selection.Filepattern("*.TXT");
         selection.SetCaption("Choose a flight plan");
-        selection.GetFilename();
+        selection.GetExistingFilename();
         if (!selection.Cancelled()) {
             loadChosen(selection.Path(), selection.Filename());
         }

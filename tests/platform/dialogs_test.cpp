@@ -32,12 +32,27 @@ class DialogsTest : public test::Fixture {
 TEST_F(DialogsTest, AskForFilenameStartsInTheFilesFolder) {
     const auto dialogs = expectFileDialog([](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Select your aircraft.txt file"));
-        EXPECT_EQ(dialog.nameFilters(), QStringList{QStringLiteral("*.TXT")});
         enter(dialog, "new.txt"); // a file need not exist
     });
-    EXPECT_EQ(askforFilename("Select your aircraft.txt file", path("old.txt"), "*.TXT"), path("new.txt"));
+    EXPECT_EQ(askforFilename("Select your aircraft.txt file", path("old.txt")), path("new.txt"));
     const auto cancelled = expectFileDialog(cancel);
     EXPECT_EQ(askforFilename("Title", path("old.txt")), "");
+}
+
+TEST_F(DialogsTest, OnlyAFileThatExistsIsTakenWhereOneMust) {
+    writeFile("Flightplans.txt", "");
+    cSharedFileSel chooser;
+    chooser.DefaultPath(path(""));
+    chooser.Filepattern("*.TXT");
+    const auto dialogs = expectFileDialog([](QFileDialog& dialog) {
+#ifndef _WIN32 // some desktops tell capitals apart
+        EXPECT_EQ(dialog.nameFilters().constFirst(), QStringLiteral("*.TXT (*.[Tt][Xx][Tt])"));
+#endif
+        EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+        enter(dialog, "Flightplans.txt");
+    });
+    chooser.GetExistingFilename();
+    EXPECT_EQ(chooser.Filename(), "Flightplans.txt");
 }
 
 TEST_F(DialogsTest, AFolderIsChosenWithoutATrailingBackslash) {
@@ -45,7 +60,10 @@ TEST_F(DialogsTest, AFolderIsChosenWithoutATrailingBackslash) {
     cSharedFileSel chooser;
     chooser.DefaultPath(path(""));
     {
-        const auto dialogs = expectFileDialog([](QFileDialog& dialog) { enter(dialog, "sub"); });
+        const auto dialogs = expectFileDialog([](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.labelText(QFileDialog::Accept), QStringLiteral("&Open"));
+            enter(dialog, "sub");
+        });
         chooser.GetPath();
     }
     EXPECT_FALSE(chooser.Cancelled());
