@@ -7,6 +7,8 @@
 #include "schedule/find_text.h"
 #include "ui_frmFind.h"
 
+#include <QKeyEvent>
+
 #include <algorithm>
 #include <utility>
 
@@ -19,27 +21,23 @@ constexpr std::string_view module = "frmFind";
 void findstring(ComboBox& combo, QWidget* parent) noexcept {
     const StandardTrap trap{"sub findstring", "modFindString"};
     trap([&] {
-        frmFind form(parent);
-        trap([&] {
-            ListRows rows = combo.rows();
-            rows.emplace_back(); // one past the last row: the search counts on the empty row
-            form.cmbList().setRows(std::move(rows));
-        });
-        trap([&] { form.cmbList().setCurrentRow(std::max(combo.currentRow(), 0)); });
-        trap([&] { form.exec(); });
-        trap([&] {
-            if (form.cmbList().currentRow() >= 0) {
-                combo.setCurrentRow(form.cmbList().currentRow());
-            }
-        });
+        frmFind form(combo, parent);
+        trap(&frmFind::exec, &form);
+        if (const std::optional<int> row = form.found()) {
+            combo.setCurrentRow(*row);
+        }
     });
 }
 
-frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmFind>()) {
+frmFind::frmFind(const ComboBox& searched, QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frmFind>()) {
     ui->setupUi(this);
     if (parent != nullptr) {
         setWindowIcon(parent->window()->windowIcon());
     }
+    ListRows rows = searched.rows();
+    rows.emplace_back(); // one past the last row: the search counts on the empty row
+    ui->cmbList->setRows(std::move(rows));
+    ui->cmbList->setCurrentRow(std::max(searched.currentRow(), 0));
     connect(ui->cmdFirst, &QPushButton::clicked, this, &frmFind::cmdFirst_Click);
     connect(ui->cmdNext, &QPushButton::clicked, this, &frmFind::cmdNext_Click);
     connect(ui->cmdOK, &QPushButton::clicked, this, &frmFind::cmdOK_Click);
@@ -49,14 +47,16 @@ frmFind::frmFind(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::frm
 
 frmFind::~frmFind() = default;
 
-ComboBox& frmFind::cmbList() const {
-    return *ui->cmbList;
+std::optional<int> frmFind::found() const {
+    const int row = ui->cmbList->currentRow();
+    return row >= 0 ? std::optional(row) : std::nullopt;
 }
 
 void frmFind::search() noexcept {
     const StandardTrap trap{"sub findtext", module};
+    m_sought = ui->txtSearchString->text();
     trap([&] {
-        switch (findtext(ui->cmbList->rows(), fromQString(ui->txtSearchString->text()), m_lastfound)) {
+        switch (findtext(ui->cmbList->rows(), fromQString(*m_sought), m_lastfound)) {
         case FindResult::Found:
             ui->cmbList->setCurrentRow(m_lastfound);
             break;
@@ -78,17 +78,28 @@ void frmFind::cmdNext_Click() noexcept {
     search();
 }
 
+void frmFind::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || focusWidget() != ui->txtSearchString) {
+        QDialog::keyPressEvent(event);
+    } else if (m_sought == ui->txtSearchString->text()) {
+        cmdNext_Click();
+    } else {
+        cmdFirst_Click();
+    }
+}
+
 void frmFind::cmdOK_Click() noexcept {
     const StandardTrap trap{"sub cmdok_click", module};
-    trap([&] { accept(); });
-    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+    accept();
+    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 
 void frmFind::cmdExit_Click() noexcept {
     const StandardTrap trap{"sub cmdexit_click", module};
-    trap([&] { ui->cmbList->setCurrentRow(-1); });
-    trap([&] { QDialog::reject(); });
-    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+    ui->cmbList->setCurrentRow(-1);
+    QDialog::reject();
+    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 
 void frmFind::reject() {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace vantor {
 
@@ -23,14 +24,18 @@ void findstring(ComboBox& combo, QWidget* parent) noexcept;
 class frmFind : public QDialog {
     Q_OBJECT
   public:
-    explicit frmFind(QWidget* parent = nullptr);
+    /// Takes over the rows of the searched box, with one empty closing row, and where it stands.
+    frmFind(const ComboBox& searched, QWidget* parent);
     ~frmFind() override;
 
-    /// The copy of the searched box, with one empty closing row. Without a current row nothing was accepted.
-    [[nodiscard]] ComboBox& cmbList() const;
+    /// The row that the user accepted, nothing after Exit.
+    [[nodiscard]] std::optional<int> found() const;
 
     /// Escape and the close box leave as Exit does.
     void reject() override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void cmdFirst_Click() noexcept;
@@ -40,8 +45,9 @@ class frmFind : public QDialog {
     void search() noexcept;
 
     std::unique_ptr<Ui::frmFind> ui;
-    // Row of the last hit. It starts at 0 and not at -1: Next before any First misses row 0, which is meant.
+    // Quirk: the row of the last hit starts at 0 and not at -1, so Next before any First misses row 0.
     std::int16_t m_lastfound = 0;
+    std::optional<QString> m_sought; // the text of the last search
 };
 
 } // namespace vantor

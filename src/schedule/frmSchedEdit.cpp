@@ -5,6 +5,7 @@
 #include "foundation/numbers.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
+#include "platform/colours.h"
 #include "platform/combo_box.h"
 #include "platform/list_box.h"
 #include "schedule/frmFind.h"
@@ -27,9 +28,6 @@ constexpr std::string_view module = "frmFlightEdit";
 constexpr int defaultRepeat = 3; // "6h"
 constexpr int sunday = 1;        // its row in the day boxes
 constexpr int weekData = -1;     // item data of "WEEK"
-
-const QColor overADayColour(192, 0, 0);
-const QColor withinADayColour(0, 128, 0);
 
 using Lock = QScopedValueRollback<bool>;
 
@@ -57,7 +55,7 @@ std::optional<ScheduleRec> editSchedule(QWidget* parent, const ScheduleRec& reco
         trap(busymouse);
         frmSchedEdit editor(parent, record, std::move(rows), startRow);
         trap(normalmouse);
-        trap([&] { editor.exec(); });
+        trap(&frmSchedEdit::exec, &editor);
         edited = editor.edited();
     });
     return edited;
@@ -118,8 +116,8 @@ void frmSchedEdit::connectControls() {
     connect(ui->cmbAirport1, &ComboBox::rowClicked, this, [this] { cmbAirport_click(1); });
     connect(ui->chkFix, &QCheckBox::toggled, this, &frmSchedEdit::chkFix_click);
     connect(ui->chkUseRego, &QCheckBox::toggled, this, &frmSchedEdit::chkUseRego_click);
-    connect(ui->cmdAddLeg, &QPushButton::clicked, this, &frmSchedEdit::cmdAddLeg_Click);
-    connect(ui->cmdInsertLeg, &QPushButton::clicked, this, &frmSchedEdit::cmdInsertLeg_Click);
+    connect(ui->cmdAddLeg, &QPushButton::clicked, this, [this] { addlegtosched(true); });
+    connect(ui->cmdInsertLeg, &QPushButton::clicked, this, [this] { addlegtosched(false); });
     connect(ui->cmdDeleteLeg, &QPushButton::clicked, this, &frmSchedEdit::cmdDeleteLeg_Click);
     connect(ui->cmdFind0, &QPushButton::clicked, this, [this] { cmdFind_Click(0); });
     connect(ui->cmdFind1, &QPushButton::clicked, this, [this] { cmdFind_Click(1); });
@@ -129,38 +127,32 @@ void frmSchedEdit::connectControls() {
 }
 
 void frmSchedEdit::Form_Load() noexcept {
-    const StandardTrap trap{"sub form_load", module};
-    trap([&] {
-        for (ComboBox* const days : {ui->cmbDay0, ui->cmbDay1}) {
-            days->setRows({{"N/A"}, {"Sun"}, {"Mon"}, {"Tue"}, {"Wed"}, {"Thu"}, {"Fri"}, {"Sat"}});
-            days->setCurrentRow(0);
-        }
-    });
-    trap([&] {
-        ui->cmbRepeat->setRows(
-            {{"1h", 1}, {"2h", 2}, {"4h", 4}, {"6h", 6}, {"8h", 8}, {"12h", 12}, {"24h", 24}, {"WEEK", weekData}});
-    });
-    trap([&] { ui->cmbRepeat->setCurrentRow(defaultRepeat); });
-    trap([&] { ui->optIFR->setChecked(true); });
-    trap([&] { ui->txtPercent->setText(QStringLiteral("50")); });
-    trap([&] { ui->lblGMT->setText(toQString(gmtstring())); });
+    for (ComboBox* const days : {ui->cmbDay0, ui->cmbDay1}) {
+        days->setRows({{"N/A"}, {"Sun"}, {"Mon"}, {"Tue"}, {"Wed"}, {"Thu"}, {"Fri"}, {"Sat"}});
+        days->setCurrentRow(0);
+    }
+    for (ComboBox* const box : {ui->cmbAirport0, ui->cmbAirport1, ui->cmbDay0, ui->cmbDay1}) {
+        box->setMarksTypedText();
+    }
+    ui->cmbRepeat->setRows(
+        {{"1h", 1}, {"2h", 2}, {"4h", 4}, {"6h", 6}, {"8h", 8}, {"12h", 12}, {"24h", 24}, {"WEEK", weekData}});
+    ui->cmbRepeat->setCurrentRow(defaultRepeat);
+    ui->optIFR->setChecked(true);
+    ui->txtPercent->setText(QStringLiteral("50"));
+    ui->lblGMT->setText(toQString(gmtstring()));
 }
 
 void frmSchedEdit::offer(EditorRows rows) noexcept {
-    const StandardTrap trap{"sub prepareschedform", module};
     const Lock lock(m_locked, true);
-    trap([&] {
-        ui->cmbAircraft->setRows(std::move(rows.aircraft));
-        ui->cmbAircraft->setCurrentRow(0);
-    });
-    trap(&ComboBox::setRows, ui->cmbAirport0, rows.airports);
-    trap(&ComboBox::setRows, ui->cmbAirport1, std::move(rows.airports));
+    ui->cmbAircraft->setRows(std::move(rows.aircraft));
+    ui->cmbAircraft->setCurrentRow(0);
+    ui->cmbAirport0->setRows(rows.airports);
+    ui->cmbAirport1->setRows(std::move(rows.airports));
 }
 
 void frmSchedEdit::transfersched(const ScheduleRec& rec) noexcept {
-    const StandardTrap trap{"sub transfersched", module};
     const Lock lock(m_locked, true);
-    trap([&] { m_draft = {rec, {}}; });
+    m_draft = {rec, {}};
     fillschedinfo();
     m_currentleg = 1;
     fillleglist(0);
@@ -170,93 +162,87 @@ void frmSchedEdit::transfersched(const ScheduleRec& rec) noexcept {
 void frmSchedEdit::fillschedinfo() noexcept {
     const StandardTrap trap{"sub fillschedinfo", module};
     const ScheduleRec& sched = m_draft.sched;
-    trap([&] { ui->txtRego->setText(toQString(sched.tailnumber.text())); });
-    trap([&] {
-        const int row = aircraftrow(ui->cmbAircraft->rows(), sched.acnum.text());
-        if (row >= 0) {
-            ui->cmbAircraft->setCurrentRow(row);
-        }
-    });
+    ui->txtRego->setText(toQString(sched.tailnumber.text()));
+    if (const int row = aircraftrow(ui->cmbAircraft->rows(), sched.acnum.text()); row >= 0) {
+        ui->cmbAircraft->setCurrentRow(row);
+    }
     trap([&] { ui->txtPercent->setText(toQString(generalNumber(val(sched.percent.text())))); });
-    trap([&] {
-        const bool ifr = upper(sched.rules.text()) == "IFR";
-        ui->optIFR->setChecked(ifr);
-        ui->optVFR->setChecked(!ifr);
-    });
-    // A change of row is a click even while locked, and so the period takes the row's text: 24Hr becomes 24h, but 6Hr
-    // on the default row stays. It is meant.
-    trap([&] {
-        const ListRows& rows = ui->cmbRepeat->rows();
-        if (sched.weekly) {
-            ui->cmbRepeat->setCurrentRow(ui->cmbRepeat->rowCount() - 1);
-            return;
-        }
-        const double hours = val(sched.period.text());
-        const auto found = std::ranges::find_if(rows, [&](const ListRow& row) { return row.itemData == hours; });
-        if (found != rows.end()) {
-            ui->cmbRepeat->setCurrentRow(static_cast<int>(found - rows.begin()));
-        }
-    });
+    const bool ifr = upper(sched.rules.text()) == "IFR";
+    ui->optIFR->setChecked(ifr);
+    ui->optVFR->setChecked(!ifr);
+    trap(&frmSchedEdit::showperiod, this);
+}
+
+// Quirk: a change of row is a click even while locked, and so the period takes the row's text: 24Hr becomes 24h, but
+// 6Hr on the default row stays.
+void frmSchedEdit::showperiod() {
+    if (m_draft.sched.weekly) {
+        ui->cmbRepeat->setCurrentRow(ui->cmbRepeat->rowCount() - 1);
+        return;
+    }
+    const double hours = val(m_draft.sched.period.text());
+    const ListRows& rows = ui->cmbRepeat->rows();
+    const auto found = std::ranges::find_if(rows, [&](const ListRow& row) { return row.itemData == hours; });
+    if (found != rows.end()) {
+        ui->cmbRepeat->setCurrentRow(static_cast<int>(found - rows.begin()));
+    }
 }
 
 void frmSchedEdit::fillleglist(int selected) noexcept {
     const StandardTrap trap{"sub fillleglist", module};
-    trap([&] { ui->List1->setRows(legrows(m_draft.sched)); });
-    trap([&] {
-        if (m_draft.sched.legcount > 0) {
-            ui->List1->setCurrentRow(selected < ui->List1->rowCount() ? selected : 0);
-        }
-    });
-    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
-}
-
-void frmSchedEdit::displayleginfo(std::int16_t leg) noexcept {
-    const auto info = [&]() -> const LegRec& { return std::as_const(m_draft).leg(leg); };
-    const auto goToAirport = [&](ComboBox* box, std::string_view icao) {
-        const int row = rowstartingwith(box->rows(), icao);
-        if (row >= 0) {
-            box->setCurrentRow(row);
-        }
-    };
-    passOver([&] { goToAirport(ui->cmbAirport0, info().fromicao.text()); });
-    passOver([&] { goToAirport(ui->cmbAirport1, info().toicao.text()); });
-    passOver([&] { ui->txtAltitude->setText(QString::number(info().flightlevel)); });
-    passOver([&] { ui->txtFlightNum->setText(toQString(info().flightnum.text())); });
-    passOver([&] { ui->chkTNG->setChecked(info().tng); });
-    passOver([&] { ui->chkFix->setChecked(info().atflag); });
-    if (m_draft.sched.weekly) {
-        passOver([&] { ui->cmbDay0->setCurrentRow(info().depday + 1); });
-        passOver([&] { ui->cmbDay1->setCurrentRow(info().arrday + 1); });
-    } else {
-        passOver([&] { ui->cmbDay0->setCurrentRow(0); });
-        passOver([&] { ui->cmbDay0->setEnabled(false); });
+    ui->List1->setRows(legrows(m_draft.sched));
+    if (m_draft.sched.legcount > 0) {
+        ui->List1->setCurrentRow(selected < ui->List1->rowCount() ? selected : 0);
     }
-    passOver([&] { ui->chkUseRego->setChecked(info().legtype.text() == "R"); });
-    passOver([&] { ui->txtTime->setText(toQString(localtimetext(info().dep.text()))); });
-    passOver([&] { ui->txtETA->setText(toQString(localtimetext(info().arr.text()))); });
-    passOver([&] { displaydistance(m_currentleg, info().fromicao.text(), info().toicao.text()); });
+    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 
-// The two airports are accepted and unused.
-void frmSchedEdit::displaydistance(std::int16_t leg, std::string_view /*from*/, std::string_view /*to*/) noexcept {
+// Without a word about what can't be shown: of a leg that isn't there the boxes keep all they have, and a time that is
+// none leaves its box alone.
+void frmSchedEdit::displayleginfo(std::int16_t number) noexcept {
+    const ScheduleDraft& draft = m_draft;
+    if (!draft.sched.weekly) {
+        ui->cmbDay0->setCurrentRow(0);
+        ui->cmbDay0->setEnabled(false);
+    }
+    if (number != 0 && !draft.sched.legs.has(number)) {
+        return;
+    }
+    const LegRec& leg = draft.leg(number);
+    showairport(*ui->cmbAirport0, leg.fromicao.text());
+    showairport(*ui->cmbAirport1, leg.toicao.text());
+    ui->txtAltitude->setText(QString::number(leg.flightlevel));
+    ui->txtFlightNum->setText(toQString(leg.flightnum.text()));
+    ui->chkTNG->setChecked(leg.tng);
+    ui->chkFix->setChecked(leg.atflag);
+    if (draft.sched.weekly) {
+        ui->cmbDay0->setCurrentRow(leg.depday + 1);
+        ui->cmbDay1->setCurrentRow(leg.arrday + 1);
+    }
+    ui->chkUseRego->setChecked(leg.legtype.text() == "R");
+    passOver([&] { ui->txtTime->setText(toQString(localtimetext(leg.dep.text()))); });
+    passOver([&] { ui->txtETA->setText(toQString(localtimetext(leg.arr.text()))); });
+    displaydistance(leg);
+}
+
+void frmSchedEdit::showairport(ComboBox& box, std::string_view icao) {
+    if (const int row = rowstartingwith(box.rows(), icao); row >= 0) {
+        box.setCurrentRow(row);
+    }
+}
+
+void frmSchedEdit::displaydistance(const LegRec& leg) noexcept {
     const StandardTrap trap{"sub displaydistance", module};
-    trap([&] { ui->lblDistance->setText(toQString(distancetext(std::as_const(m_draft).leg(leg)))); });
-    trap([&] {
-        const bool over = isoveraday(std::as_const(m_draft).leg(leg));
-        QPalette palette = ui->lblDistance->palette();
-        palette.setColor(QPalette::WindowText, over ? overADayColour : withinADayColour);
-        palette.setColor(QPalette::Window, this->palette().color(QPalette::Base));
-        ui->lblDistance->setPalette(palette);
-        ui->lblDistance->setToolTip(over ? QStringLiteral("This leg is over 24 hours long!") : QString());
-    });
-}
-
-void frmSchedEdit::addleg() noexcept {
-    addlegtosched(true);
-}
-
-void frmSchedEdit::insertleg() noexcept {
-    addlegtosched(false);
+    trap([&] { ui->lblDistance->setText(toQString(distancetext(leg))); });
+    const bool over = isoveraday(leg);
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText, over ? faultColour(colours) : fineColour(colours));
+    colours.setColor(QPalette::Window, colours.color(QPalette::Base));
+    ui->lblDistance->setPalette(colours);
+    QFont letters = font();
+    letters.setBold(over); // not by the colour alone
+    ui->lblDistance->setFont(letters);
+    ui->lblDistance->setToolTip(over ? QStringLiteral("This leg is over 24 hours long!") : QString());
 }
 
 void frmSchedEdit::addlegtosched(bool atend) noexcept {
@@ -264,6 +250,7 @@ void frmSchedEdit::addlegtosched(bool atend) noexcept {
     vantor::addlegtosched(trap, m_draft, atend, ui->List1->rowCount(), ui->List1->currentRow(),
                           ui->chkTNG->isChecked());
     fillleglist(ui->List1->currentRow());
+    ui->List1->setFocus();
 }
 
 LegControls frmSchedEdit::shownControls() const {
@@ -294,14 +281,12 @@ void frmSchedEdit::storeleg() {
 }
 
 void frmSchedEdit::cmbRepeat_click() noexcept {
-    const StandardTrap trap{"sub cmbrepeat_click", module};
-    trap([&] { m_draft.sched.period = ui->cmbRepeat->text(); });
-    trap([&] {
-        const bool weekly = ui->cmbRepeat->text() == "WEEK";
-        ui->cmbDay0->setEnabled(weekly);
-        ui->cmbDay1->setEnabled(weekly);
-        m_draft.sched.weekly = weekly;
-    });
+    const std::string repeat = ui->cmbRepeat->text();
+    const bool weekly = repeat == "WEEK";
+    m_draft.sched.period = repeat;
+    m_draft.sched.weekly = weekly;
+    ui->cmbDay0->setEnabled(weekly);
+    ui->cmbDay1->setEnabled(weekly);
 }
 
 bool frmSchedEdit::storeCurrentLeg() noexcept {
@@ -321,11 +306,8 @@ bool frmSchedEdit::storeCurrentLeg() noexcept {
 }
 
 void frmSchedEdit::List1_click() noexcept {
-    if (m_locked) {
-        return;
-    }
-    if (!storeCurrentLeg()) {
-        return; // the list shows the new row while the old leg stays in the frame
+    if (m_locked || !storeCurrentLeg()) {
+        return; // after a time that is none the list shows the new row while the old leg stays in the frame
     }
     passOver([&] { m_currentleg = toInt16(ui->List1->currentRow() + 1); });
     if (m_currentleg != 0) {
@@ -339,57 +321,43 @@ void frmSchedEdit::cmbAirport_click(int index) noexcept {
         return;
     }
     const StandardTrap trap{"sub cmbairport_click", module};
-    std::string code;
-    trap([&] { code = extractcode(cmbAirport(index).text()); });
-    changeairport(trap, m_draft, m_currentleg, index == 0 ? LegEnd::Departure : LegEnd::Destination, code);
+    changeairport(trap, m_draft, m_currentleg, index == 0 ? LegEnd::Departure : LegEnd::Destination,
+                  extractcode(cmbAirport(index).text()));
     fillleglist(ui->List1->currentRow());
 }
 
 void frmSchedEdit::chkFix_click() noexcept {
-    const StandardTrap trap{"sub chkfix_click", module};
     const bool fix = ui->chkFix->isChecked();
-    trap([&] { ui->cmbDay1->setVisible(fix); });
-    trap([&] { ui->lblDay2->setVisible(fix); });
-    trap([&] { ui->txtETA->setEnabled(fix); });
+    ui->cmbDay1->setVisible(fix);
+    ui->lblDay2->setVisible(fix);
+    ui->txtETA->setEnabled(fix);
 }
 
 void frmSchedEdit::chkUseRego_click() noexcept {
-    const StandardTrap trap{"sub chkuserego_click", module};
-    trap([&] { ui->txtFlightNum->setEnabled(!ui->chkUseRego->isChecked()); });
-}
-
-void frmSchedEdit::cmdAddLeg_Click() noexcept {
-    addleg();
-}
-
-void frmSchedEdit::cmdInsertLeg_Click() noexcept {
-    insertleg();
+    ui->txtFlightNum->setEnabled(!ui->chkUseRego->isChecked());
 }
 
 void frmSchedEdit::cmdDeleteLeg_Click() noexcept {
-    const StandardTrap trap{"sub cmddeleteleg_click", module};
     if (ui->List1->rowCount() == 0) {
         return;
     }
     const int row = ui->List1->currentRow();
     deleteleg(m_draft.sched, row + 1);
     m_draft.leg0 = LegRec{};
-    // The row number stands as a leg number: the leg shown is two above the one deleted, leg 0 (blank) for the first
-    // two rows, and the row made current is that of the leg after the one shown. Both offsets are meant.
-    trap([&] { m_currentleg = toInt16(std::max(row - 1, 0)); });
+    // Quirk: the row number stands as a leg number. The leg shown is two above the one deleted, leg 0 (blank) for the
+    // first two rows, and the row made current is that of the leg after the one shown.
+    m_currentleg = static_cast<std::int16_t>(std::max(row - 1, 0));
     const Lock lock(m_locked, true);
     displayleginfo(m_currentleg);
     fillleglist(m_currentleg);
+    ui->List1->setFocus();
 }
 
 void frmSchedEdit::cmdFind_Click(int index) noexcept {
-    const StandardTrap trap{"sub cmdfind_click", module};
-    trap([&] {
-        ComboBox& box = index == 0 ? *ui->cmbAircraft : cmbAirport(index - 1);
-        if (box.rowCount() > 0) {
-            findstring(box, this);
-        }
-    });
+    ComboBox& box = index == 0 ? *ui->cmbAircraft : cmbAirport(index - 1);
+    if (box.rowCount() > 0) {
+        findstring(box, this);
+    }
 }
 
 void frmSchedEdit::cmdOK_Click() noexcept {
@@ -397,20 +365,20 @@ void frmSchedEdit::cmdOK_Click() noexcept {
         return;
     }
     ScheduleRec& sched = m_draft.sched;
-    passOver([&] { sched.acnum = extractcode(ui->cmbAircraft->text()); });
-    passOver([&] { sched.tailnumber = textOf(ui->txtRego); });
-    passOver([&] { sched.rules = ui->optIFR->isChecked() ? "IFR" : "VFR"; });
-    passOver([&] { sched.percent = textOf(ui->txtPercent) + "%"; });
+    sched.acnum = extractcode(ui->cmbAircraft->text());
+    sched.tailnumber = textOf(ui->txtRego);
+    sched.rules = ui->optIFR->isChecked() ? "IFR" : "VFR";
+    sched.percent = textOf(ui->txtPercent) + "%";
     completelegs(sched);
-    passOver([&] { accept(); });
-    passOver([&] { host().pumpEvents(Pump::PaintAndTimers); });
+    accept();
+    passOver([] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 
 void frmSchedEdit::cmdCancel_Click() noexcept {
     const StandardTrap trap{"sub cmdcancel_click", module};
     m_cancelled = true;
-    trap([&] { QDialog::reject(); });
-    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+    QDialog::reject();
+    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 
 void frmSchedEdit::reject() {

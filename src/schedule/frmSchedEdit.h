@@ -55,10 +55,10 @@ class frmSchedEdit : public QDialog {
 
     void fillschedinfo() noexcept;
     void fillleglist(int selected) noexcept;
-    void displayleginfo(std::int16_t leg) noexcept;
-    void displaydistance(std::int16_t leg, std::string_view from, std::string_view to) noexcept;
-    void addleg() noexcept;
-    void insertleg() noexcept;
+    void showperiod();
+    void displayleginfo(std::int16_t number) noexcept;
+    static void showairport(ComboBox& box, std::string_view icao);
+    void displaydistance(const LegRec& leg) noexcept;
     void addlegtosched(bool atend) noexcept;
     /// Stores the current leg; raises the invalid time error.
     void storeleg();
@@ -73,8 +73,6 @@ class frmSchedEdit : public QDialog {
     void cmbAirport_click(int index) noexcept;
     void chkFix_click() noexcept;
     void chkUseRego_click() noexcept;
-    void cmdAddLeg_Click() noexcept;
-    void cmdInsertLeg_Click() noexcept;
     void cmdDeleteLeg_Click() noexcept;
     void cmdFind_Click(int index) noexcept;
     void cmdOK_Click() noexcept;

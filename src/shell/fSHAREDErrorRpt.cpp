@@ -13,6 +13,8 @@
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QMouseEvent>
+#include <QTextDocument>
 
 namespace vantor {
 
@@ -24,9 +26,14 @@ std::string inProgramFolder(std::string_view name) {
     return programFolder() + "\\" + std::string(name);
 }
 
-// A box's text with the line ends of the program's texts.
+// A box's text with the line ends of the program's texts. The raw text, since the plain one turns no-break spaces into
+// blanks.
 std::string textOf(const QPlainTextEdit* box) {
-    return replaceAll(fromQString(box->toPlainText()), "\n", "\r\n");
+    QString text = box->document()->toRawText();
+    for (const QChar end : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)}) {
+        text.replace(end, QLatin1String("\r\n"));
+    }
+    return fromQString(text);
 }
 
 } // namespace
@@ -85,8 +92,10 @@ void fSHAREDErrorRpt::ShowError(std::string_view text, std::string_view topic) n
 }
 
 bool fSHAREDErrorRpt::eventFilter(QObject* watched, QEvent* event) {
+    // Quirk: a mere click into the box counts as a comment.
     if (watched == m_ui->txtUserMessage->viewport() && event->type() == QEvent::MouseButtonRelease) {
-        m_commentsChanged = true; // a mere click counts as a comment
+        const bool left = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+        m_commentsChanged = m_commentsChanged || left;
     }
     return QDialog::eventFilter(watched, event);
 }

@@ -9,6 +9,7 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace vantor {
@@ -50,7 +51,15 @@ frmAircraftSub::~frmAircraftSub() = default;
 
 void frmAircraftSub::refilllist() noexcept {
     const StandardTrap trap{"sub refilllist", module};
-    trap([&] { ui->List1->setRows(filterAircraftRows(ui->List2->rows(), fromQString(ui->txtFilter->text()))); });
+    trap([&] {
+        const std::string picked = ui->List1->currentText();
+        ListRows rows = filterAircraftRows(ui->List2->rows(), fromQString(ui->txtFilter->text()));
+        const auto kept = std::ranges::find(rows, picked, &ListRow::text);
+        const bool keeps = ui->List1->currentRow() >= 0 && kept != rows.end();
+        const auto row = keeps ? static_cast<int>(kept - rows.begin()) : -1;
+        ui->List1->setRows(std::move(rows));
+        ui->List1->setCurrentRow(row); // narrowing the list must not lose what was picked
+    });
 }
 
 void frmAircraftSub::cmdApply_Click() noexcept {
@@ -90,9 +99,9 @@ void frmAircraftSub::reject() {
 void frmAircraftSub::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     // From the filter both keys lead into the list; a second Enter accepts the row.
-    if (focusWidget() == ui->txtFilter && (enter || event->key() == Qt::Key_Down) && ui->List1->currentRow() < 0) {
+    if (focusWidget() == ui->txtFilter && (enter || event->key() == Qt::Key_Down)) {
         ui->List1->setFocus();
-        ui->List1->setCurrentRow(0);
+        ui->List1->setCurrentRow(std::max(ui->List1->currentRow(), 0));
         return;
     }
     QDialog::keyPressEvent(event);

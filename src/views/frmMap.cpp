@@ -7,7 +7,6 @@
 #include "ui_frmMap.h"
 
 #include <QMouseEvent>
-#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -50,10 +49,9 @@ frmMap::frmMap(QWidget* owner) : QDialog(owner), m_ui(std::make_unique<Ui::frmMa
             setWindowIcon(owner->window()->windowIcon());
         }
     });
-    // A degree of longitude and one of latitude look alike in a square frame. The buttons below it stay on the screen.
-    constexpr double mostOfScreen = 0.9; // the rest is the window's title and border
+    // A degree of longitude and one of latitude look alike in a square frame.
     const int unit = fontMetrics().averageCharWidth();
-    resize(QSize(unit * 120, unit * 128).boundedTo(screen()->availableSize() * mostOfScreen));
+    resize(unit * 120, unit * 128);
     setupscreen();
 }
 
@@ -151,7 +149,7 @@ void frmMap::cmdZoomIn_Click() noexcept {
     trap([&] {
         if (mayZoomIn(sizeInTwips(m_ui->picMap))) {
             m_ui->picMap->resize(m_ui->picMap->size() * 1.25);
-            drawothers(chosenCode()); // fits the map into its frame again: no zoom lasts; it is meant
+            drawothers(chosenCode()); // Quirk: fits the map into its frame again, so no zoom lasts
         }
     });
 }

@@ -53,10 +53,27 @@ TEST_F(FindTest, FindsFromHitToHitAndMovesTheBox) {
         click(dialog, "cmdNext");
         click(dialog, "cmdNext"); // the last real row was the hit: no word
         EXPECT_EQ(shown(dialog), "LOWW - Wien");
-        pressKey(control<QLineEdit>(dialog, "txtSearchString"), Qt::Key_Return); // OK is the default button
+        click(dialog, "cmdOK");
     });
     EXPECT_EQ(box.currentRow(), 4);
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(FindTest, EnterSearchesAndSearchesOn) {
+    find([](QDialog& dialog) {
+        auto& text = control<QLineEdit>(dialog, "txtSearchString");
+        sought(dialog, "s");
+        for (const char* const row : {"KSEA - Seattle", "ESSA - Stockholm"}) {
+            pressKey(text, Qt::Key_Return);
+            EXPECT_EQ(shown(dialog), row);
+        }
+        sought(dialog, "k");
+        pressKey(text, Qt::Key_Return); // another text: from the top
+        EXPECT_EQ(shown(dialog), "KSEA - Seattle");
+        control<ComboBox>(dialog, "cmbList").setFocus();
+        pressKey(control<ComboBox>(dialog, "cmbList"), Qt::Key_Return); // elsewhere OK is the default button
+    });
+    EXPECT_EQ(box.currentRow(), 0);
 }
 
 TEST_F(FindTest, NextBeforeFirstMissesTheFirstRow) {

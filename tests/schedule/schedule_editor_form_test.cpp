@@ -10,9 +10,11 @@
 #include "support/form_driver.h"
 #include "support/traffic.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -147,8 +149,13 @@ TEST_F(ScheduleEditorTest, ChangesBothAirportsOfALeg) {
     EXPECT_EQ(legs(), "CCCC-DDDD *DDDD-AAAA AAAA-CCCC");
     EXPECT_EQ(frame(), "DDDD-AAAA -/12:00:00 -/12:16:00 200 F1 0 NM");
     typeOver(combo("cmbAirport1"), "BBBB - Town"); // typing reaches no leg
-    pressKey(combo("cmbAirport1"), Qt::Key_Tab);
+    EXPECT_EQ(combo("cmbAirport1").toolTip(), QStringLiteral("Pick a row of the list"));
     EXPECT_EQ(legs(), "CCCC-DDDD *DDDD-AAAA AAAA-CCCC");
+    QAbstractItemView& completions = *combo("cmbAirport1").findChild<QCompleter*>()->popup();
+    pressKey(completions, Qt::Key_Down);
+    pressKey(completions, Qt::Key_Return);
+    EXPECT_EQ(legs(), "CCCC-DDDD *DDDD-BBBB BBBB-CCCC");
+    EXPECT_EQ(combo("cmbAirport1").toolTip(), QString());
     EXPECT_EQ(newestAction(), "");
 }
 
@@ -159,6 +166,7 @@ TEST_F(ScheduleEditorTest, AddsAndInsertsLegs) {
     click(*editor, "cmdAddLeg");
     // Setting the row again is a click, which stores the leg that was shown.
     EXPECT_EQ(legs(), "*AAAA-BBBB BBBB-AAAA");
+    EXPECT_TRUE(list().hasFocus());
     EXPECT_EQ(edited().legs[1].flightlevel, 111);
     click(*editor, "cmdInsertLeg");
     // The store of the old leg 1 hits the new one, which now has that number.

@@ -65,7 +65,7 @@ TEST_F(ErrorDialog, ShowsTheFailureAndTheLog) {
 
 TEST_F(ErrorDialog, MailsAndPreviewsWithTheUsersComments) {
     writeFile("log.txt", "a\r\n\r\n100%\r\n" + std::string(500, 'x'));
-    ErrorReport expected{"Error & so on", std::nullopt, readFile("log.txt")};
+    ErrorReport expected{"Error &\xA0so on", std::nullopt, readFile("log.txt")};
     shown(expected.error, [&](fSHAREDErrorRpt& form) {
         const auto checkMail = [&](const char* when) {
             click(form, "cmdEmail");
@@ -78,6 +78,8 @@ TEST_F(ErrorDialog, MailsAndPreviewsWithTheUsersComments) {
         click(form, "cmdShowComments");
         checkMail("with nothing entered yet");
         auto& comments = control<QPlainTextEdit>(form, "txtUserMessage");
+        QTest::mouseClick(comments.viewport(), Qt::RightButton);
+        checkMail("with a look at the menu");
         QTest::mouseClick(comments.viewport(), Qt::LeftButton);
         expected.comments = "";
         checkMail("a mere click counts");

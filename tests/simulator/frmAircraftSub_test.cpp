@@ -52,6 +52,9 @@ TEST_F(FrmAircraftSub, OffersFiltersAndAsksForARow) {
                   click(dialog, "cmdOK");
                   EXPECT_TRUE(dialog.isVisible());
                   clickRow(control<ListBox>(dialog, "List1"), 0);
+                  click(dialog, "cmdClear"); // it stays picked while it is listed
+                  EXPECT_EQ(control<ListBox>(dialog, "List1").currentRow(), 1);
+                  typeOver(filter, "airb");
                   click(dialog, "cmdOK");
               }),
               "AC#9 - \"Airbus\"|AC#2 - \"Airbus\"");
