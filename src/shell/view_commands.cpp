@@ -8,10 +8,10 @@
 #include "platform/printer_choice.h"
 #include "shell/command_runner.h"
 #include "shell/lists.h"
+#include "shell/schedule_print.h"
 #include "ui_frmMain.h"
 #include "views/frmChart.h"
 #include "views/frmMap.h"
-#include "views/frmSchedulePrint.h"
 #include "views/gates.h"
 #include "views/timetable.h"
 

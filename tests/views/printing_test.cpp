@@ -2,11 +2,11 @@
 #include "core/combo_rows.h"
 #include "platform/code_page.h"
 #include "platform/printer_choice.h"
+#include "shell/schedule_print.h"
 #include "shell/view_commands.h"
 #include "support/expect_error.h"
 #include "support/main_window.h"
 #include "support/traffic.h"
-#include "views/frmSchedulePrint.h"
 
 #include <QPrinter>
 #include <QProcess>

@@ -1,4 +1,4 @@
-// Views: read-only views of one airport's traffic.
+// Shell: the main window, its dialogs and the settings of the application.
 // The printing of a schedule through the system's printers.
 #pragma once
 

@@ -1,4 +1,4 @@
-#include "views/frmSchedulePrint.h"
+#include "shell/schedule_print.h"
 
 #include "foundation/error.h"
 #include "foundation/text.h"
