@@ -8,6 +8,7 @@
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
 #include "core/tables.h"
+#include "core/undo.h"
 #include "floor.h"
 #include "peer.h"
 #include "platform/picture_box.h"
@@ -47,6 +48,8 @@ constexpr double listLimit = 0.15;
 constexpr double memoryLimit = 3.5;
 constexpr double firstWindowLimit = 0.5;
 constexpr double slopeLimit = 1.2;
+constexpr double journalLimit = 1.3;
+constexpr double undoLimit = 1.0;
 constexpr const char* airport = "AABC";
 constexpr const char* busiestAirport = "AAAA"; // of a world with one
 constexpr StandardTrap caller{"bench", "bench"};
@@ -133,6 +136,28 @@ void addChanges(const Add& add, const Work& load) {
     change("change: delete all", [] { deleteByAirport(caller, "*"); });
 }
 
+// What the journal costs the changes that touch most, and how long taking them back takes.
+void addJournal(const Work& load) {
+    const auto against = [](const std::string& name, const char* unit, double limit, const Prepared& base,
+                            const Prepared& subject) {
+        addRow({.name = name, .unit = unit, .limit = limit}, [=] { return holdAgainst(base, subject); });
+    };
+    for (const char* const pattern : {"AA*", "*"}) {
+        const Work change = [=] { deleteByAirport(caller, pattern); };
+        const Work step = [=] {
+            const Step named("change");
+            change();
+        };
+        const Work loadAndStep = [=] {
+            load();
+            step();
+        };
+        const std::string name = std::string("delete by ") + pattern;
+        against(name + ": with the journal", "x without it", journalLimit, {change, load}, {step, load});
+        against(name + ": undo", "x change", undoLimit, {step, load}, {[] { undo(); }, loadAndStep});
+    }
+}
+
 // The main table, over the largest mixed world.
 void measureAgainstFloor(Window& window) {
     const QTemporaryDir temporary;
@@ -172,6 +197,7 @@ void measureAgainstFloor(Window& window) {
         floor.prepare();
         floor.work(); // the caches are cold then, as they are for the other rows
     });
+    addJournal(load.work);
 
     std::printf("%d schedules, %lld legs, %.1f MB of text; medians, each time held against a run of the floor (or "
                 "sqlite3) just before it\n\n",
