@@ -17,6 +17,7 @@ enum class Pointer { Normal, Busy, SizeAll };
 enum class Pump {
     PaintAndTimers, ///< the window repaints and timers run; keys and clicks wait
     Everything,     ///< keys and clicks as well, for waits that can be cancelled
+    DropInput,      ///< the window repaints and timers run; keys and clicks are lost
 };
 
 /// The system's version record. Platform 1 is the 9x line, 2 the NT line, 0 anything else.

@@ -6,11 +6,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <optional>
 #include <string>
 #include <system_error>
+#include <thread>
 #include <vector>
 
 #ifdef _WIN32
@@ -23,6 +25,10 @@
 
 namespace vantor {
 
+namespace {
+constexpr int restBetweenLooks = 10; // milliseconds from one look at a running program to the next
+} // namespace
+
 bool isWindowsProgram(const std::filesystem::path& program) {
     std::ifstream file(program, std::ios::binary);
     return file.get() == 'M' && file.get() == 'Z';
@@ -30,7 +36,7 @@ bool isWindowsProgram(const std::filesystem::path& program) {
 
 #ifdef _WIN32
 
-std::uint32_t runToEnd(std::string_view command) {
+std::uint32_t runToEnd(std::string_view command, const std::function<void()>& meanwhile) {
     std::string line(command);
     STARTUPINFOA start{};
     start.cb = sizeof start;
@@ -38,7 +44,11 @@ std::uint32_t runToEnd(std::string_view command) {
     CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, NORMAL_PRIORITY_CLASS, nullptr, nullptr, &start,
                    &process);
     // With no process the handles are null, and both calls fail without a word.
-    DWORD code = WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD code = WaitForSingleObject(process.hProcess, meanwhile ? restBetweenLooks : INFINITE);
+    while (code == WAIT_TIMEOUT) {
+        meanwhile();
+        code = WaitForSingleObject(process.hProcess, restBetweenLooks);
+    }
     GetExitCodeProcess(process.hProcess, &code);
     if (process.hThread != nullptr) {
         CloseHandle(process.hThread);
@@ -126,11 +136,16 @@ std::vector<std::string> splitArguments(std::string_view text) {
     return arguments;
 }
 
-std::uint32_t waitFor(pid_t process) {
+std::uint32_t waitFor(pid_t process, const std::function<void()>& meanwhile) {
     int status = 0;
-    while (waitpid(process, &status, 0) == -1) {
-        if (errno != EINTR) {
+    for (pid_t ended = 0; ended != process;) {
+        ended = waitpid(process, &status, meanwhile ? WNOHANG : 0);
+        if (ended == -1 && errno != EINTR) {
             return waitFailed;
+        }
+        if (ended == 0) {
+            meanwhile();
+            std::this_thread::sleep_for(std::chrono::milliseconds(restBetweenLooks));
         }
     }
     constexpr int signalBase = 128; // as shells tell it
@@ -139,7 +154,7 @@ std::uint32_t waitFor(pid_t process) {
 
 } // namespace
 
-std::uint32_t runToEnd(std::string_view command) {
+std::uint32_t runToEnd(std::string_view command, const std::function<void()>& meanwhile) {
     const std::optional<Invocation> invocation = takeApart(command);
     if (!invocation) {
         return waitFailed;
@@ -163,7 +178,7 @@ std::uint32_t runToEnd(std::string_view command) {
     if (posix_spawnp(&process, words.front().c_str(), nullptr, nullptr, pointers.data(), environ) != 0) {
         return waitFailed;
     }
-    return waitFor(process);
+    return waitFor(process, meanwhile);
 }
 
 #endif

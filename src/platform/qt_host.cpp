@@ -5,6 +5,7 @@
 #include "foundation/native_path.h"
 #include "foundation/process.h"
 #include "platform/code_page.h"
+#include "platform/text_window.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -24,6 +25,8 @@
 #include <qt_windows.h>
 // Needs the system's header before it.
 #include <shellapi.h>
+#else
+#include <unistd.h>
 #endif
 
 namespace vantor {
@@ -44,6 +47,35 @@ Qt::CursorShape shapeOf(Pointer pointer) {
         break;
     }
     return Qt::ArrowCursor;
+}
+
+// Swallows keys and clicks for as long as it filters the application's events.
+class InputDropper : public QObject {
+  public:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+            return true;
+        default:
+            return false;
+        }
+    }
+};
+
+// Takes the place of a viewer that does not start.
+void showOwnWindow(QWidget* owner, const std::string& path) {
+    auto* const window = new TextWindow(owner, path);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->show();
 }
 
 void startDetached(const QString& program, const QStringList& arguments) {
@@ -135,6 +167,10 @@ void QtHost::showPointer(Pointer pointer) {
 
 void QtHost::pumpEvents(Pump what) {
     ++m_pumps;
+    InputDropper dropper;
+    if (what == Pump::DropInput) {
+        qApp->installEventFilter(&dropper);
+    }
     QCoreApplication::processEvents(what == Pump::PaintAndTimers ? QEventLoop::ExcludeUserInputEvents
                                                                  : QEventLoop::AllEvents);
     --m_pumps;
@@ -195,9 +231,27 @@ std::optional<SystemVersion> QtHost::systemVersion() {
 
 void QtHost::viewTextFile(std::string_view path) {
 #ifdef Q_OS_WIN
-    startDetached(QStringLiteral("notepad"), {QDir::toNativeSeparators(toQtPath(path))});
+    if (!QProcess::startDetached(QStringLiteral("notepad"), {QDir::toNativeSeparators(toQtPath(path))})) {
+        showOwnWindow(owner(), std::string(path));
+    }
 #else
-    startDetached(QStringLiteral("xdg-open"), {toQtPath(path)});
+    // Not detached: that no program opens text files shows in the exit code alone. The process object is let go when
+    // the viewer has ended, and not at the program's end, which would take the viewer along.
+    auto* const viewer = new QProcess;
+    const auto insteadOfViewer = [viewer, owner = QPointer<QWidget>(owner()), file = std::string(path)] {
+        showOwnWindow(owner, file);
+        viewer->deleteLater();
+    };
+    QObject::connect(viewer, &QProcess::errorOccurred, viewer, [insteadOfViewer](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            insteadOfViewer();
+        }
+    });
+    QObject::connect(viewer, &QProcess::finished, viewer,
+                     [viewer, insteadOfViewer](int code) { code == 0 ? viewer->deleteLater() : insteadOfViewer(); });
+    viewer->setProcessChannelMode(QProcess::ForwardedChannels);
+    viewer->setChildProcessModifier([] { ::setsid(); });
+    viewer->start(QStringLiteral("xdg-open"), {toQtPath(path)});
 #endif
 }
 

@@ -22,6 +22,8 @@
 
 #include <QMessageBox>
 
+#include <optional>
+
 namespace vantor {
 
 namespace {
@@ -187,9 +189,14 @@ void FileCommands::saveFlights(const StandardTrap& trap) {
         host().message("Save cancelled");
         return;
     }
+    std::optional<Error> failure;
     {
         const BusyPointer busy{trap};
-        savesc(m_workspace.flightsname);
+        failure = savesc(m_workspace.flightsname);
+    }
+    if (failure) {
+        host().message("Flight plans not saved to " + m_workspace.flightsname + ": " + failure->description());
+        return;
     }
     m_workspace.unsavedchanges = false;
     m_workspace.savedstate = journal().state();
@@ -203,11 +210,16 @@ void FileCommands::saveAircraft(const StandardTrap& trap) {
         host().message("Save Cancelled"); // Quirk: a capital here, unlike the flight plans'.
         return;
     }
+    std::optional<Error> failure;
     {
         const BusyPointer busy{trap};
-        saveaircraft();
+        failure = saveaircraft();
     }
     // Quirk: it names the file in use, although the save goes to its fixed name.
+    if (failure) {
+        host().message("Aircraft not saved to " + m_workspace.aircraftname + ": " + failure->description());
+        return;
+    }
     host().message("Aircraft saved to " + m_workspace.aircraftname);
 }
 

@@ -18,6 +18,19 @@ namespace {
 
 constexpr std::string_view module = "frmMain";
 
+// The focus goes back to the list that a command came from: its button may be disabled now, and Qt would pass the focus
+// on to whatever comes next.
+class FocusBack {
+  public:
+    explicit FocusBack(ListBox* list) : m_list(list) {}
+    ~FocusBack() { m_list->setFocus(); }
+    FocusBack(const FocusBack&) = delete;
+    FocusBack& operator=(const FocusBack&) = delete;
+
+  private:
+    ListBox* m_list;
+};
+
 void find(ComboBox& box, QWidget& owner) {
     if (box.rowCount() > 0) {
         findstring(box, &owner);
@@ -54,6 +67,7 @@ std::optional<ScheduleRec> ScheduleCommands::askForEdit(const ScheduleRec& sched
 }
 
 void ScheduleCommands::add(const StandardTrap& trap) {
+    const FocusBack focus{m_ui.List1};
     ScheduleRec schedule;
     trap([&] { schedule = defaultschedule(m_ui.cmbAC->text()); });
     if (const std::optional<ScheduleRec> edited = askForEdit(schedule)) {
@@ -66,6 +80,7 @@ void ScheduleCommands::add(const StandardTrap& trap) {
 }
 
 void ScheduleCommands::copy(const StandardTrap& trap) {
+    const FocusBack focus{m_ui.List1};
     const std::int32_t id = m_ui.List1->currentItemData();
     if (id == 0) {
         // Quirk: the guard is that of cmdEditSchedule, and so it is that button which is disabled.
@@ -81,6 +96,7 @@ void ScheduleCommands::copy(const StandardTrap& trap) {
 }
 
 void ScheduleCommands::edit(const StandardTrap& trap) {
+    const FocusBack focus{m_ui.List1};
     const std::int32_t id = m_ui.List1->currentItemData();
     if (id == 0) {
         m_ui.cmdEditSchedule->setEnabled(false);
@@ -105,6 +121,7 @@ void ScheduleCommands::edit(const StandardTrap& trap) {
 }
 
 void ScheduleCommands::toggleSelected(const StandardTrap& trap) {
+    const FocusBack focus{m_ui.List1};
     const int saved = m_ui.List1->currentRow();
     int count = 0;
     for (int row = 0; row < m_ui.List1->rowCount(); ++row) {
@@ -123,6 +140,7 @@ void ScheduleCommands::toggleSelected(const StandardTrap& trap) {
 }
 
 void ScheduleCommands::editLeg(const StandardTrap& trap) {
+    const FocusBack focus{m_ui.List2};
     const LegId id = extractindexes(m_ui.List2->currentItemData()).value_or(LegId{});
     if (!id) {
         return;
@@ -146,6 +164,7 @@ void ScheduleCommands::editLeg(const StandardTrap& trap) {
 }
 
 void ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
+    const FocusBack focus{m_ui.List2};
     ScheduleRec touched;
     LegId id;
     int count = 0;

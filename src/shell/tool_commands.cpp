@@ -2,8 +2,8 @@
 
 #include "core/settings_keys.h"
 #include "core/tables.h"
+#include "foundation/busy_pointer.h"
 #include "foundation/disk.h"
-#include "foundation/host.h"
 #include "foundation/native_path.h"
 #include "platform/code_page.h"
 #include "shell/application_settings.h"
@@ -79,7 +79,7 @@ void ToolCommands::chooseMode(std::int16_t mode) {
     setupformwithcurrentmode();
 }
 
-void ToolCommands::compile(const StandardTrap& /*trap*/) {
+void ToolCommands::compile(const StandardTrap& trap) {
     if (schedulecount == 0) {
         host().message("No data loaded, cannot compile");
         return;
@@ -91,15 +91,23 @@ void ToolCommands::compile(const StandardTrap& /*trap*/) {
     }
     if (host().askYesNo(m_workspace.unsavedchanges ? unsavedQuestion : updateQuestion())) {
         // What the tool made of it can't be known: nothing is looked at, and the tool gets what is on disk.
-        ExecCmd(compileCommand(compiletool));
+        runTool(trap, compileCommand(compiletool));
     }
 }
 
 void ToolCommands::decompile(const StandardTrap& trap) {
     if (host().askYesNo(decompileQuestion)) {
-        trap([] { ExecCmd(decompileCommand(decompiletool)); });
+        runTool(trap, decompileCommand(decompiletool));
         host().message(reloadNow);
     }
+}
+
+void ToolCommands::runTool(const StandardTrap& trap, const std::string& command) {
+    const BusyPointer busy{trap};
+    // Keys and clicks meanwhile are lost: carried out afterwards, they would meet what nobody aimed at.
+    const auto repaint = [&] { trap(&Host::pumpEvents, host(), Pump::DropInput); };
+    trap(ExecCmd, command, repaint);
+    repaint();
 }
 
 void ToolCommands::report(const StandardTrap& /*trap*/) {

@@ -5,6 +5,7 @@
 #include "foundation/trap.h"
 
 #include <cstdint>
+#include <string>
 
 class QRadioButton;
 class QWidget;
@@ -33,6 +34,7 @@ class ToolCommands {
     void report(const StandardTrap& trap);
     void settings(const StandardTrap& trap);
 
+    void runTool(const StandardTrap& trap, const std::string& command);
     void connectMode(QRadioButton* option, Procedure procedure, std::int16_t mode, CommandRunner& runner);
     void chooseMode(std::int16_t mode);
     void markMode();

@@ -108,8 +108,8 @@ std::string decompileCommand(std::string_view tool) {
     return toolCommand(tool, "de");
 }
 
-std::uint32_t ExecCmd(const std::string& command) {
-    return runToEnd(command);
+std::uint32_t ExecCmd(const std::string& command, const std::function<void()>& meanwhile) {
+    return runToEnd(command, meanwhile);
 }
 
 } // namespace vantor

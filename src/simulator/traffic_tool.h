@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -18,8 +19,8 @@ namespace vantor {
 /// The command line that makes `tool` extract the files of the family plansuffix.
 [[nodiscard]] std::string decompileCommand(std::string_view tool);
 
-/// Runs a command line to its end, the window standing still meanwhile, and gives the exit code. A tool that doesn't
-/// start is no error and gives 0xFFFFFFFF. Any fault passes to the caller, who traps it.
-std::uint32_t ExecCmd(const std::string& command);
+/// Runs a command line to its end, calling `meanwhile` over and over, and gives the exit code. A tool that doesn't
+/// start is no error and gives 0xFFFFFFFF. Any fault passes to the caller, who traps it; `meanwhile` must not throw.
+std::uint32_t ExecCmd(const std::string& command, const std::function<void()>& meanwhile = {});
 
 } // namespace vantor

@@ -1,114 +1,157 @@
 // Tests of the main window.
-// Its two lists and the boxes that choose what they show, clicked through as a user does. What rows say and which
-// buttons they allow is tested without the window.
+// Its lists, the boxes that choose what they show, and the buttons under them. What rows say and which buttons they
+// allow is tested without the window.
 #include "platform/code_page.h"
+#include "schedule/schedule_commands.h"
 #include "support/main_window.h"
+#include "support/traffic.h"
 
+#include <QApplication>
 #include <QGroupBox>
 #include <QPushButton>
-
-#include <string>
 
 namespace vantor::test {
 namespace {
 
 class ListsTest : public MainWindowFixture {
   protected:
-    [[nodiscard]] std::string rows(std::string_view name) const { return rowsOf(list(name).rows()); }
-    [[nodiscard]] std::string title(std::string_view frame) const {
-        return fromQString(control<QGroupBox>(form(), frame).title());
+    [[nodiscard]] std::string titles() const {
+        return fromQString(control<QGroupBox>(form(), "fraList1").title() + u'|' +
+                           control<QGroupBox>(form(), "fraList2").title());
     }
-    // The states of Edit, Copy, Delete and Swap Aircraft, and then of the leg's Edit and Delete.
-    [[nodiscard]] std::string buttons() const {
-        std::string states;
-        for (const char* const name :
-             {"cmdEditSchedule", "cmdCopy", "cmdDeleteSchedule", "cmdSwapAC", "cmdEditLeg", "cmdDeleteLeg"}) {
-            states += control<QPushButton>(form(), name).isEnabled() ? '+' : '-';
-        }
-        return states;
+    [[nodiscard]] std::string caption(std::string_view button) const {
+        return fromQString(control<QPushButton>(form(), button).text().remove(u'&'));
     }
-    // The numbers of the legs shown.
-    [[nodiscard]] std::string legs() const {
-        std::string numbers;
-        for (const ListRow& row : list("List2").rows()) {
-            numbers += std::to_string(row.itemData) + " ";
-        }
-        return numbers;
+    /// Presses a button that opens the editor, and ends it by the button `end` behind what `user` does.
+    void edit(std::string_view button, std::string_view end, const std::function<void(QDialog&)>& user = {}) const {
+        press(button, "frmSchedEdit", [&](QDialog& dialog) {
+            if (user) {
+                user(dialog);
+            }
+            click(dialog, end);
+        });
     }
-    const std::string one = "AC#1 - \"Boeing 737\" GAAA (IFR,2 legs)|";
-    const std::string two = "AC#2 - \"Gone\" GBBB (IFR,2 legs)|";
-    const std::string three = "AC#2 - \"Gone\" GCCC (IFR,2 legs)|";
-    const std::string four = "AC#3 - \"Airbus\" GDDD (IFR,2 legs)|";
+    [[nodiscard]] std::string focus() const { return fromQString(form().focusWidget()->objectName()); }
 };
 
-TEST_F(ListsTest, EveryFlightIsListedAndClickedThrough) {
-    press("cmdListall");
-    EXPECT_EQ(rows("List1"), one + two + three + four + "|");
-    EXPECT_EQ(title("fraList1"), "Listing all flights");
-    EXPECT_EQ(list("List1").currentRow(), 0);
-    EXPECT_EQ(legs() + buttons(), "------") << "no legs until a click";
-    clickRow(list("List1"), 3);
-    EXPECT_EQ(title("fraList2"), "Legs in flight #4");
-    // EGKK lies 22 nautical miles from EGLL.
-    EXPECT_EQ(rows("List2"), "FL#1 - EGKK to EGLL (22 nm) dpt 06:00:00 every 24HR|"
-                             "FL#2 - EGLL to EGKK (22 nm) dpt 12:00:00 every 24HR|");
-    EXPECT_EQ(list("List2").currentRow(), 0);
-    EXPECT_EQ(buttons(), "++++++");
-    clickRow(list("List1"), 1, Qt::ControlModifier);
-    EXPECT_EQ(buttons(), "--++++") << "two rows";
-    pressKey(list("List1"), Qt::Key_End);
-    EXPECT_EQ(list("List1").currentRow(), 4);
-    EXPECT_EQ(legs() + buttons(), "2001 2002 ------") << "the closing row leaves the legs";
-}
-
-TEST_F(ListsTest, FlightsOfAnAircraftOrAnAirportPickedOrTyped) {
-    pickRow(combo("cmbAC"), 1); // AC#2
-    press("cmdListACnum");
-    EXPECT_EQ(rows("List1"), two + three + "|");
-    typeOver(combo("cmbAC"), "ac#3");
-    EXPECT_EQ(box("txtATCAircraft"), "AC#2") << "typing is no click";
-    press("cmdListACnum");
-    EXPECT_EQ(rows("List1"), four + "|");
-
-    pickRow(combo("cmbICAO"), 0); // EGLL
-    pickRow(combo("cmbICAO"), 3); // EGSS
-    for (const char* const name : {"txtICAO1", "txtSplitICAO", "txtSplitIcao1", "txtDelByICAO", "txtSplitACICAO"}) {
-        EXPECT_EQ(box(name), "EGSS") << name;
-    }
-    press("cmdListICAO");
-    EXPECT_EQ(rows("List1"), two + "|");
-    typeOver(combo("cmbICAO"), "lfpg");
-    press("cmdListICAO");
-    EXPECT_EQ(rows("List1"), one + two + three + "|");
-    EXPECT_EQ(box("txtICAO1"), "EGSS") << "typing is no click";
-}
-
-TEST_F(ListsTest, AircraftOfAnAirportShowTheirLegsThere) {
-    pickRow(combo("cmbICAO"), 0); // EGLL
-    press("cmdListUniqueICAO");
-    EXPECT_EQ(rows("List1"), "AC#1 - \"Boeing 737\"|AC#2 - \"Gone\"|AC#3 - \"Airbus\"||");
-    EXPECT_EQ(title("fraList1"), "Aircraft which visit EGLL");
-    const std::string percentBox = box("txtATCAircraft");
-    clickRow(list("List1"), 1);
+TEST_F(ListsTest, ListingsAndClicksOnTheirRows) {
+    play({{"cmdListall", "[1] 2 3 4 .||------"}, // no legs until a click
+          {"List1:3", "1 2 3 [4] .|[4001] 4002|++++++"},
+          {"List1+1", "1 [2] 3 (4) .|[2001] 2002|--++++"},
+          {"List1:4", "1 2 3 4 [.]|[2001] 2002|------"}, // the closing row leaves the legs
+          {"cmbAC:1", "1 2 3 4 [.]|[2001] 2002|------"},
+          {"cmdListACnum", "[2] 3 .||------"},
+          {"cmbAC=ac#3", "[2] 3 .||------"},
+          {"cmdListACnum", "[4] .||------"},
+          {"cmbICAO:0", "[4] .||------"},
+          {"cmbICAO:3", "[4] .||------"},
+          {"cmdListICAO", "[2] .||------"},
+          {"cmbICAO=egll", "[2] .||------"},
+          {"cmdListICAO", "[1] 3 4 .||------"},
+          {"cmdListUniqueICAO", "[AC#1] AC#2 AC#3 .||------"},
+          {"List1:1", "AC#1 [AC#2] AC#3 .|[3001] 3002|----++"}}); // of its four legs those at the airport
+    EXPECT_EQ(titles(), "Aircraft which visit EGLL|Flights to/from EGLL by \"Gone\"");
     EXPECT_EQ(combo("cmbAC").text(), "AC#2 - \"Gone\"");
-    EXPECT_EQ(box("txtATCAircraft"), percentBox) << "setting the text is no click";
-    EXPECT_EQ(legs(), "3001 3002 ") << "of its four legs those at the airport";
-    EXPECT_EQ(title("fraList2"), "Flights to/from EGLL by \"Gone\"");
-    EXPECT_EQ(buttons(), "----++") << "no schedule stands behind the row";
+    EXPECT_EQ(box("txtATCAircraft") + box("txtDelByICAO"), "AC#2EGSS") << "neither typing nor a text set is a click";
+    EXPECT_EQ(box("txtICAO1") + box("txtSplitICAO") + box("txtSplitIcao1") + box("txtSplitACICAO"), "EGSSEGSSEGSSEGSS");
+    play({{"cmdListUniqueAC", "[EGLL] EGSS LFPG .||----++"}, // the legs' buttons stay
+          {"List1:1", "EGLL [EGSS] LFPG .|[2001] 2002|------"},
+          {"List1:3", "EGLL EGSS LFPG [.]|[2001] 2002|------"}});
+    EXPECT_EQ(combo("cmbICAO").text() + box("txtICAO1") + box("txtDelByICAO"), "EGSS - EGSSEGSSEGSS");
 }
 
-TEST_F(ListsTest, AirportsOfAnAircraftAreSortedAndShowItsLegs) {
-    pickRow(combo("cmbAC"), 1); // AC#2
-    press("cmdListUniqueAC");
-    EXPECT_EQ(rows("List1"), "EGLL - EGLL|EGSS - EGSS|LFPG - LFPG||");
-    const std::string other = box("txtDelByICAO");
-    clickRow(list("List1"), 1);
-    EXPECT_EQ(combo("cmbICAO").text(), "EGSS - EGSS");
-    EXPECT_EQ(box("txtICAO1"), "EGSS");
-    EXPECT_EQ(box("txtDelByICAO"), other) << "setting the text is no click";
-    EXPECT_EQ(legs(), "2001 2002 ");
-    clickRow(list("List1"), 3);
-    EXPECT_EQ(combo("cmbICAO").text(), "EGSS - EGSS") << "the closing row does nothing";
+TEST_F(ListsTest, AFaultOfTheListingIsToldAndHidesTheListsUntilTheNext) {
+    changeSchedule(2, [](ScheduleRec& schedule) { schedule.legcount = 3; });
+    const std::string fault = "Error 'Subscript out of range' showing leg 3 of schedule 2";
+    play({{"cmbICAO=egkk", "||------"},
+          {"cmdListICAO", "hidden |hidden |------", {{fault}}},
+          {"cmdListall", "[1] 2 3 4 .||------"}});
+    EXPECT_EQ(logTexts().back(), fault);
+}
+
+TEST_F(ListsTest, SchedulesAreChangedAndTheFocusReturnsToTheirList) {
+    play({{"cmdListall", "[1] 2 3 4 .||------"}, {"List1:1", "1 [2] 3 4 .|[2001] 2002|++++++"}});
+    const ScheduleRec before = schedules.peek(2);
+    edit("cmdEditSchedule", "cmdCancel", [](QDialog& dialog) { click(dialog, "cmdDeleteLeg"); });
+    EXPECT_EQ(seen() + focus(), "1 [2] 3 4 .|[2001] 2002|----++List1");
+    edit("cmdAddSchedule", "cmdCancel");
+    EXPECT_EQ(seen() + focus(), "1 [2] 3 4 .|[2001] 2002|----++List1");
+    play({{"List1:1", "1 [2] 3 4 .|[2001] 2002|++++++"}, {"List2:1", "1 [2] 3 4 .|2001 [2002]|++++++"}});
+    edit("cmdEditLeg", "cmdCancel",
+         [](QDialog& dialog) { EXPECT_EQ(control<ListBox>(dialog, "List1").currentRow(), 1); });
+    EXPECT_EQ(seen() + focus(), "*1 [2] 3 4 .|[2001] 2002|++++++List2") << "the flag is set ahead of the editor";
+    EXPECT_EQ(schedules.peek(2), before);
+
+    form().workspace().unsavedchanges = false;
+    play({{"cmbAC:1", "1 [2] 3 4 .|[2001] 2002|++++++"},
+          {"cmdListACnum", "[2] 3 .||----++"},
+          {"List1:1", "2 [3] .|[3001] 3002|++++++"}});
+    edit("cmdEditSchedule", "cmdOK", [](QDialog& dialog) { typeOver(control<QWidget>(dialog, "txtRego"), "NEW"); });
+    EXPECT_EQ(seen() + focus(), "*2 [3] .|[3001] 3002|----++List1");
+    EXPECT_EQ(list("List1").currentText(), "AC#2 - \"Gone\" NEW (IFR,2 legs)");
+    combo("cmbAC").setCurrentRow(2);
+    edit("cmdAddSchedule", "cmdOK", [](QDialog& dialog) {
+        EXPECT_EQ(control<ComboBox>(dialog, "cmbAircraft").text(), "AC#3 - \"Airbus\"");
+        EXPECT_EQ(control<ListBox>(dialog, "List1").rowText(1), "YPPH - YPEA");
+    });
+    EXPECT_EQ(seen() + focus(), "*2 [3] .|[4001] 4002|----++List1") << "its legs point at the schedule before";
+    EXPECT_EQ(fromQString(control<QGroupBox>(form(), "fraList2").title()), "Legs in flight #5");
+}
+
+TEST_F(ListsTest, SchedulesAndLegsAreCopiedAndDeletedBySelection) {
+    play({{"cmdListall", "[1] 2 3 4 .||------"},
+          {"List1:0", "[1] 2 3 4 .|[1001] 1002|++++++"},
+          {"cmdCopy", "*[1] 2 3 4 5 .|[1001] 1002|----++"},
+          {"List1:4", "*1 2 3 4 [5] .|[1001] 1002|++++++"}, // the copy's legs stand for the source's
+          {"List1:5", "*1 2 3 4 5 [.]|[1001] 1002|------"}});
+    control<QPushButton>(form(), "cmdCopy").setEnabled(true); // as the click of a row behind the list's change left it
+    control<QPushButton>(form(), "cmdEditSchedule").setEnabled(true);
+    play({{"cmdCopy", "*1 2 3 4 5 [.]|[1001] 1002|-+----"}, // what it disables is Edit
+          {"List1:0", "*[1] 2 3 4 5 .|[1001] 1002|++++++"},
+          {"cmdDeleteSchedule", "*[x1] 2 3 4 5 .|off [1001] 1002|++++++"}});
+    EXPECT_EQ(caption("cmdDeleteSchedule") + focus(), "UndeleteList1");
+    play({{"List1+1", "*(x1) [2] 3 4 5 .|[2001] 2002|--++++"}, // one deleted and one not: they swap
+          {"cmdDeleteSchedule", "*1 [x2] 3 4 5 .|off [2001] 2002|++++++"}});
+
+    changeSchedule(1, [](ScheduleRec& record) { record.legs[2].hashindex = 0; }); // as one added in the editor
+    play({{"List1:0", "*[1] x2 3 4 5 .|[1001] FL#2|++++++"}, {"cmdDeleteLeg", "*[1] x2 3 4 5 .|[x1001] FL#2|++++++"}});
+    EXPECT_EQ(caption("cmdDeleteLeg") + focus(), "UndeleteList2");
+    play({{"List2+1", "*[1] x2 3 4 5 .|(x1001) [FL#2]|++++++"}, // a row without number toggles the one's before it
+          {"cmdDeleteLeg", "*[1] x2 3 4 5 .|[x1001] FL#2|++++++"}});
+}
+
+TEST_F(ListsTest, EditLegGoesByTheRowAndStopsWhereItsNumberLeadsToNoSchedule) {
+    form().lists().displaylist("LFPG", "", true, 0); // aircraft that visit LFPG
+    combo("cmbICAO").setCurrentRow(1);
+    play({{"List1:1", "AC#1 [AC#2] .|[2001] 2002 3001 3002|------"},
+          {"List2:1", "AC#1 [AC#2] .|2001 [2002] 3001 3002|----++"}});
+    edit("cmdEditLeg", "cmdCancel", [](QDialog& dialog) {
+        // More rows than the schedule has legs: the editor stays on the first leg.
+        EXPECT_EQ(control<QLineEdit>(dialog, "txtRego").text(), QStringLiteral("GBBB"));
+        EXPECT_EQ(control<ListBox>(dialog, "List1").currentRow(), 0);
+    });
+    addLegs(loopOver({"EGLL", "LFPG", "EGKK"}));
+    form().lists().displaylegs(5, "LFPG");
+    ASSERT_EQ(list("List2").itemData(0), 5002); // leg 2 of the schedule stands in row 0
+    edit("cmdEditLeg", "cmdOK", [](QDialog& dialog) { typeOver(control<QWidget>(dialog, "txtFlightNum"), "55"); });
+    EXPECT_EQ(schedules.peek(5).legs[1].flightnum.text(), "55");
+
+    countDroppedLine();
+    countDroppedLine();
+    addschedule(caller, defaultschedule("AC#1")); // its legs carry the number of the line before
+    play({{"cmdListall", "*[1] 2 3 4 5 6 .||------"},
+          {"List1:5", "*1 2 3 4 5 [6] .|[7001] 7002|++++++"},
+          {"cmdEditLeg", "*1 2 3 4 5 [6] .|[7001] 7002|++++++"}}); // no dialog
+    EXPECT_EQ(schedules.peek(7), ScheduleRec());
+}
+
+TEST_F(ListsTest, FindMovesTheAirportBoxAsAClickDoes) {
+    press("cmdFind1", "frmFind", [](QDialog& dialog) {
+        typeOver(control<QWidget>(dialog, "txtSearchString"), "egss");
+        click(dialog, "cmdFirst");
+        click(dialog, "cmdOK");
+    });
+    EXPECT_EQ(combo("cmbICAO").text() + box("txtICAO1"), "EGSS - EGSSEGSS");
 }
 
 } // namespace

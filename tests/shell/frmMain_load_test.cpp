@@ -11,20 +11,19 @@
 #include <QFileDialog>
 
 #include <algorithm>
-#include <vector>
 
 namespace vantor::test {
 namespace {
 
 const std::string associated = "Do you want to load the associated aircraft and airport files?";
+const std::string loseByReload = "You will lose any changes if you do this. Are you sure?";
 
 class LoadTest : public MainWindowFixture {
   protected:
     void deleteFirst() const {
-        press("cmdListall");
-        clickRow(list("List1"), 0);
-        press("cmdDeleteSchedule");
-        ASSERT_TRUE(schedules.peek(1).deleted);
+        play({{"cmdListall", "[1] 2 3 4 .||------"},
+              {"List1:0", "[1] 2 3 4 .|[1001] 1002|++++++"},
+              {"cmdDeleteSchedule", "*[x1] 2 3 4 .|off [1001] 1002|++++++"}});
     }
     // Loads selected plans of a folder, with the answers to the boxes that follow.
     void loadSelected(const QString& name, std::vector<BoxAnswer> answers, const QString& subfolder = {}) const {
@@ -45,96 +44,71 @@ class LoadTest : public MainWindowFixture {
         loadSelected(QStringLiteral("FlightplansTEST.txt"), {{associated, answer}});
         EXPECT_EQ(plansuffix, "TEST");
         EXPECT_EQ(form().workspace().flightsname, path("FlightplansTEST.txt"));
-        EXPECT_EQ(startsInLog(), 1) << "said by the default load alone";
         press("cmdListall");
     }
-    static std::ptrdiff_t visibleWindows() {
-        return std::ranges::count_if(QApplication::topLevelWidgets(), &QWidget::isVisible);
+    // What the boxes and the list of missing aircraft show, the windows in sight and the pointer.
+    [[nodiscard]] std::string filled() const {
+        const auto windows = std::ranges::count_if(QApplication::topLevelWidgets(), &QWidget::isVisible);
+        return rowsOf(combo("cmbAC").rows()) + std::to_string(combo("cmbAC").currentRow()) + box("txtATCAircraft") +
+               " " + rowsOf(combo("cmbICAO").rows()) + " " + rowsOf(list("List3").rows()) + " " +
+               std::to_string(windows) + (QApplication::overrideCursor() != nullptr ? " busy" : "");
     }
     [[nodiscard]] std::ptrdiff_t startsInLog() const { return std::ranges::count(logTexts(), "Startup complete"); }
 };
 
 TEST_F(LoadTest, TheDefaultPlansFillTheWindow) {
+    const std::string expected = "AC#1 - \"Boeing 737\"|AC#2 - \"Gone\"|AC#3 - \"Airbus\"|AC#5 - \"Lost\"|0AC#1 "
+                                 "EGLL - EGLL|LFPG - LFPG|EGKK - EGKK|EGSS - EGSS| "
+                                 "AC#2 - \"Gone\"|AC#5 - \"Lost\"| 1";
+    EXPECT_EQ(filled(), expected);
     EXPECT_EQ(logTexts().back(), "Startup complete");
-    EXPECT_EQ(combo("cmbAC").rowCount(), 4);
-    EXPECT_EQ(combo("cmbAC").currentRow(), 0);
-    EXPECT_EQ(combo("cmbICAO").rowCount(), 4);
-    EXPECT_EQ(box("txtATCAircraft"), "AC#1");
-    EXPECT_EQ(list("List3").rowCount(), 2);
-    EXPECT_EQ(visibleWindows(), 1) << "the splash is gone";
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(LoadTest, AReloadAsksOnlyAboutUnsavedChanges) {
     deleteFirst();
-    const std::string question = "You will lose any changes if you do this. Are you sure?";
-    press("cmdReload", {{question, QMessageBox::No}});
-    EXPECT_TRUE(schedules.peek(1).deleted);
-    EXPECT_EQ(list("List1").rowCount(), 5);
-    press("cmdReload", {{question, QMessageBox::Yes}});
+    play({{"cmdReload", "*[x1] 2 3 4 .|off [1001] 1002|++++++", {{loseByReload, QMessageBox::No}}},
+          {"cmdReload", "*|off |------", {{loseByReload, QMessageBox::Yes}}}}); // a load does not clear the flag
+    EXPECT_EQ(filled(), expected);
     EXPECT_FALSE(schedules.peek(1).deleted);
-    EXPECT_EQ(list("List1").rowCount(), 0);
-    EXPECT_TRUE(form().workspace().unsavedchanges) << "a load does not clear it";
-}
 
-TEST_F(LoadTest, AFailingDefaultLoadIsSilentAndTheWindowLives) {
+    form().workspace().unsavedchanges = false;
     std::filesystem::remove(folder() / "Airports.txt");
-    press("cmdReload");
+    play({{"cmdReload", "|off |------"}}); // a failing default load is silent and the window lives
     EXPECT_NE(newestAction().find("Airports.txt missing or empty.  Please run this program"), std::string::npos);
     EXPECT_NE(newestAction().find("sub cmdreload_click"), std::string::npos) << newestAction();
-    EXPECT_EQ(startsInLog(), 1);
-    EXPECT_EQ(visibleWindows(), 1) << "the splash is gone";
-    ASSERT_NE(QApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor) << "it stays busy until the next command";
-    press("cmdListall");
-    EXPECT_EQ(list("List1").rowCount(), 5) << "the old flights are still there";
+    EXPECT_EQ(startsInLog(), 2);
+    EXPECT_TRUE(filled().ends_with(" 1 busy")) << "the splash is gone, the pointer stays until the next command";
+    play({{"cmdListall", "[1] 2 3 4 .|off |------"}}); // the old flights are still there
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(LoadTest, SelectedPlansWithoutASuffixComeAlone) {
+TEST_F(LoadTest, SelectedPlansComeAloneOrBringTheirFamily) {
     deleteFirst(); // the flag is not looked at
     press("cmdLoadFlightPlan", "fileDialog", [](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); });
-    EXPECT_EQ(form().workspace().flightsname, path("Flightplans.txt")) << "a cancelled selection changes nothing";
-    EXPECT_EQ(list("List1").rowCount(), 5);
+    EXPECT_EQ(form().workspace().flightsname + seen(),
+              path("Flightplans.txt") + "*[x1] 2 3 4 .|off [1001] 1002|++++++");
     writeFile("other\\Flightplans.txt", schedule("AC#3,GNEW", "LFPG", "EGKK"));
     loadSelected(QStringLiteral("Flightplans.txt"), {}, QStringLiteral("other"));
+    EXPECT_EQ(form().workspace().aircraftname + plansuffix, path("Aircraft.txt"));
+    EXPECT_TRUE(filled().ends_with("AC#2 - \"Gone\"|AC#5 - \"Lost\"| 1"));
+    play({{"cmdListall", "*[1] .|off |------"},
+          {"cmdSaveFlights",
+           "*[1] .|off |------",
+           {{"Overwrite " + path("other\\Flightplans.txt") + "?", QMessageBox::No}, {"Save cancelled"}}}});
+
+    loadFamily(QMessageBox::No); // to the tables that are loaded
     EXPECT_EQ(form().workspace().aircraftname, path("Aircraft.txt"));
-    EXPECT_EQ(plansuffix, "");
-    EXPECT_EQ(schedulecount, 1);
-    EXPECT_EQ(aircraftcount, 4);
-    EXPECT_EQ(list("List1").rowCount(), 0);
-    EXPECT_EQ(list("List3").rowCount(), 2);
-    EXPECT_TRUE(form().workspace().unsavedchanges);
-    press("cmdSaveFlights",
-          {{"Overwrite " + path("other\\Flightplans.txt") + "?", QMessageBox::No}, {"Save cancelled"}});
-}
-
-TEST_F(LoadTest, SelectedPlansBringTheirFamilyOnYesAndItsAircraftAreSavedUnderTheFixedName) {
-    deleteFirst();
+    EXPECT_EQ(rowsOf(list("List1").rows()), "AC#9 - AC#9 VHAAA (IFR,2 legs)||");
     loadFamily(QMessageBox::Yes);
-    const std::string named = path("AircraftTEST.txt");
     EXPECT_EQ(form().workspace().airportsname, path("AirportsTEST.txt"));
-    EXPECT_EQ(combo("cmbAC").text(), "AC#9 - \"Stray\"");
-    EXPECT_EQ(box("txtATCAircraft"), "AC#9");
-    EXPECT_EQ(combo("cmbICAO").rowCount(), 2);
-    EXPECT_EQ(list("List3").rowText(0), "AC#9 - \"Stray\"");
-    EXPECT_EQ(list("List1").rowText(0), "AC#9 - \"Stray\" VHAAA (IFR,2 legs)");
-    EXPECT_EQ(visibleWindows(), 1);
+    EXPECT_EQ(filled(), "AC#9 - \"Stray\"|0AC#9 YPPH - YPPH|YPEA - YPEA| AC#9 - \"Stray\"| 1");
+    EXPECT_EQ(rowsOf(list("List1").rows()), "AC#9 - \"Stray\" VHAAA (IFR,2 legs)||");
+    EXPECT_EQ(startsInLog(), 1) << "said by the default load alone";
 
+    const std::string named = path("AircraftTEST.txt");
     const std::string before = readFile("Aircraft.txt");
     press("cmdSaveAircraft", {{"Overwrite " + named + "?", QMessageBox::No}, {"Save Cancelled"}});
     EXPECT_EQ(readFile("Aircraft.txt"), before);
     press("cmdSaveAircraft", {{"Overwrite " + named + "?", QMessageBox::Yes}, {"Aircraft saved to " + named}});
-    EXPECT_EQ(readFile("Aircraft.txt"), readFile("AircraftTEST.txt"));
+    EXPECT_EQ(readFile("Aircraft.txt"), readFile("AircraftTEST.txt")) << "under the fixed name";
     EXPECT_TRUE(form().workspace().unsavedchanges);
-}
-
-TEST_F(LoadTest, SelectedPlansUseTheLoadedTablesOnNo) {
-    loadFamily(QMessageBox::No);
-    EXPECT_EQ(form().workspace().aircraftname, path("Aircraft.txt"));
-    EXPECT_EQ(aircraftcount, 4);
-    EXPECT_EQ(combo("cmbICAO").rowCount(), 4);
-    EXPECT_EQ(list("List1").rowText(0), "AC#9 - AC#9 VHAAA (IFR,2 legs)");
 }
 
 TEST_F(LoadTest, AFailingSelectedLoadEndsTheProgram) {
@@ -145,8 +119,7 @@ TEST_F(LoadTest, AFailingSelectedLoadEndsTheProgram) {
                   loadSelected(QStringLiteral("FlightplansTEST.txt"), {{associated, QMessageBox::Yes}, {text}});
               }),
               1);
-    EXPECT_TRUE(form().ended());
-    EXPECT_EQ(visibleWindows(), 0);
+    EXPECT_TRUE(form().ended() && !form().isVisible());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     const std::vector<std::string> texts = logTexts();
     EXPECT_EQ(texts.back(), "End of actions list");
@@ -157,9 +130,8 @@ TEST_F(LoadTest, AFailingSelectedLoadEndsTheProgram) {
 
 TEST_F(LoadTest, SavedFlightsLoadAgainToTheSameTables) {
     deleteFirst();
-    const std::string file = path("Flightplans.txt");
     const std::string before = readFile("Flightplans.txt");
-    press("cmdSaveFlights", {{"Overwrite " + file + "?", QMessageBox::No}, {"Save cancelled"}});
+    press("cmdSaveFlights", {{"Overwrite " + path("Flightplans.txt") + "?", QMessageBox::No}, {"Save cancelled"}});
     EXPECT_EQ(readFile("Flightplans.txt"), before);
     EXPECT_TRUE(form().workspace().unsavedchanges);
     const std::string saved = saveAndReload();
@@ -170,15 +142,22 @@ TEST_F(LoadTest, SavedFlightsLoadAgainToTheSameTables) {
     EXPECT_EQ(exitCodeOf([this] { press("cmdExit"); }), 0) << "no question behind a save";
 }
 
-TEST_F(LoadTest, AFlightSaveThatFailsLeavesTheFileAsItWas) {
-    // A folder stands where the file is to go.
-    std::filesystem::remove(folder() / "Flightplans.txt");
-    std::filesystem::create_directories(folder() / "Flightplans.txt" / "inside");
-    const std::string file = form().workspace().flightsname;
-    press("cmdSaveFlights", {{"Overwrite " + file + "?", QMessageBox::Yes}, {"Flight plans saved to " + file}});
-    EXPECT_TRUE(std::filesystem::is_directory(folder() / "Flightplans.txt" / "inside"));
-    EXPECT_FALSE(newestAction().empty()) << "the fault stands in the ring";
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+TEST_F(LoadTest, ASaveThatFailsTellsWhyAndLosesNothing) {
+    deleteFirst();
+    for (const std::string kind : {"Flightplans", "Aircraft"}) {
+        // A folder stands where the file is to go.
+        const std::string file = path(kind + ".txt");
+        std::filesystem::remove(folder() / (kind + ".txt"));
+        std::filesystem::create_directories(folder() / (kind + ".txt") / "inside");
+        const bool flights = kind == "Flightplans";
+        press(flights ? "cmdSaveFlights" : "cmdSaveAircraft",
+              {{"Overwrite " + file + "?", QMessageBox::Yes},
+               {(flights ? "Flight plans" : "Aircraft") + (" not saved to " + file) + ": Path/File access error"}});
+        EXPECT_TRUE(std::filesystem::is_directory(folder() / (kind + ".txt") / "inside"));
+        EXPECT_TRUE(newestAction().starts_with("Path/File access error(75)")) << newestAction();
+        EXPECT_TRUE(form().workspace().unsavedchanges);
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    }
 }
 
 } // namespace

@@ -40,29 +40,19 @@ TEST_F(FirstStartTest, AsksForTheModeUntilOneWasChosen) {
     form().show();
     EXPECT_EQ(fromQString(form().windowTitle()), "Vantor " + appversion());
     EXPECT_EQ(modes(form()), "2 FS2002 AI Aircraft missing from FS2002 2") << "the default is stored at once";
-    EXPECT_EQ(combo("cmbPC1").text(), "0%");
     EXPECT_EQ(logTexts().at(4), "Vantor version " + appversion() + " starting.");
-    // Nothing is loaded at the start: the list is its closing row.
-    EXPECT_EQ(schedulecount, 0);
-    press("cmdListall");
-    EXPECT_EQ(list("List1").rowCount(), 1);
-    clickRow(list("List1"), 0);
-    EXPECT_EQ(list("List2").rowCount(), 0);
-    EXPECT_FALSE(control<QPushButton>(form(), "cmdDeleteSchedule").isEnabled());
+    play({{"cmdListall", "[.]||------"}, {"List1:0", "[.]||------"}}); // nothing is loaded at the start
     EXPECT_EQ(newestAction(), "");
-
     press("optFS2k4");
     EXPECT_FALSE(exists("Vantor2.ini")) << "a choice is written at the exit";
     EXPECT_EQ(exitCodeOf([&] { press("cmdExit"); }), 0);
     EXPECT_EQ(readFile("Vantor2.ini"), "FSMODE, 4 \r\n");
     open().formLoad(); // no box
     EXPECT_EQ(modes(form()), "4 FS2004 AI Aircraft missing from FS2004 4");
-}
 
-TEST_F(FirstStartTest, AnOddModeGivesTheDefaultOrActsAsFs2004) {
     writeFile("Vantor2.ini", "FSMODE, 3 \r\n");
     open().formLoad();
-    EXPECT_EQ(modes(form()), "3 FS2004 AI Aircraft missing from FS2003 3") << "it keeps its number";
+    EXPECT_EQ(modes(form()), "3 FS2004 AI Aircraft missing from FS2003 3") << "an odd mode keeps its number";
     writeFile("Vantor2.ini", "FSMODE,two\r\n");
     const Expectation boxes = answerBoxes({chooseMode});
     open().formLoad();
@@ -113,18 +103,13 @@ class LifeTest : public MainWindowFixture {
 };
 
 TEST_F(LifeTest, AModeSwitchKeepsWhatIsLoadedAndShown) {
-    press("cmdListall");
-    clickRow(list("List1"), 1);
-    press("optFS2k4");
-    EXPECT_EQ(modes(form()), "4 FS2004 AI Aircraft missing from FS2004 4");
-    EXPECT_EQ(plansuffix, "030528");
-    EXPECT_EQ(schedulecount, 4);
-    EXPECT_EQ(list("List1").currentRow(), 1);
-    EXPECT_EQ(list("List2").rowCount(), 2);
-    EXPECT_EQ(list("List3").rowCount(), 2);
+    const std::string shown = "1 [2] 3 4 .|[2001] 2002|++++++";
+    play({{"cmdListall", "[1] 2 3 4 .||------"}, {"List1:1", shown}, {"optFS2k4", shown}});
+    EXPECT_EQ(modes(form()) + plansuffix, "4 FS2004 AI Aircraft missing from FS2004 4030528");
     press("optFS2k2");
-    EXPECT_EQ(modes(form()), "2 FS2002 AI Aircraft missing from FS2002 2");
-    EXPECT_EQ(plansuffix, "030528") << "only a load changes it";
+    EXPECT_EQ(modes(form()) + plansuffix, "2 FS2002 AI Aircraft missing from FS2002 2030528")
+        << "only a load changes it";
+    EXPECT_EQ(list("List3").rowCount(), 2);
 }
 
 TEST_F(LifeTest, ExitWithChangesAsks) {

@@ -4,6 +4,10 @@
 #include "support/stand_in_tool.h"
 #include "support/traffic.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+
 namespace vantor::test {
 namespace {
 
@@ -94,6 +98,33 @@ TEST_F(ToolButtons, TheReportIsWrittenAndShown) {
     press("cmdACReport");
     EXPECT_EQ(recorder.viewedFiles.size(), 2U);
 }
+
+#ifndef _WIN32 // its text viewer is always there
+TEST_F(ToolButtons, AReportThatNoProgramOpensIsShownInAWindowOfItsOwn) {
+    writeExecutable(folder() / "bin" / "xdg-open", "#!/bin/sh\nexit 3\n");
+    writeFile("FS\\aircraft\\A\\aircraft.cfg", "texture=gone\r\n");
+    const QByteArray search = qgetenv("PATH");
+    qputenv("PATH", QByteArray::fromStdString((folder() / "bin").string()) + ':' + search);
+    press("cmdACReport");
+    QWidget* shown = nullptr;
+    EXPECT_TRUE(waitFor([&] {
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            shown = window->objectName() == QLatin1String("textWindow") ? window : shown;
+        }
+        return shown != nullptr;
+    }));
+    qputenv("PATH", search);
+    ASSERT_NE(shown, nullptr);
+    QWidget& window = *shown;
+    EXPECT_TRUE(window.isVisible() && !window.isModal());
+    EXPECT_EQ(fromQString(control<QLabel>(window, "lblPath").text()), path("aclog.txt"));
+    click(window, "cmdCopyAll");
+    EXPECT_EQ(fromQString(QApplication::clipboard()->text()),
+              path("FS\\aircraft\\A\\") + " texture folder 'textures.gone' is missing.\n");
+    click(window, "cmdClose");
+    EXPECT_FALSE(window.isVisible());
+}
+#endif
 
 } // namespace
 } // namespace vantor::test

@@ -57,7 +57,71 @@ class WindowFixture : public Fixture {
     [[nodiscard]] ListBox& list(std::string_view name) const { return control<ListBox>(*m_form, name); }
     [[nodiscard]] ComboBox& combo(std::string_view name) const { return control<ComboBox>(*m_form, name); }
 
+    /// Does one thing in the window, as a user does: presses a button ("cmdCopy"), clicks the row of a list ("List1:3")
+    /// or adds it to the selection ("List1+3"), picks a row of a box ("cmbAC:1"), or types ("txtNewFL=350").
+    void act(std::string_view what) const {
+        const std::size_t mark = what.find_first_of(":+=");
+        const std::string_view name = what.substr(0, mark);
+        if (mark == std::string_view::npos) {
+            press(name);
+        } else if (what[mark] == '=') {
+            typeOver(control<QWidget>(*m_form, name), what.substr(mark + 1));
+        } else if (name.starts_with("List")) {
+            clickRow(list(name), std::stoi(std::string(what.substr(mark + 1))),
+                     what[mark] == '+' ? Qt::ControlModifier : Qt::NoModifier);
+        } else {
+            pickRow(combo(name), std::stoi(std::string(what.substr(mark + 1))));
+        }
+    }
+
+    /// One thing that a user does, what then is seen in the window, and the answers to the boxes that come up.
+    struct Step {
+        std::string act;
+        std::string seen;
+        std::vector<BoxAnswer> boxes = {};
+    };
+    void play(const std::vector<Step>& steps) const {
+        for (const Step& step : steps) {
+            SCOPED_TRACE(step.act);
+            const Expectation boxes = answerBoxes(step.boxes);
+            act(step.act);
+            EXPECT_EQ(seen(), step.seen);
+        }
+    }
+    /// What stands in the window, as in "*1 [x2] (3) .|[2001] 2002|--++++": a star while changes are unsaved; the rows
+    /// of List1 and List2, each by its item data or else its code, x for deleted, [current], (selected too), and a mark
+    /// in place of a list that can't be seen or picked in; whether the six buttons under them can be pressed.
+    [[nodiscard]] std::string seen() const {
+        std::string text = m_form->workspace().unsavedchanges ? "*" : "";
+        text += seenIn(list("List1")) + "|" + seenIn(list("List2")) + "|";
+        for (const char* const name :
+             {"cmdEditSchedule", "cmdCopy", "cmdDeleteSchedule", "cmdSwapAC", "cmdEditLeg", "cmdDeleteLeg"}) {
+            text += control<QWidget>(*m_form, name).isEnabled() ? '+' : '-';
+        }
+        return text;
+    }
+
   private:
+    [[nodiscard]] static std::string seenIn(const ListBox& box) {
+        std::string text = !box.isVisible()        ? "hidden "
+                           : !box.updatesEnabled() ? "frozen "
+                           : !box.isEnabled()      ? "off "
+                                                   : "";
+        for (int row = 0; row < box.rowCount(); ++row) {
+            const bool deleted = box.rowText(row).starts_with("(DEL) ");
+            std::string shown = box.itemData(row) != 0 ? std::to_string(box.itemData(row))
+                                                       : box.rowText(row).substr(0, box.rowText(row).find(" - "));
+            shown = (deleted ? "x" : "") + (shown.empty() ? "." : shown);
+            if (row == box.currentRow()) {
+                shown = "[" + shown + "]";
+            } else if (box.isRowSelected(row)) {
+                shown = "(" + shown + ")";
+            }
+            text += (row > 0 ? " " : "") + shown;
+        }
+        return text;
+    }
+
     QtHost m_host;
     std::unique_ptr<frmMain> m_form;
 };

@@ -15,10 +15,8 @@
 #include <QPushButton>
 
 #include <array>
-#include <atomic>
 #include <functional>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -222,28 +220,22 @@ INSTANTIATE_TEST_SUITE_P(, DialogReentry, testing::ValuesIn(dialogButtons), name
 #ifndef _WIN32 // the stand-in is a script
 class ToolReentry : public ReentryTest {};
 
-TEST_P(ToolReentry, KeysAndClicksComeWhenItHasEnded) {
-    // A tool that works until it may end, and a user who clicks meanwhile.
+TEST_P(ToolReentry, KeysAndClicksMeanwhileAreLost) {
+    // A tool that works until it may end, but not for ever.
     writeExecutable(folder() / "TTools.exe", "#!/bin/sh\nhere=$(dirname \"$0\")\n: > \"$here/started\"\n"
-                                             "while [ ! -e \"$here/go\" ]; do sleep 0.01; done\n");
-    const auto copy = clickOn(control<QWidget>(form(), "cmdCopy"));
-    std::atomic<bool> over = false;
-    std::thread user([&] {
-        while (!exists("started") && !over) {
-            std::this_thread::yield();
+                                             "for i in $(seq 500); do [ -e \"$here/go\" ] || sleep 0.01; done\n");
+    host.beforePump = [&](int) {
+        if (exists("started") && !exists("go")) {
+            queueEverything();
+            writeFile("go", "");
         }
-        copy();
-        writeFile("go", "");
-    });
+    };
     const Outcome before = outcome();
     run();
-    over = true;
-    user.join();
+    EXPECT_TRUE(exists("go")) << "nothing was pumped while the tool worked";
     EXPECT_TRUE(done == before);
     QCoreApplication::processEvents();
-    // What the decompile tells behind the tool keeps the window out of reach.
-    EXPECT_EQ(schedulecount, std::string_view(GetParam()) == "cmdCompile" ? 5 : 4);
-    EXPECT_EQ(tableFaults(), std::vector<std::string>());
+    EXPECT_TRUE(outcome() == before);
 }
 
 INSTANTIATE_TEST_SUITE_P(, ToolReentry, testing::Values("cmdCompile", "cmdDecompile"), nameOfButton);
