@@ -40,12 +40,15 @@ std::int32_t deleteMatchingLegs(ScheduleRec& schedule, std::string_view pattern)
 }
 
 // Legs that the repair turned into a flight from a place to itself go as well.
-void deleteStandingLegs(ScheduleRec& schedule) {
+std::int32_t deleteStandingLegs(ScheduleRec& schedule) {
+    std::int32_t standing = 0;
     for (LegRec& leg : schedule.flown()) {
         if (leg.toicao.text() == leg.fromicao.text()) {
+            standing += leg.deleted ? 0 : 1;
             leg.deleted = true;
         }
     }
+    return standing;
 }
 
 } // namespace
@@ -58,14 +61,18 @@ AirportDeletion prepareAirportDeletion(std::string& icao) {
     return {.valid = true, .message = "About to delete all flights matching '" + icao + "'.  Are you sure?"};
 }
 
-void deleteByAirport(const StandardTrap& trap, std::string_view icao) noexcept {
+AirportDeletionCounts deleteByAirport(const StandardTrap& trap, std::string_view icao) noexcept {
+    AirportDeletionCounts counts;
     // Every match is one of the first characters: the star is only taken off.
     const std::string_view pattern = icao.ends_with('*') ? icao.substr(0, icao.size() - 1) : icao;
     if (pattern.empty()) {
         changeSchedules(
             trap, schedulecount, [](const ScheduleRec&) { return true; },
-            [](ScheduleRec& schedule) { schedule.deleted = true; });
-        return;
+            [&](ScheduleRec& schedule) {
+                schedule.deleted = true;
+                ++counts.schedules;
+            });
+        return counts;
     }
     changeSchedules(
         trap, schedulecount,
@@ -73,12 +80,15 @@ void deleteByAirport(const StandardTrap& trap, std::string_view icao) noexcept {
             return anyLeg(schedule, [&](const LegRec& leg) { return matchOf(leg, pattern) != Match::None; });
         },
         [&](ScheduleRec& schedule) {
-            if (deleteMatchingLegs(schedule, pattern) == schedule.legcount) {
+            const std::int32_t matched = deleteMatchingLegs(schedule, pattern);
+            if (matched == schedule.legcount) {
                 schedule.deleted = true;
+                ++counts.schedules;
             } else {
-                deleteStandingLegs(schedule);
+                counts.legs += matched + deleteStandingLegs(schedule);
             }
         });
+    return counts;
 }
 
 } // namespace vantor

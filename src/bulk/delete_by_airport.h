@@ -4,6 +4,7 @@
 
 #include "foundation/trap.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,12 @@ struct AirportDeletion {
     std::string message; ///< the question when valid, the refusal otherwise
 };
 
+/// What a deletion touched: schedules that went as a whole, and the legs that went in the others.
+struct AirportDeletionCounts {
+    std::int32_t schedules = 0;
+    std::int32_t legs = 0;
+};
+
 /// Puts the text of the panel into capitals, trimmed, and looks at it.
 [[nodiscard]] AirportDeletion prepareAirportDeletion(std::string& icao);
 
@@ -22,6 +29,6 @@ struct AirportDeletion {
 /// of which every leg does. A "*" at the end is taken off; alone it marks every schedule. In a schedule of more than
 /// two legs the leg before one deleted by its destination flies on to that leg's origin.
 /// The unsaved-changes flag is not for this change.
-void deleteByAirport(const StandardTrap& trap, std::string_view icao) noexcept;
+AirportDeletionCounts deleteByAirport(const StandardTrap& trap, std::string_view icao) noexcept;
 
 } // namespace vantor

@@ -53,42 +53,42 @@ AircraftCommands::AircraftCommands(QWidget& owner, Ui::frmMain& ui, Workspace& w
     runner.command(ui.cmdSwapAC, {"sub cmdswapac_click", module}, this, &Self::swap);
 }
 
-void AircraftCommands::substitute(const StandardTrap& trap) {
+std::string AircraftCommands::substitute(const StandardTrap& trap) {
     if (m_ui.List3->currentRow() < 0) {
-        return;
+        return {};
     }
     const auto chosen = chooseAircraft(&m_owner, m_ui.List3->currentText(), aircraftRows(false));
     if (!chosen) {
-        return;
+        return {};
     }
     const BusyPointer busy{trap};
-    trap(&AircraftCommands::takeSubstitute, this, chosen->substitutetext);
+    bool took = false;
+    trap([&] { took = takeSubstitute(trap, chosen->substitutetext); });
     m_ui.List3->removeRow(m_ui.List3->currentRow());
+    return took ? "Substitute " + extractcode(chosen->substitutetext) : std::string();
 }
 
-void AircraftCommands::takeSubstitute(const std::string& substitutetext) {
+bool AircraftCommands::takeSubstitute(const StandardTrap& trap, const std::string& substitutetext) {
     const int row = rowWithText(*m_ui.cmbAC, m_ui.List3->currentText());
     if (row < 0) {
-        return;
+        return false;
     }
     m_ui.cmbAC->setRowText(row, substitutetext);
     m_ui.cmbAC->setText(substitutetext);
-    nameStep("Substitute " + extractcode(substitutetext));
-    const StandardTrap trap{"sub cmdsubac_click", module};
-    if (substituteAircraft(trap, substitutetext)) {
-        m_workspace.unsavedchanges = true;
-    }
+    const bool took = substituteAircraft(trap, substitutetext);
+    m_workspace.unsavedchanges = m_workspace.unsavedchanges || took;
+    return took;
 }
 
-void AircraftCommands::addFromSimulator(const StandardTrap& trap) {
+std::string AircraftCommands::addFromSimulator(const StandardTrap& trap) {
     if (!host().askYesNo("This will add any new FS Aircraft to AIRCRAFT.TXT.  Are you sure?")) {
-        return;
+        return {};
     }
     m_workspace.unsavedchanges = true;
+    NewAircraft result;
     {
         const BusyPointer busy{trap};
-        const NewAircraft result = addnewfsaircraft();
-        nameStep("Add " + counted(result.added, "aircraft", "aircraft"));
+        result = addnewfsaircraft();
         if (!result.message.empty()) {
             trap(&Host::message, host(), result.message);
         }
@@ -96,43 +96,46 @@ void AircraftCommands::addFromSimulator(const StandardTrap& trap) {
         trap(&AircraftCommands::refillAircraft, this);
     }
     m_ui.cmbAC->setCurrentRow(0);
+    const std::string did = "Add " + counted(result.added, "aircraft", "aircraft");
+    return result.added == result.found
+               ? did
+               : did + " of " + std::to_string(result.found) + ": no AC# number is left for the others";
 }
 
-void AircraftCommands::deleteChosen(const StandardTrap& trap) {
+std::string AircraftCommands::deleteChosen(const StandardTrap& trap) {
     const std::string text = m_ui.cmbAC->text();
     if (text.empty() || !host().askYesNo("Are you sure?  This will also delete all schedules for this aircraft.")) {
-        return;
+        return {};
     }
     m_workspace.unsavedchanges = true;
     const BusyPointer busy{trap};
-    nameStep("Delete " + extractcode(text));
     deleteaircraft(text);
     trap([&] { m_ui.List3->setRows(checkmissing()); });
     deleteschedbyac(text);
     trap(&AircraftCommands::refillAircraft, this);
     m_lists.clear();
+    return "Delete " + extractcode(text);
 }
 
-void AircraftCommands::swap(const StandardTrap& trap) {
+std::string AircraftCommands::swap(const StandardTrap& trap) {
     const int keepindex = m_ui.List1->currentRow();
     if (keepindex < 0) {
         m_ui.cmdSwapAC->setEnabled(false);
-        return;
+        return {};
     }
     // Quirk: row 0 and not the current row tells a list of schedules from the others.
     if (!m_ui.List1->isRowSelected(keepindex) || m_ui.List1->itemData(0) <= 0) {
-        return;
+        return {};
     }
     const auto chosen = chooseAircraft(&m_owner, extractaircraft(m_ui.List1->currentText()), aircraftRows(false));
     if (!chosen || chosen->row.empty()) {
-        return;
+        return {};
     }
     m_workspace.unsavedchanges = true;
     const std::vector<std::int32_t> recnums = selectedSchedules(*m_ui.List1);
-    nameStep("Swap " + counted(static_cast<std::int32_t>(recnums.size()), "schedule") + " to " +
-             extractcode(chosen->row));
     swapAircraft(trap, recnums, chosen->row);
     trap(&Lists::refresh, m_lists, keepindex);
+    return "Swap " + counted(std::ssize(recnums), "schedule") + " to " + extractcode(chosen->row);
 }
 
 // Missing aircraft are in the box as well.

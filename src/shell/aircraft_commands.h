@@ -25,12 +25,12 @@ class AircraftCommands {
     AircraftCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
 
   private:
-    void substitute(const StandardTrap& trap);
-    void addFromSimulator(const StandardTrap& trap);
-    void deleteChosen(const StandardTrap& trap);
-    void swap(const StandardTrap& trap);
+    std::string substitute(const StandardTrap& trap);
+    std::string addFromSimulator(const StandardTrap& trap);
+    std::string deleteChosen(const StandardTrap& trap);
+    std::string swap(const StandardTrap& trap);
 
-    void takeSubstitute(const std::string& substitutetext);
+    [[nodiscard]] bool takeSubstitute(const StandardTrap& trap, const std::string& substitutetext);
     void refillAircraft();
 
     QWidget& m_owner;

@@ -24,7 +24,11 @@ bool CommandRunner::run(Procedure procedure, const Command& command) {
     const Running running(*this);
     ++m_begun;
     const StandardTrap trap{procedure};
-    trap(command, trap);
+    std::string did;
+    trap([&] { did = command(trap); });
+    if (ended) {
+        trap(ended, did);
+    }
     return true;
 }
 

@@ -11,13 +11,15 @@
 #include <QAbstractButton>
 
 #include <functional>
+#include <string>
 
 namespace vantor {
 
 /// Runs the commands of a window. A command is refused while another one runs, and a close waits for its end.
 class CommandRunner {
   public:
-    using Command = std::function<void(const StandardTrap&)>;
+    /// Gives back what it did, in a few words for the user; empty when there is nothing to tell.
+    using Command = std::function<std::string(const StandardTrap&)>;
 
     /// The window that closes behind its commands; it must outlive the runner.
     explicit CommandRunner(QWidget& window) : m_window(window) {}
@@ -36,6 +38,9 @@ class CommandRunner {
         CommandRunner& m_runner;
     };
 
+    /// Called at the end of each command with what it did.
+    std::function<void(const std::string& did)> ended;
+
     /// Whether a command runs.
     [[nodiscard]] bool busy() const noexcept { return m_running > 0; }
     /// How many commands have begun: two equal counts tell that none did in between.
@@ -48,14 +53,18 @@ class CommandRunner {
     bool run(Procedure procedure, const Command& command);
 
     /// Gives a button its command: a member of a group, which must outlive the button's clicks. What it changes in the
-    /// tables is one step of the journal, under the button's caption unless the command names it better.
+    /// tables is one step of the journal, named by what it did, or else by the button's caption.
     template <class Group>
     void command(QAbstractButton* button, Procedure procedure, Group* group,
-                 void (Group::*handler)(const StandardTrap&)) {
+                 std::string (Group::*handler)(const StandardTrap&)) {
         QObject::connect(button, &QAbstractButton::clicked, button, [this, button, procedure, group, handler] {
             run(procedure, [&](const StandardTrap& trap) {
                 const Step step{fromQString(button->text().remove(u'&'))};
-                std::invoke(handler, group, trap);
+                std::string did = std::invoke(handler, group, trap);
+                if (!did.empty()) {
+                    nameStep(did);
+                }
+                return did;
             });
         });
     }

@@ -110,13 +110,15 @@ void FileCommands::loaddata() {
     logit("Startup complete");
 }
 
-void FileCommands::reload(const StandardTrap& /*trap*/) {
+std::string FileCommands::reload(const StandardTrap& /*trap*/) {
     if (!m_workspace.unsavedchanges || host().askYesNo("You will lose any changes if you do this. Are you sure?")) {
         loaddata();
+        return loaded();
     }
+    return {};
 }
 
-void FileCommands::loadSelected(const StandardTrap& trap) {
+std::string FileCommands::loadSelected(const StandardTrap& trap) {
     // Quirk: no trap catches a fault of this command: it ends the program, unlike one of "Load Default Plans".
     try {
         cSharedFileSel selection;
@@ -125,10 +127,17 @@ void FileCommands::loadSelected(const StandardTrap& trap) {
         selection.GetExistingFilename();
         if (!selection.Cancelled()) {
             loadChosen(selection.Path(), selection.Filename());
+            return loaded();
         }
     } catch (...) {
         endFatally(trap, currentError());
     }
+    return {};
+}
+
+std::string FileCommands::loaded() {
+    m_workspace.loadedMode = fsmode;
+    return "Loaded " + m_workspace.flightsname;
 }
 
 void FileCommands::loadChosen(const std::string& folder, const std::string& name) {
@@ -182,12 +191,12 @@ void FileCommands::endFatally(const StandardTrap& trap, const Error& error) {
     m_life.endProcess(1);
 }
 
-void FileCommands::saveFlights(const StandardTrap& trap) {
+std::string FileCommands::saveFlights(const StandardTrap& trap) {
     bool overwrite = false;
     trap([&] { overwrite = host().askYesNo("Overwrite " + m_workspace.flightsname + "?"); });
     if (!overwrite) {
         host().message("Save cancelled");
-        return;
+        return {};
     }
     std::optional<Error> failure;
     {
@@ -195,20 +204,23 @@ void FileCommands::saveFlights(const StandardTrap& trap) {
         failure = savesc(m_workspace.flightsname);
     }
     if (failure) {
-        host().message("Flight plans not saved to " + m_workspace.flightsname + ": " + failure->description());
-        return;
+        const std::string what = "Flight plans not saved to " + m_workspace.flightsname + ": " + failure->description();
+        host().message(what);
+        return what;
     }
     m_workspace.unsavedchanges = false;
     m_workspace.savedstate = journal().state();
-    host().message("Flight plans saved to " + m_workspace.flightsname);
+    const std::string did = "Flight plans saved to " + m_workspace.flightsname;
+    host().message(did);
+    return did;
 }
 
-void FileCommands::saveAircraft(const StandardTrap& trap) {
+std::string FileCommands::saveAircraft(const StandardTrap& trap) {
     bool overwrite = false;
     trap([&] { overwrite = host().askYesNo("Overwrite " + m_workspace.aircraftname + "?"); });
     if (!overwrite) {
         host().message("Save Cancelled"); // Quirk: a capital here, unlike the flight plans'.
-        return;
+        return {};
     }
     std::optional<Error> failure;
     {
@@ -217,10 +229,13 @@ void FileCommands::saveAircraft(const StandardTrap& trap) {
     }
     // Quirk: it names the file in use, although the save goes to its fixed name.
     if (failure) {
-        host().message("Aircraft not saved to " + m_workspace.aircraftname + ": " + failure->description());
-        return;
+        const std::string what = "Aircraft not saved to " + m_workspace.aircraftname + ": " + failure->description();
+        host().message(what);
+        return what;
     }
-    host().message("Aircraft saved to " + m_workspace.aircraftname);
+    const std::string did = "Aircraft saved to " + m_workspace.aircraftname;
+    host().message(did);
+    return did;
 }
 
 } // namespace vantor

@@ -30,14 +30,15 @@ class FileCommands {
     void loaddata();
 
   private:
-    void reload(const StandardTrap& trap);
-    void loadSelected(const StandardTrap& trap);
-    void saveFlights(const StandardTrap& trap);
-    void saveAircraft(const StandardTrap& trap);
+    std::string reload(const StandardTrap& trap);
+    std::string loadSelected(const StandardTrap& trap);
+    std::string saveFlights(const StandardTrap& trap);
+    std::string saveAircraft(const StandardTrap& trap);
 
     class SplashSteps;
     void loadChosen(const std::string& folder, const std::string& name);
     void rememberLoaded();
+    [[nodiscard]] std::string loaded();
     void endFatally(const StandardTrap& trap, const Error& error);
 
     QWidget& m_window;

@@ -2,6 +2,7 @@
 
 #include "core/settings_keys.h"
 #include "core/tables.h"
+#include "foundation/action_ring.h"
 #include "foundation/busy_pointer.h"
 #include "foundation/error.h"
 #include "foundation/log.h"
@@ -13,6 +14,7 @@
 #include "shell/file_commands.h"
 #include "shell/lists.h"
 #include "shell/schedule_commands.h"
+#include "shell/status_line.h"
 #include "shell/tool_commands.h"
 #include "shell/undo_commands.h"
 #include "shell/update_commands.h"
@@ -36,6 +38,8 @@ constexpr std::string_view module = "frmMain";
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()) {
     ui->setupUi(this);
+    m_status = new StatusLine(this);
+    ui->layMain->addWidget(m_status);
     m_lists = std::make_unique<Lists>(*ui, m_workspace, m_runner);
     m_schedules = std::make_unique<ScheduleCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
     m_views = std::make_unique<ViewCommands>(*this, *ui, m_runner, *m_lists);
@@ -46,12 +50,19 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     m_updates = std::make_unique<UpdateCommands>(*this, *ui, m_workspace, m_runner, *this);
     m_undo = std::make_unique<UndoCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
     connect(ui->cmdExit, &QPushButton::clicked, this, [this] {
-        m_runner.run({"sub cmdexit_click", module}, [this](const StandardTrap&) { exitprog(); });
+        m_runner.run({"sub cmdexit_click", module}, [this](const StandardTrap&) {
+            exitprog();
+            return std::string();
+        });
     });
     connect(ui->picClunk, &PictureBox::clicked, this, [this] {
-        m_runner.run({"sub picclunk_click", module}, [this](const StandardTrap&) { showAbout(); });
+        m_runner.run({"sub picclunk_click", module}, [this](const StandardTrap&) {
+            showAbout();
+            return std::string();
+        });
     });
     connectShortcuts();
+    connectStatus();
 }
 
 frmMain::~frmMain() = default;
@@ -69,6 +80,19 @@ void frmMain::connectShortcuts() {
     press(QKeySequence(Qt::CTRL | Qt::Key_L), ui->cmdListall, this);
     press(QKeySequence(Qt::Key_Delete), ui->cmdDeleteSchedule, ui->List1);
     press(QKeySequence(Qt::Key_Delete), ui->cmdDeleteLeg, ui->List2);
+}
+
+void frmMain::connectStatus() {
+    m_runner.ended = [this](const std::string& did) {
+        if (std::exchange(m_actionsTold, actionCount()) != actionCount()) {
+            m_status->tellFault(actionRing().at(actionRing().newest()).text);
+        } else if (!did.empty()) {
+            m_status->tell(did);
+        }
+        m_status->showState(m_workspace);
+        m_status->showRows(*ui->List1);
+    };
+    connect(ui->List1, &ListBox::rowClicked, m_status, [this] { m_status->showRows(*ui->List1); });
 }
 
 void frmMain::formLoad() {

@@ -8,6 +8,7 @@
 
 #include <QMainWindow>
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -22,6 +23,7 @@ class Lists;
 class ScheduleCommands;
 class ToolCommands;
 class UndoCommands;
+class StatusLine;
 class UpdateCommands;
 class UtilityCommands;
 class ViewCommands;
@@ -56,8 +58,10 @@ class frmMain : public QMainWindow, public Life {
     void connectShortcuts();
     void fitPanel();
     void showAbout();
+    void connectStatus();
 
     std::unique_ptr<Ui::frmMain> ui;
+    StatusLine* m_status;
     Workspace m_workspace;
     CommandRunner m_runner{*this};
     std::unique_ptr<Lists> m_lists;
@@ -69,6 +73,7 @@ class frmMain : public QMainWindow, public Life {
     std::unique_ptr<FileCommands> m_files;
     std::unique_ptr<UpdateCommands> m_updates;
     std::unique_ptr<UndoCommands> m_undo;
+    std::int64_t m_actionsTold = 0; // entries of the ring that the status line has seen
     bool m_opened = false;
     bool m_ended = false;
 };

@@ -203,24 +203,29 @@ void Lists::settimetableicao(std::string_view icao) {
     m_ui.cmdPrint->setEnabled(!m_timetableicao.empty());
 }
 
-void Lists::listAll(const StandardTrap& /*trap*/) {
+std::string Lists::listAll(const StandardTrap& /*trap*/) {
     displaylist("", "", false, 0);
+    return {};
 }
 
-void Lists::listFlightsOfAirport(const StandardTrap& /*trap*/) {
+std::string Lists::listFlightsOfAirport(const StandardTrap& /*trap*/) {
     displaylist(upper(m_ui.cmbICAO->text()), "", false, 0);
+    return {};
 }
 
-void Lists::listFlightsOfAircraft(const StandardTrap& /*trap*/) {
+std::string Lists::listFlightsOfAircraft(const StandardTrap& /*trap*/) {
     displaylist("", upper(m_ui.cmbAC->text()), false, 0);
+    return {};
 }
 
-void Lists::listAirportsOfAircraft(const StandardTrap& /*trap*/) {
+std::string Lists::listAirportsOfAircraft(const StandardTrap& /*trap*/) {
     displaylist("", upper(m_ui.cmbAC->text()), true, 0);
+    return {};
 }
 
-void Lists::listAircraftOfAirport(const StandardTrap& /*trap*/) {
+std::string Lists::listAircraftOfAirport(const StandardTrap& /*trap*/) {
     displaylist(upper(m_ui.cmbICAO->text()), "", true, 0);
+    return {};
 }
 
 void Lists::clickSchedule(const StandardTrap& trap) {

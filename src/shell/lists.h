@@ -45,11 +45,11 @@ class Lists {
     void settimetableicao(std::string_view icao);
 
   private:
-    void listAll(const StandardTrap& trap);
-    void listFlightsOfAirport(const StandardTrap& trap);
-    void listFlightsOfAircraft(const StandardTrap& trap);
-    void listAirportsOfAircraft(const StandardTrap& trap);
-    void listAircraftOfAirport(const StandardTrap& trap);
+    std::string listAll(const StandardTrap& trap);
+    std::string listFlightsOfAirport(const StandardTrap& trap);
+    std::string listFlightsOfAircraft(const StandardTrap& trap);
+    std::string listAirportsOfAircraft(const StandardTrap& trap);
+    std::string listAircraftOfAirport(const StandardTrap& trap);
     void clickSchedule(const StandardTrap& trap);
     void clickLeg(const StandardTrap& trap);
     void clickMissingAircraft(const StandardTrap& trap);

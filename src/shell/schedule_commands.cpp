@@ -31,6 +31,15 @@ class FocusBack {
     ListBox* m_list;
 };
 
+// "Delete 2 legs and undelete 1"
+std::string toggledText(std::int32_t gone, std::int32_t back, std::string_view noun) {
+    if (back == 0) {
+        return "Delete " + counted(gone, noun);
+    }
+    return gone == 0 ? "Undelete " + counted(back, noun)
+                     : "Delete " + counted(gone, noun) + " and undelete " + std::to_string(back);
+}
+
 void find(ComboBox& box, QWidget& owner) {
     if (box.rowCount() > 0) {
         findstring(box, &owner);
@@ -39,10 +48,6 @@ void find(ComboBox& box, QWidget& owner) {
 
 std::string tailOf(std::int32_t recnum) {
     return std::string(schedules.peek(recnum).tailnumber.text());
-}
-
-std::string captionOf(const QAbstractButton& button) {
-    return fromQString(button.text().remove(u'&'));
 }
 
 } // namespace
@@ -66,41 +71,42 @@ std::optional<ScheduleRec> ScheduleCommands::askForEdit(const ScheduleRec& sched
     return editSchedule(&m_owner, schedule, {aircraftRows(true), m_ui.cmbICAO->rows()}, startRow);
 }
 
-void ScheduleCommands::add(const StandardTrap& trap) {
+std::string ScheduleCommands::add(const StandardTrap& trap) {
     const FocusBack focus{m_ui.List1};
     ScheduleRec schedule;
     trap([&] { schedule = defaultschedule(m_ui.cmbAC->text()); });
     if (const std::optional<ScheduleRec> edited = askForEdit(schedule)) {
         m_workspace.unsavedchanges = true;
-        nameStep("Add " + std::string(edited->tailnumber.text()));
         addschedule(trap, *edited);
         trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
         m_lists.displaylegs(schedulecount, "");
+        return "Add " + std::string(edited->tailnumber.text());
     }
+    return {};
 }
 
-void ScheduleCommands::copy(const StandardTrap& trap) {
+std::string ScheduleCommands::copy(const StandardTrap& trap) {
     const FocusBack focus{m_ui.List1};
     const std::int32_t id = m_ui.List1->currentItemData();
     if (id == 0) {
         // Quirk: the guard is that of cmdEditSchedule, and so it is that button which is disabled.
         m_ui.cmdEditSchedule->setEnabled(false);
-        return;
+        return {};
     }
     const BusyPointer busy{trap};
-    nameStep("Copy " + tailOf(id));
     copyschedule(trap, id);
     m_workspace.unsavedchanges = true;
     trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
     m_lists.displaylegs(id, "");
+    return "Copy " + tailOf(id);
 }
 
-void ScheduleCommands::edit(const StandardTrap& trap) {
+std::string ScheduleCommands::edit(const StandardTrap& trap) {
     const FocusBack focus{m_ui.List1};
     const std::int32_t id = m_ui.List1->currentItemData();
     if (id == 0) {
         m_ui.cmdEditSchedule->setEnabled(false);
-        return;
+        return {};
     }
     const int saved = m_ui.List1->currentRow();
     ScheduleRec schedule;
@@ -112,38 +118,40 @@ void ScheduleCommands::edit(const StandardTrap& trap) {
     const BusyPointer busy{trap};
     if (edited) {
         m_workspace.unsavedchanges = true;
-        nameStep("Edit " + tailOf(id));
         trap([&] { schedules.HashPutSlot(id, *edited); });
     }
     // After a Cancel too. On a filtered list the saved row may be another schedule by now.
     trap(&Lists::refresh, m_lists, saved);
     m_lists.displaylegs(m_ui.List1->currentItemData(), "");
+    return edited ? "Edit " + tailOf(id) : std::string();
 }
 
-void ScheduleCommands::toggleSelected(const StandardTrap& trap) {
+std::string ScheduleCommands::toggleSelected(const StandardTrap& trap) {
     const FocusBack focus{m_ui.List1};
     const int saved = m_ui.List1->currentRow();
-    int count = 0;
+    std::int32_t gone = 0;
+    std::int32_t back = 0;
     for (int row = 0; row < m_ui.List1->rowCount(); ++row) {
-        if (m_ui.List1->isRowSelected(row) && m_ui.List1->itemData(row) != 0) {
-            deleteschedbyrecnum(m_ui.List1->itemData(row));
-            ++count;
+        const std::int32_t id = m_ui.List1->itemData(row);
+        if (m_ui.List1->isRowSelected(row) && id != 0) {
+            deleteschedbyrecnum(id);
+            trap([&] { ++(schedules.peek(id).deleted ? gone : back); });
         }
     }
-    nameStep(captionOf(*m_ui.cmdDeleteSchedule) + " " + counted(count, "schedule"));
     m_workspace.unsavedchanges = true; // even when no row counted
     trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
     m_ui.List2->clear();
     if (saved >= 0) {
         m_ui.List1->selectRow(saved);
     }
+    return toggledText(gone, back, "schedule");
 }
 
-void ScheduleCommands::editLeg(const StandardTrap& trap) {
+std::string ScheduleCommands::editLeg(const StandardTrap& trap) {
     const FocusBack focus{m_ui.List2};
     const LegId id = extractindexes(m_ui.List2->currentItemData()).value_or(LegId{});
     if (!id) {
-        return;
+        return {};
     }
     m_workspace.unsavedchanges = true; // Quirk: before the user has done anything, so that a Cancel leaves it set.
     ScheduleRec schedule;
@@ -157,18 +165,18 @@ void ScheduleCommands::editLeg(const StandardTrap& trap) {
     }
     const BusyPointer busy{trap};
     if (edited) {
-        nameStep("Edit " + tailOf(id.recnum));
         trap([&] { schedules.HashPutSlot(id.recnum, *edited); });
     }
     trap(&Lists::displayselected, m_lists); // List1 is not refilled: its row keeps the old text
+    return edited ? "Edit " + tailOf(id.recnum) : std::string();
 }
 
-void ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
+std::string ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
     const FocusBack focus{m_ui.List2};
     ScheduleRec touched;
     LegId id;
-    int count = 0;
-    const std::string verb = captionOf(*m_ui.cmdDeleteLeg); // each row that becomes current changes it
+    std::int32_t gone = 0;
+    std::int32_t back = 0;
     for (int row = 0; row < m_ui.List2->rowCount(); ++row) {
         if (!m_ui.List2->isRowSelected(row)) {
             continue;
@@ -179,10 +187,9 @@ void ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
         if (id) {
             m_workspace.unsavedchanges = true;
             toggleleg(trap, id, touched);
-            ++count;
+            trap([&] { ++(schedules.peek(id.recnum).legs[id.leg].deleted ? gone : back); });
         }
     }
-    nameStep(verb + " " + counted(count, "leg"));
     if (const std::int32_t recnum = m_ui.List1->currentItemData(); recnum != 0) {
         m_lists.displaylegs(recnum, "");
     } else {
@@ -191,14 +198,17 @@ void ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
     if (m_ui.List2->rowCount() > 0) {
         m_lists.enablelegbuttons();
     }
+    return toggledText(gone, back, "leg");
 }
 
-void ScheduleCommands::findAircraft(const StandardTrap& /*trap*/) {
+std::string ScheduleCommands::findAircraft(const StandardTrap& /*trap*/) {
     find(*m_ui.cmbAC, m_owner);
+    return {};
 }
 
-void ScheduleCommands::findAirport(const StandardTrap& /*trap*/) {
+std::string ScheduleCommands::findAirport(const StandardTrap& /*trap*/) {
     find(*m_ui.cmbICAO, m_owner);
+    return {};
 }
 
 } // namespace vantor

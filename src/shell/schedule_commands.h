@@ -6,6 +6,7 @@
 #include "foundation/trap.h"
 
 #include <optional>
+#include <string>
 
 class QWidget;
 
@@ -26,14 +27,14 @@ class ScheduleCommands {
     ScheduleCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
 
   private:
-    void add(const StandardTrap& trap);
-    void copy(const StandardTrap& trap);
-    void edit(const StandardTrap& trap);
-    void toggleSelected(const StandardTrap& trap);
-    void editLeg(const StandardTrap& trap);
-    void toggleSelectedLegs(const StandardTrap& trap);
-    void findAircraft(const StandardTrap& trap);
-    void findAirport(const StandardTrap& trap);
+    std::string add(const StandardTrap& trap);
+    std::string copy(const StandardTrap& trap);
+    std::string edit(const StandardTrap& trap);
+    std::string toggleSelected(const StandardTrap& trap);
+    std::string editLeg(const StandardTrap& trap);
+    std::string toggleSelectedLegs(const StandardTrap& trap);
+    std::string findAircraft(const StandardTrap& trap);
+    std::string findAirport(const StandardTrap& trap);
 
     [[nodiscard]] std::optional<ScheduleRec> askForEdit(const ScheduleRec& schedule, int startRow = 0);
 

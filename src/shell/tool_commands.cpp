@@ -48,7 +48,10 @@ ToolCommands::ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace
 
 void ToolCommands::connectMode(QRadioButton* option, Procedure procedure, std::int16_t mode, CommandRunner& runner) {
     QObject::connect(option, &QRadioButton::clicked, option, [this, procedure, mode, &runner] {
-        if (!runner.run(procedure, [this, mode](const StandardTrap&) { chooseMode(mode); })) {
+        if (!runner.run(procedure, [this, mode](const StandardTrap&) {
+                chooseMode(mode);
+                return "Mode FS200" + std::to_string(mode);
+            })) {
             markMode(); // the click has marked the other one
         }
     });
@@ -79,27 +82,31 @@ void ToolCommands::chooseMode(std::int16_t mode) {
     setupformwithcurrentmode();
 }
 
-void ToolCommands::compile(const StandardTrap& trap) {
+std::string ToolCommands::compile(const StandardTrap& trap) {
     if (schedulecount == 0) {
         host().message("No data loaded, cannot compile");
-        return;
+        return {};
     }
     std::string missing;
     if (airportsmissing(missing)) {
         host().message("You can't compile this file.  The following airports are missing: " + missing);
-        return;
+        return {};
     }
     if (host().askYesNo(m_workspace.unsavedchanges ? unsavedQuestion : updateQuestion())) {
         // What the tool made of it can't be known: nothing is looked at, and the tool gets what is on disk.
         runTool(trap, compileCommand(compiletool));
+        return "Compiled; whether TrafficTools was content it says itself";
     }
+    return {};
 }
 
-void ToolCommands::decompile(const StandardTrap& trap) {
+std::string ToolCommands::decompile(const StandardTrap& trap) {
     if (host().askYesNo(decompileQuestion)) {
         runTool(trap, decompileCommand(decompiletool));
         host().message(reloadNow);
+        return "Decompiled";
     }
+    return {};
 }
 
 void ToolCommands::runTool(const StandardTrap& trap, const std::string& command) {
@@ -110,17 +117,19 @@ void ToolCommands::runTool(const StandardTrap& trap, const std::string& command)
     repaint();
 }
 
-void ToolCommands::report(const StandardTrap& /*trap*/) {
+std::string ToolCommands::report(const StandardTrap& /*trap*/) {
     modACReport();
     // In small letters, unlike the name it was written under.
     host().viewTextFile(programFolder() + "\\aclog.txt");
+    return "Reported on the aircraft folders in ACLOG.TXT";
 }
 
-void ToolCommands::settings(const StandardTrap& trap) {
+std::string ToolCommands::settings(const StandardTrap& trap) {
     trap([&] { frmSettings(&m_owner).exec(); });
     if (m_ui.List1->currentRow() >= 0) { // without one there is nothing to show anew
         m_lists.displaylegs(m_ui.List1->currentItemData(), "");
     }
+    return {};
 }
 
 } // namespace vantor

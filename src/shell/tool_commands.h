@@ -29,10 +29,10 @@ class ToolCommands {
     void setupformwithcurrentmode() noexcept;
 
   private:
-    void compile(const StandardTrap& trap);
-    void decompile(const StandardTrap& trap);
-    void report(const StandardTrap& trap);
-    void settings(const StandardTrap& trap);
+    std::string compile(const StandardTrap& trap);
+    std::string decompile(const StandardTrap& trap);
+    std::string report(const StandardTrap& trap);
+    std::string settings(const StandardTrap& trap);
 
     void runTool(const StandardTrap& trap, const std::string& command);
     void connectMode(QRadioButton* option, Procedure procedure, std::int16_t mode, CommandRunner& runner);

@@ -34,7 +34,7 @@ void refill(ComboBox& box, const ListRows& rows) {
 
 UndoCommands::UndoCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
     : m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists) {
-    const auto key = [&](const QKeySequence& keys, std::string (UndoCommands::*command)()) {
+    const auto key = [&](const QKeySequence& keys, void (UndoCommands::*command)()) {
         auto* const shortcut = new QShortcut(keys, &window);
         QObject::connect(shortcut, &QShortcut::activated, &window, [this, command] { (this->*command)(); });
     };
@@ -52,25 +52,25 @@ std::string UndoCommands::redoCaption() {
     return caption("Redo", redoName());
 }
 
-std::string UndoCommands::undo() {
-    return go({"undo", module}, &vantor::undo, "Undid");
+void UndoCommands::undo() {
+    go({"undo", module}, &vantor::undo, "Undid");
 }
 
-std::string UndoCommands::redo() {
-    return go({"redo", module}, &vantor::redo, "Redid");
+void UndoCommands::redo() {
+    go({"redo", module}, &vantor::redo, "Redid");
 }
 
-std::string UndoCommands::go(Procedure procedure, std::optional<StepRecords> (*way)(), std::string_view done) {
-    std::string told;
+void UndoCommands::go(Procedure procedure, std::optional<StepRecords> (*way)(), std::string_view done) {
     m_runner.run(procedure, [&](const StandardTrap& trap) {
         const BusyPointer busy{trap};
-        if (const std::optional<StepRecords> changed = way()) {
-            told = caption(done, changed->name);
-            m_workspace.unsavedchanges = journal().state() != m_workspace.savedstate;
-            trap(&UndoCommands::show, this, *changed);
+        const std::optional<StepRecords> changed = way();
+        if (!changed) {
+            return std::string();
         }
+        m_workspace.unsavedchanges = journal().state() != m_workspace.savedstate;
+        trap(&UndoCommands::show, this, *changed);
+        return caption(done, changed->name);
     });
-    return told;
 }
 
 // Lists by the filters that are remembered, with the rows that changed selected and in sight.

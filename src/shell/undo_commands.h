@@ -27,12 +27,12 @@ class UndoCommands {
     /// The caption of the command, as in "Undo Delete 3 schedules"; "Undo" alone where there is nothing to undo.
     [[nodiscard]] static std::string undoCaption();
     [[nodiscard]] static std::string redoCaption();
-    /// Each gives what it did, as in "Undid Delete 3 schedules"; empty where there was nothing, or a command runs.
-    std::string undo();
-    std::string redo();
+    /// Each is a command of its own: nothing happens while another one runs.
+    void undo();
+    void redo();
 
   private:
-    std::string go(Procedure procedure, std::optional<StepRecords> (*way)(), std::string_view done);
+    void go(Procedure procedure, std::optional<StepRecords> (*way)(), std::string_view done);
     void show(const StepRecords& changed);
 
     Ui::frmMain& m_ui;

@@ -73,69 +73,66 @@ void UtilityCommands::showFrame(QWidget& frame) {
     frame.show();
 }
 
-void UtilityCommands::finish(const BulkOutcome& outcome) noexcept {
+std::string UtilityCommands::finish(const BulkOutcome& outcome, const std::string& did) {
     const StandardTrap trap{"sub finishbulkchange", module};
     m_workspace.unsavedchanges = m_workspace.unsavedchanges || outcome.setsUnsaved;
     trap(&Host::message, host(), outcome.message);
     if (outcome.clearsLists) {
         m_lists.clear();
     }
+    return outcome.setsUnsaved ? did : std::string();
 }
 
-void UtilityCommands::changeLevel(const StandardTrap& trap) {
+std::string UtilityCommands::changeLevel(const StandardTrap& trap) {
     FlightLevelBoxes boxes{textOf(m_ui.txtNewFL), textOf(m_ui.txtICAO1), textOf(m_ui.txtICAO2)};
     const BulkOutcome outcome = changeFlightLevel(trap, boxes);
     rewrite(m_ui.txtICAO1, boxes.icao1);
     rewrite(m_ui.txtICAO2, boxes.icao2);
-    nameStep("Flight level " + boxes.newFL + " from " + boxes.icao1 + " to " + boxes.icao2);
-    finish(outcome);
+    return finish(outcome, "Flight level " + boxes.newFL + " from " + boxes.icao1 + " to " + boxes.icao2);
 }
 
-void UtilityCommands::changePercentage(const StandardTrap& trap) {
+std::string UtilityCommands::changePercentage(const StandardTrap& trap) {
     const std::string percent = textOf(m_ui.txtATCPercent);
     const std::string aircraftCode = textOf(m_ui.txtATCAircraft);
-    nameStep("ATC " + percent + "% for " + aircraftCode);
-    finish(updateAtcPercentage(trap, percent, aircraftCode));
+    return finish(updateAtcPercentage(trap, percent, aircraftCode), "ATC " + percent + "% for " + aircraftCode);
 }
 
-void UtilityCommands::deleteByIcao(const StandardTrap& trap) {
+std::string UtilityCommands::deleteByIcao(const StandardTrap& trap) {
     std::string icao = textOf(m_ui.txtDelByICAO);
     const AirportDeletion deletion = prepareAirportDeletion(icao);
     rewrite(m_ui.txtDelByICAO, icao);
     if (!deletion.valid) {
         host().message(deletion.message);
-        return;
+        return {};
     }
     if (!host().askYesNo(deletion.message)) {
-        return;
+        return {};
     }
     const BusyPointer busy{trap};
     m_lists.clear();
     trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
-    nameStep("Delete by ICAO " + icao);
     // Quirk: the unsaved-changes flag stays as it is.
-    deleteByAirport(trap, icao);
+    const AirportDeletionCounts gone = deleteByAirport(trap, icao);
+    return "Delete by ICAO " + icao + ": " + counted(gone.schedules, "schedule") + ", " + counted(gone.legs, "leg");
 }
 
-void UtilityCommands::split(const StandardTrap& trap) {
+std::string UtilityCommands::split(const StandardTrap& trap) {
     SplitBoxes boxes{textOf(m_ui.txtSplitICAO), textOf(m_ui.txtSplitIcao1), textOf(m_ui.txtSplitIcao2),
                      m_ui.cmbPC1->text()};
     const BulkOutcome outcome = splitAirport(trap, boxes);
     rewrite(m_ui.txtSplitIcao1, boxes.icao1);
     rewrite(m_ui.txtSplitIcao2, boxes.icao2);
-    nameStep("Split " + boxes.icao + " into " + boxes.icao1 + " and " + boxes.icao2);
-    finish(outcome);
+    return finish(outcome, "Split " + boxes.icao + " into " + boxes.icao1 + " and " + boxes.icao2);
 }
 
-void UtilityCommands::splitByAircraft(const StandardTrap& trap) {
+std::string UtilityCommands::splitByAircraft(const StandardTrap& trap) {
     SplitAircraftBoxes boxes{textOf(m_ui.txtSplitACSource), textOf(m_ui.txtSplitACNewICAO),
                              textOf(m_ui.txtSplitACICAO)};
     const BulkOutcome outcome = splitAircraft(trap, boxes);
     rewrite(m_ui.txtSplitACSource, boxes.aircraftCode);
     rewrite(m_ui.txtSplitACNewICAO, boxes.newIcao);
     rewrite(m_ui.txtSplitACICAO, boxes.oldIcao);
-    nameStep("Move " + boxes.aircraftCode + " from " + boxes.oldIcao + " to " + boxes.newIcao);
-    finish(outcome);
+    return finish(outcome, "Move " + boxes.aircraftCode + " from " + boxes.oldIcao + " to " + boxes.newIcao);
 }
 
 void UtilityCommands::takeAircraft(const StandardTrap& /*trap*/) {

@@ -4,6 +4,8 @@
 
 #include "foundation/trap.h"
 
+#include <string>
+
 class QRadioButton;
 class QWidget;
 
@@ -27,17 +29,17 @@ class UtilityCommands {
     void fitFrames();
 
   private:
-    void changeLevel(const StandardTrap& trap);
-    void changePercentage(const StandardTrap& trap);
-    void deleteByIcao(const StandardTrap& trap);
-    void split(const StandardTrap& trap);
-    void splitByAircraft(const StandardTrap& trap);
+    std::string changeLevel(const StandardTrap& trap);
+    std::string changePercentage(const StandardTrap& trap);
+    std::string deleteByIcao(const StandardTrap& trap);
+    std::string split(const StandardTrap& trap);
+    std::string splitByAircraft(const StandardTrap& trap);
     void takeAircraft(const StandardTrap& trap);
     void takeAirport(const StandardTrap& trap);
     void takeShare(const StandardTrap& trap);
 
     void showFrame(QWidget& frame);
-    void finish(const BulkOutcome& outcome) noexcept;
+    [[nodiscard]] std::string finish(const BulkOutcome& outcome, const std::string& did);
 
     Ui::frmMain& m_ui;
     Workspace& m_workspace;

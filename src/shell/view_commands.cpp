@@ -30,8 +30,9 @@ ViewCommands::ViewCommands(QWidget& owner, Ui::frmMain& ui, CommandRunner& runne
     runner.command(ui.cmdMap, {"sub cmdmap_click", module}, this, &ViewCommands::showMap);
 }
 
-void ViewCommands::showTimetable(const StandardTrap& /*trap*/) {
+std::string ViewCommands::showTimetable(const StandardTrap& /*trap*/) {
     displaytimetable(upper(m_ui.cmbICAO->text()));
+    return {};
 }
 
 void ViewCommands::displaytimetable(std::string_view icao) noexcept {
@@ -43,22 +44,26 @@ void ViewCommands::displaytimetable(std::string_view icao) noexcept {
     trap(&Lists::settimetableicao, m_lists, code);
 }
 
-void ViewCommands::print(const StandardTrap& /*trap*/) {
+std::string ViewCommands::print(const StandardTrap& /*trap*/) {
     try {
         if (m_lists.timetableicao().empty()) {
             host().message("Please display a timetable first");
-            return;
+            return {};
         }
         // Quirk: whatever becomes of the dialog, the printing goes on.
         chooseprinter(&m_owner, "Schedule");
         printSchedule(currentPrinter(), schedulePrintout(m_lists.timetableicao(), m_ui.List2->rows()));
+        return "Printed the timetable of " + m_lists.timetableicao();
     } catch (...) {
-        logit(currentError().description());
+        const Error error = currentError();
+        logit(error.description());
+        return "Not printed: " + error.description();
     }
 }
 
-void ViewCommands::showGates(const StandardTrap& /*trap*/) {
+std::string ViewCommands::showGates(const StandardTrap& /*trap*/) {
     displaymaxgates(m_ui.cmbICAO->text());
+    return {};
 }
 
 void ViewCommands::displaymaxgates(std::string_view icao) noexcept {
@@ -68,15 +73,17 @@ void ViewCommands::displaymaxgates(std::string_view icao) noexcept {
     trap([&] { m_ui.List2->setRows(gateRows(trap, extractcode(icao))); });
 }
 
-void ViewCommands::showChart(const StandardTrap& /*trap*/) {
+std::string ViewCommands::showChart(const StandardTrap& /*trap*/) {
     frmChart chart(&m_owner);
     chart.showchart(m_ui.cmbICAO->text());
+    return {};
 }
 
-void ViewCommands::showMap(const StandardTrap& /*trap*/) {
+std::string ViewCommands::showMap(const StandardTrap& /*trap*/) {
     frmMap map(&m_owner);
     map.loadmap(m_ui.cmbICAO->currentRow());
     map.exec();
+    return {};
 }
 
 } // namespace vantor

@@ -4,6 +4,7 @@
 
 #include "foundation/trap.h"
 
+#include <string>
 #include <string_view>
 
 class QWidget;
@@ -28,11 +29,11 @@ class ViewCommands {
     void displaymaxgates(std::string_view icao) noexcept;
 
   private:
-    void showTimetable(const StandardTrap& trap);
-    void print(const StandardTrap& trap);
-    void showGates(const StandardTrap& trap);
-    void showChart(const StandardTrap& trap);
-    void showMap(const StandardTrap& trap);
+    std::string showTimetable(const StandardTrap& trap);
+    std::string print(const StandardTrap& trap);
+    std::string showGates(const StandardTrap& trap);
+    std::string showChart(const StandardTrap& trap);
+    std::string showMap(const StandardTrap& trap);
 
     QWidget& m_owner;
     Ui::frmMain& m_ui;

@@ -14,6 +14,9 @@ struct Workspace {
     std::string aircraftname;
     std::string airportsname;
 
+    /// The mode that the flight plans were loaded for: 2 or 4; 0 while none are loaded.
+    std::int16_t loadedMode = 0;
+
     /// Filters (bare codes, empty for none) and kind of the listing shown: of schedules, or of aircraft or airports.
     std::string currenticao;
     std::string currentac;

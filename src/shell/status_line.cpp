@@ -1,0 +1,137 @@
+#include "shell/status_line.h"
+
+#include "core/codes.h"
+#include "core/tables.h"
+#include "foundation/host.h"
+#include "foundation/log.h"
+#include "foundation/native_path.h"
+#include "foundation/text.h"
+#include "foundation/trap.h"
+#include "platform/code_page.h"
+#include "platform/list_box.h"
+#include "shell/path_label.h"
+#include "shell/workspace.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMouseEvent>
+
+namespace vantor {
+
+namespace {
+
+struct LoadedCounts {
+    std::int32_t schedules = 0;
+    std::int64_t legs = 0;
+};
+
+// Deleted ones and lines without a schedule don't count.
+LoadedCounts countLoaded() {
+    LoadedCounts counts;
+    for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
+        const ScheduleRec& schedule = schedules.peek(recnum);
+        if (schedule.recnum != 0 && !schedule.deleted) {
+            ++counts.schedules;
+            counts.legs += schedule.legcount;
+        }
+    }
+    return counts;
+}
+
+} // namespace
+
+StatusLine::StatusLine(QWidget* parent) : QWidget(parent), m_happened(new PathLabel(this)) {
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(2, 0, 4, 0);
+    row->setSpacing(0);
+    m_happened->setObjectName(QStringLiteral("lblHappened"));
+    m_happened->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    row->addWidget(m_happened, 1);
+    const auto add = [&](const char* name) {
+        auto* const label = new QLabel(this);
+        label->setObjectName(QLatin1String(name));
+        label->setTextFormat(Qt::PlainText);
+        label->setContentsMargins(12, 0, 0, 0);
+        row->addWidget(label);
+        return label;
+    };
+    m_loaded = add("lblLoaded");
+    m_rows = add("lblRows");
+    m_file = add("lblFile");
+    m_mode = add("lblLoadedMode");
+    m_unsaved = add("lblUnsaved");
+    m_offset = add("lblOffset");
+    m_leastWantedFirst = {m_loaded, m_rows, m_file};
+}
+
+void StatusLine::tell(const std::string& text) {
+    m_fault = false;
+    m_happened->setCursor(Qt::ArrowCursor);
+    m_happened->setPath(toQString(text));
+}
+
+void StatusLine::tellFault(const std::string& action) {
+    m_fault = true;
+    m_happened->setCursor(Qt::PointingHandCursor);
+    m_happened->setPath(toQString(action.substr(0, action.rfind(") in ")) + ")"));
+    m_happened->setToolTip(toQString(action).toHtmlEscaped() + QStringLiteral("<br>A click opens the log."));
+}
+
+void StatusLine::showState(const Workspace& workspace) {
+    const StandardTrap trap{"sub showstate", "frmMain"};
+    LoadedCounts counts;
+    trap([&] { counts = countLoaded(); });
+    m_loaded->setText(toQString(counted(counts.schedules, "schedule") + ", " + counted(counts.legs, "leg") + ", " +
+                                std::to_string(aircraftcount) + " aircraft, " + counted(airportcount, "airport")));
+    const std::string& file = workspace.flightsname;
+    m_file->setText(toQString(file.substr(file.rfind('\\') + 1)));
+    m_file->setToolTip(toQString(file).toHtmlEscaped());
+    const bool otherMode = workspace.loadedMode != 0 && workspace.loadedMode != fsmode;
+    m_mode->setText(otherMode ? QStringLiteral("loaded for FS200%1").arg(workspace.loadedMode) : QString());
+    m_unsaved->setText(workspace.unsavedchanges ? QStringLiteral("unsaved") : QString());
+    m_offset->setText(gmtoffset != 0.0F ? toQString(gmtstring()) : QString());
+    makeRoom();
+}
+
+void StatusLine::showRows(const ListBox& list) {
+    const int last = list.rowCount() - 1;
+    const int closing = last >= 0 && list.rowText(last).empty() ? 1 : 0; // the empty row behind the others
+    m_rows->setText(
+        toQString(counted(last + 1 - closing, "row") + ", " + std::to_string(list.selectedRowCount()) + " selected"));
+    makeRoom();
+}
+
+QSize StatusLine::minimumSizeHint() const {
+    return {0, QWidget::minimumSizeHint().height()};
+}
+
+void StatusLine::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    makeRoom();
+}
+
+void StatusLine::mouseReleaseEvent(QMouseEvent* event) {
+    if (m_fault && m_happened->geometry().contains(event->position().toPoint())) {
+        const StandardTrap trap{"sub statusline_click", "frmMain"};
+        trap(dumpactions); // the fault may not have reached the log yet
+        trap([] { host().viewTextFile(programFolder() + "\\log.txt"); });
+    }
+}
+
+void StatusLine::makeRoom() {
+    int needed = m_happened->minimumSizeHint().width();
+    for (QLabel* const label : findChildren<QLabel*>()) {
+        if (label != m_happened) {
+            label->setVisible(!label->text().isEmpty());
+            needed += label->text().isEmpty() ? 0 : label->sizeHint().width();
+        }
+    }
+    for (QLabel* const label : m_leastWantedFirst) {
+        if (needed > width() && !label->text().isEmpty()) {
+            needed -= label->sizeHint().width();
+            label->hide();
+        }
+    }
+}
+
+} // namespace vantor

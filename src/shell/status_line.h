@@ -1,0 +1,55 @@
+// Shell: the main window, its dialogs and the settings of the application.
+// The line at the window's foot: what happened last, and what is loaded, shown and not saved yet.
+#pragma once
+
+#include <QWidget>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class QLabel;
+
+namespace vantor {
+
+class ListBox;
+class PathLabel;
+struct Workspace;
+
+/// Knows no command: it is told what happened, and looks at the rest when it is refreshed.
+class StatusLine : public QWidget {
+    Q_OBJECT
+  public:
+    explicit StatusLine(QWidget* parent = nullptr);
+
+    /// What a command did. It stays until the next one tells something.
+    void tell(const std::string& text);
+    /// A fault of the ring, "{description}({number}) in {procedure} of module {module}". A click on it opens the log.
+    void tellFault(const std::string& action);
+    /// Shows what is loaded and not saved as it stands, for which it walks the schedules.
+    void showState(const Workspace& workspace);
+    /// Shows how many rows a list has and how many are selected.
+    void showRows(const ListBox& list);
+
+    /// Narrower windows than all of it show less.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void makeRoom();
+
+    PathLabel* m_happened;
+    QLabel* m_loaded;
+    QLabel* m_rows;
+    QLabel* m_file;
+    QLabel* m_mode;
+    QLabel* m_unsaved;
+    QLabel* m_offset;
+    std::vector<QLabel*> m_leastWantedFirst;
+    bool m_fault = false;
+};
+
+} // namespace vantor
