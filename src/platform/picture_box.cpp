@@ -126,8 +126,17 @@ void PictureBox::paintEvent(QPaintEvent* event) {
     const QRect inner = contentsRect();
     if (m_picture.isNull()) {
         screen.drawPixmap(inner.topLeft(), m_surface);
-        return;
+    } else {
+        paintPicture(screen, inner);
     }
+    if (hasFocus()) {
+        constexpr int width = 2;
+        screen.setPen(QPen(palette().color(QPalette::Highlight), width));
+        screen.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+}
+
+void PictureBox::paintPicture(QPainter& screen, const QRect& inner) const {
     const QSize size = m_picture.deviceIndependentSize().toSize().scaled(inner.size(), Qt::KeepAspectRatio);
     QRect place(QPoint(0, 0), size);
     place.moveCenter(inner.center());

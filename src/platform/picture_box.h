@@ -61,6 +61,7 @@ class PictureBox : public QFrame, public Canvas {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void paintPicture(QPainter& screen, const QRect& inner) const;
     [[nodiscard]] QFont drawingFont() const;
     [[nodiscard]] QFontMetricsF metrics() const;
     [[nodiscard]] QColor backColour() const;

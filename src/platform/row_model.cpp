@@ -22,7 +22,11 @@ void RowModel::append(ListRow row) {
 }
 
 void RowModel::remove(int row) {
-    removeRows(row, 1, {});
+    if (holds(row)) {
+        beginRemoveRows({}, row, row);
+        m_rows.erase(m_rows.begin() + row);
+        endRemoveRows();
+    }
 }
 
 void RowModel::setText(int row, std::string_view text) {
@@ -62,45 +66,6 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
     default:
         return {};
     }
-}
-
-bool RowModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (!index.isValid() || !holds(index.row())) {
-        return false;
-    }
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        at(index.row()).text = fromQString(value.toString());
-        break;
-    case Qt::UserRole:
-        at(index.row()).itemData = value.toInt();
-        break;
-    default:
-        return false;
-    }
-    tellChanged(index.row());
-    return true;
-}
-
-bool RowModel::insertRows(int row, int count, const QModelIndex& parent) {
-    if (parent.isValid() || count < 1 || row < 0 || row > this->count()) {
-        return false;
-    }
-    beginInsertRows({}, row, row + count - 1);
-    m_rows.insert(m_rows.begin() + row, static_cast<std::size_t>(count), ListRow{});
-    endInsertRows();
-    return true;
-}
-
-bool RowModel::removeRows(int row, int count, const QModelIndex& parent) {
-    if (parent.isValid() || count < 1 || row < 0 || count > this->count() - row) {
-        return false;
-    }
-    beginRemoveRows({}, row, row + count - 1);
-    m_rows.erase(m_rows.begin() + row, m_rows.begin() + row + count);
-    endRemoveRows();
-    return true;
 }
 
 void RowModel::tellChanged(int row) {

@@ -37,10 +37,6 @@ class RowModel : public QAbstractListModel {
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    // These three serve rows that stand in a form's layout file.
-    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
-    bool insertRows(int row, int count, const QModelIndex& parent) override;
-    bool removeRows(int row, int count, const QModelIndex& parent) override;
 
   private:
     [[nodiscard]] ListRow& at(int row) { return m_rows[static_cast<std::size_t>(row)]; }

@@ -60,35 +60,32 @@ fSHAREDErrorRpt::fSHAREDErrorRpt(QWidget* parent) : QDialog(parent), m_ui(std::m
 fSHAREDErrorRpt::~fSHAREDErrorRpt() = default;
 
 void fSHAREDErrorRpt::Form_Load() noexcept {
-    const StandardTrap trap{"sub form_load", moduleName};
-    trap([&] {
-        // An ampersand of the folder's name is no mnemonic.
-        m_ui->Frame2->setTitle(toQString(replaceAll(inProgramFolder("log.txt"), "&", "&&")));
-    });
-    trap([&] {
-        m_ui->txtLog->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont)); // the log has columns
-        const QFontMetrics metrics = fontMetrics();
-        m_ui->txtError->setFixedHeight(metrics.height() * 5);
-        m_ui->txtUserMessage->setMinimumHeight(metrics.height() * 5);
-        m_ui->txtLog->setMinimumHeight(metrics.height() * 10);
-        m_ui->txtError->setMinimumWidth(metrics.averageCharWidth() * 80);
-    });
+    // An ampersand of the folder's name is no mnemonic.
+    m_ui->Frame2->setTitle(toQString(replaceAll(inProgramFolder("log.txt"), "&", "&&")));
+    m_ui->txtLog->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont)); // the log has columns
+    const QFontMetrics metrics = fontMetrics();
+    m_ui->txtError->setFixedHeight(metrics.height() * 5);
+    m_ui->txtUserMessage->setMinimumHeight(metrics.height() * 5);
+    m_ui->txtLog->setMinimumHeight(metrics.height() * 10);
+    m_ui->txtError->setMinimumWidth(metrics.averageCharWidth() * 80);
 }
 
 void fSHAREDErrorRpt::ShowError(std::string_view text, std::string_view topic) noexcept {
     const StandardTrap trap{"sub showerror", moduleName};
-    trap([&] { m_topic = topic; });
-    trap([&] { m_ui->txtError->setPlainText(toQString(text)); });
+    m_topic = topic;
+    m_ui->txtError->setPlainText(toQString(text));
     MakeClean();
-    trap([&] {
-        std::string log = "No log file";
-        if (FileExists(inProgramFolder("log.txt"))) {
-            log.clear();
-            LoadTextFile(inProgramFolder("log.txt"), log);
-        }
-        m_ui->txtLog->setPlainText(toQString(log));
-    });
-    trap([&] { exec(); });
+    trap(&fSHAREDErrorRpt::showLog, this);
+    trap(&fSHAREDErrorRpt::exec, this);
+}
+
+void fSHAREDErrorRpt::showLog() {
+    std::string log = "No log file";
+    if (FileExists(inProgramFolder("log.txt"))) {
+        log.clear();
+        LoadTextFile(inProgramFolder("log.txt"), log);
+    }
+    m_ui->txtLog->setPlainText(toQString(log));
 }
 
 bool fSHAREDErrorRpt::eventFilter(QObject* watched, QEvent* event) {
@@ -120,17 +117,15 @@ void fSHAREDErrorRpt::cmdViewReport_Click() noexcept {
 }
 
 void fSHAREDErrorRpt::cmdViewLog_Click() noexcept {
-    const StandardTrap trap{"sub cmdviewlog_click", moduleName};
-    trap([&] { m_ui->Frame2->show(); });
-    trap([&] { m_ui->txtLog->setFocus(); });
-    trap([&] { m_ui->cmdViewLog->hide(); });
+    m_ui->Frame2->show();
+    m_ui->txtLog->setFocus();
+    m_ui->cmdViewLog->hide();
 }
 
 void fSHAREDErrorRpt::cmdShowComments_Click() noexcept {
-    const StandardTrap trap{"sub cmdshowcomments_click", moduleName};
-    trap([&] { m_ui->Frame3->show(); });
-    trap([&] { m_ui->txtUserMessage->setFocus(); });
-    trap([&] { m_ui->cmdShowComments->hide(); });
+    m_ui->Frame3->show();
+    m_ui->txtUserMessage->setFocus();
+    m_ui->cmdShowComments->hide();
 }
 
 void fSHAREDErrorRpt::cmdHelp_Click() noexcept {
@@ -138,15 +133,14 @@ void fSHAREDErrorRpt::cmdHelp_Click() noexcept {
 }
 
 void fSHAREDErrorRpt::cmdExit_Click() noexcept {
-    const StandardTrap trap{"sub cmdexit_click", moduleName};
-    trap([&] { close(); });
+    close();
 }
 
 void fSHAREDErrorRpt::done(int result) {
     // Every way out comes by here: the button, Escape and the window's own control.
     const StandardTrap trap{"sub form_queryunload", moduleName};
-    trap([&] { QDialog::done(result); });
-    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+    QDialog::done(result);
+    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
     m_closed = true;
 }
 

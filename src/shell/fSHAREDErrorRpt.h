@@ -38,6 +38,7 @@ class fSHAREDErrorRpt : public QDialog {
 
   private:
     void Form_Load() noexcept;
+    void showLog();
     void cmdEmail_Click() noexcept;
     void cmdViewReport_Click() noexcept;
     void cmdViewLog_Click() noexcept;

@@ -23,7 +23,7 @@ std::optional<ChosenAircraft> chooseAircraft(QWidget* parent, std::string_view c
     std::optional<ChosenAircraft> chosen;
     trap([&] {
         frmAircraftSub dialog(parent, current, std::move(rows));
-        trap([&] { dialog.exec(); });
+        trap(&frmAircraftSub::exec, &dialog);
         chosen = dialog.chosen();
     });
     return chosen;
@@ -67,8 +67,7 @@ void frmAircraftSub::cmdApply_Click() noexcept {
 }
 
 void frmAircraftSub::cmdClear_Click() noexcept {
-    const StandardTrap trap{"sub cmdclear_click", module};
-    trap([&] { ui->txtFilter->clear(); });
+    ui->txtFilter->clear();
     refilllist();
 }
 
@@ -82,14 +81,14 @@ void frmAircraftSub::cmdOK_Click() noexcept {
         const std::string row = ui->List1->currentText();
         m_chosen = {substituteText(m_current, row), row};
     });
-    trap(&frmAircraftSub::accept, this);
-    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+    accept();
+    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 
 void frmAircraftSub::cmdCancel_Click() noexcept {
     const StandardTrap trap{"sub cmdcancel_click", module};
-    trap([&] { QDialog::reject(); });
-    trap([&] { host().pumpEvents(Pump::PaintAndTimers); });
+    QDialog::reject();
+    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 
 void frmAircraftSub::reject() {

@@ -5,6 +5,7 @@
 #include "foundation/trap.h"
 #include "locale/translation.h"
 #include "platform/code_page.h"
+#include "platform/colours.h"
 #include "platform/picture_box.h"
 #include "platform/qt_host.h"
 #include "ui_fSHAREDUpdater.h"
@@ -110,7 +111,8 @@ void fSHAREDUpdater::setProgram(std::string_view text) {
 void fSHAREDUpdater::setUpdate(std::string_view text, std::optional<Colour> colour) {
     QPalette colours = palette();
     if (colour) {
-        colours.setColor(QPalette::WindowText, QColor(*colour & 0xFF, (*colour >> 8) & 0xFF, (*colour >> 16) & 0xFF));
+        const QColor told(*colour & 0xFF, (*colour >> 8) & 0xFF, (*colour >> 16) & 0xFF);
+        colours.setColor(QPalette::WindowText, legible(told, colours.color(QPalette::Window)));
     }
     m_ui->lblUpdate->setPalette(colours);
     m_ui->lblUpdate->setText(toQString(text));

@@ -41,37 +41,26 @@ frmChart::frmChart(QWidget* owner) : QDialog(owner), m_ui(std::make_unique<Ui::f
 frmChart::~frmChart() = default;
 
 void frmChart::Form_Load() noexcept {
-    const StandardTrap trap{"sub form_load", module};
-    trap([&] {
-        if (parentWidget() != nullptr) {
-            setWindowIcon(parentWidget()->window()->windowIcon());
-        }
-    });
-    trap([&] {
-        m_ui->cmbDay->setRows({{"Daily", 0},
-                               {"Sun Only", 0},
-                               {"Mon Only", 0},
-                               {"Tue Only", 0},
-                               {"Wed Only", 0},
-                               {"Thu Only", 0},
-                               {"Fri Only", 0},
-                               {"Sat Only", 0}});
-    });
-    trap([&] { m_ui->cmbDay->setCurrentRow(0); });
+    if (parentWidget() != nullptr) {
+        setWindowIcon(parentWidget()->window()->windowIcon());
+    }
+    m_ui->cmbDay->setRows(
+        {{"Daily"}, {"Sun Only"}, {"Mon Only"}, {"Tue Only"}, {"Wed Only"}, {"Thu Only"}, {"Fri Only"}, {"Sat Only"}});
+    m_ui->cmbDay->setCurrentRow(0);
 }
 
 void frmChart::showchart(std::string_view icao) noexcept {
     const StandardTrap trap{"sub showchart", module};
-    trap([&] { m_icao = icao; });
+    m_icao = icao;
     updatechart(dailyView);
-    trap([&] { exec(); });
+    trap(&frmChart::exec, this);
 }
 
 void frmChart::updatechart(std::int16_t day) noexcept {
     const StandardTrap trap{"sub updatechart", module};
     m_day = day;
-    trap([&] { m_ui->lblTraffic->setText(toQString(m_icao)); });
-    trap([&] { drawMovementChart(*m_ui->picChart, m_icao, day); });
+    m_ui->lblTraffic->setText(toQString(m_icao));
+    trap(drawMovementChart, *m_ui->picChart, m_icao, day);
 }
 
 void frmChart::cmbDay_Click() noexcept {

@@ -43,12 +43,9 @@ frmMap::frmMap(QWidget* owner) : QDialog(owner), m_ui(std::make_unique<Ui::frmMa
     connect(m_ui->cmdZoomIn, &QPushButton::clicked, this, &frmMap::cmdZoomIn_Click);
     connect(m_ui->cmdZoomOut, &QPushButton::clicked, this, &frmMap::cmdZoomOut_Click);
     connect(m_ui->cmdExit, &QPushButton::clicked, this, &frmMap::cmdExit_Click);
-    const StandardTrap trap{"sub form_load", module};
-    trap([&] {
-        if (owner != nullptr) {
-            setWindowIcon(owner->window()->windowIcon());
-        }
-    });
+    if (owner != nullptr) {
+        setWindowIcon(owner->window()->windowIcon());
+    }
     // A degree of longitude and one of latitude look alike in a square frame.
     const int unit = fontMetrics().averageCharWidth();
     resize(unit * 120, unit * 128);
@@ -59,15 +56,11 @@ frmMap::~frmMap() = default;
 
 void frmMap::loadmap(int index) noexcept {
     const StandardTrap trap{"sub loadmap", module};
-    trap([&] {
-        m_ui->cmbAirports->setRows(airportRows());
-        m_ui->cmbAirports->setCurrentRow(0);
-    });
-    trap([&] {
-        if (m_ui->cmbAirports->rowCount() > 0) {
-            m_ui->cmbAirports->setCurrentRow(index);
-        }
-    });
+    trap([&] { m_ui->cmbAirports->setRows(airportRows()); });
+    m_ui->cmbAirports->setCurrentRow(0);
+    if (m_ui->cmbAirports->rowCount() > 0) {
+        m_ui->cmbAirports->setCurrentRow(index);
+    }
 }
 
 void frmMap::drawothers(std::string_view icao) noexcept {
@@ -90,14 +83,11 @@ void frmMap::drawothers(std::string_view icao) noexcept {
 }
 
 void frmMap::setupscreen() noexcept {
-    const StandardTrap trap{"sub setupscreen", module};
-    trap([&] {
-        const MapLayout layout = mapLayout(sizeInTwips(this), sizeInTwips(m_ui->picFrame));
-        m_ui->picFrame->setGeometry(pixels(layout.frame.x), pixels(layout.frame.y), pixels(layout.frameSize.x),
-                                    pixels(layout.frameSize.y));
-        m_ui->picMap->move(pixels(layout.map.x), pixels(layout.map.y));
-        placeButtons(pixels(layout.buttonsTop));
-    });
+    const MapLayout layout = mapLayout(sizeInTwips(this), sizeInTwips(m_ui->picFrame));
+    m_ui->picFrame->setGeometry(pixels(layout.frame.x), pixels(layout.frame.y), pixels(layout.frameSize.x),
+                                pixels(layout.frameSize.y));
+    m_ui->picMap->move(pixels(layout.map.x), pixels(layout.map.y));
+    placeButtons(pixels(layout.buttonsTop));
 }
 
 // Side by side below the frame: the airports on the left, the way out on the right.
@@ -121,9 +111,8 @@ std::string frmMap::chosenCode() const {
 
 void frmMap::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    const StandardTrap trap{"sub form_resize", module};
     setupscreen();
-    trap([&] { drawothers(chosenCode()); });
+    drawothers(chosenCode());
 }
 
 // A window closed by its key in the middle of a drag hears of no release.
@@ -137,30 +126,24 @@ void frmMap::hideEvent(QHideEvent* event) {
 
 void frmMap::cmbAirports_Click() noexcept {
     const StandardTrap trap{"sub cmbairports_click", module};
-    trap([&] { m_ui->cmbAirports->setEnabled(false); });
-    trap([&] { drawothers(chosenCode()); });
-    trap([&] { m_ui->cmbAirports->setEnabled(true); });
-    trap([&] { m_ui->cmbAirports->setFocus(); });
+    m_ui->cmbAirports->setEnabled(false);
+    drawothers(chosenCode());
+    m_ui->cmbAirports->setEnabled(true);
+    m_ui->cmbAirports->setFocus();
     trap([] { host().pumpEvents(Pump::PaintAndTimers); });
 }
 
 void frmMap::cmdZoomIn_Click() noexcept {
-    const StandardTrap trap{"sub cmdzoomin_click", module};
-    trap([&] {
-        if (mayZoomIn(sizeInTwips(m_ui->picMap))) {
-            m_ui->picMap->resize(m_ui->picMap->size() * 1.25);
-            drawothers(chosenCode()); // Quirk: fits the map into its frame again, so no zoom lasts
-        }
-    });
+    if (mayZoomIn(sizeInTwips(m_ui->picMap))) {
+        m_ui->picMap->resize(m_ui->picMap->size() * 1.25);
+        drawothers(chosenCode()); // Quirk: fits the map into its frame again, so no zoom lasts
+    }
 }
 
 void frmMap::cmdZoomOut_Click() noexcept {
-    const StandardTrap trap{"sub cmdzoomout_click", module};
-    trap([&] {
-        m_ui->picMap->resize(m_ui->picMap->size() * 0.75);
-        m_ui->picMap->move(0, 0);
-        drawothers(chosenCode());
-    });
+    m_ui->picMap->resize(m_ui->picMap->size() * 0.75);
+    m_ui->picMap->move(0, 0);
+    drawothers(chosenCode());
 }
 
 void frmMap::cmdExit_Click() noexcept {
@@ -197,7 +180,7 @@ void frmMap::picMap_MouseDown(const QMouseEvent& event) noexcept {
 
 void frmMap::picMap_MouseMove(const QMouseEvent& event) noexcept {
     const StandardTrap trap{"sub picmap_mousemove", module};
-    trap([&] {
+    trap([&] { // a drag far beyond the window overflows
         const MapPoint place = m_drag.move(twips(event.position().x()), twips(event.position().y()),
                                            event.buttons().testFlag(Qt::LeftButton), placeInTwips(m_ui->picMap),
                                            sizeInTwips(m_ui->picMap), sizeInTwips(m_ui->picFrame));

@@ -5,9 +5,8 @@
 #include "support/fixture.h"
 #include "support/form_driver.h"
 
+#include <QGroupBox>
 #include <QLineEdit>
-
-#include <gtest/gtest.h>
 
 namespace vantor::test {
 namespace {
@@ -20,16 +19,26 @@ class FindTest : public Fixture {
         box.setRows({{"KSEA - Seattle"}, {"KPDX - Portland"}, {""}, {"ESSA - Stockholm"}, {"LOWW - Wien"}});
         box.setCurrentRow(1);
         QObject::connect(&box, &ComboBox::rowClicked, [this] { ++clicks; });
-        clicks = 0;
     }
 
-    void find(const std::function<void(QDialog&)>& user) {
+    // Hands the dialog over `box` to the user, and tells how often that was clicked and where it stands then.
+    std::string find(const std::function<void(QDialog&)>& user) {
+        clicks = 0;
         const auto dialogs = expectDialog("frmFind", user);
         findstring(box, nullptr);
+        return std::to_string(clicks) + ": " + box.text();
     }
-    static std::string shown(QDialog& dialog) { return control<ComboBox>(dialog, "cmbList").text(); }
-    static void sought(QDialog& dialog, std::string_view text) {
-        typeOver(control<QLineEdit>(dialog, "txtSearchString"), text);
+    std::string find(std::initializer_list<std::string_view> steps) {
+        return find([&](QDialog& dialog) { play(dialog, steps); });
+    }
+    // Presses a button, or Enter in the text box for "", and gives the row found.
+    static std::string found(QDialog& dialog, std::string_view button) {
+        if (button.empty()) {
+            pressKey(control<QLineEdit>(dialog, "txtSearchString"), Qt::Key_Return);
+        } else {
+            click(dialog, button);
+        }
+        return control<ComboBox>(dialog, "cmbList").text().substr(0, 4);
     }
 
     QtHost qtHost;
@@ -37,82 +46,44 @@ class FindTest : public Fixture {
     int clicks = 0;
 };
 
-TEST_F(FindTest, FindsFromHitToHitAndMovesTheBox) {
-    find([](QDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Find"));
-        EXPECT_EQ(control<ComboBox>(dialog, "cmbList").rowCount(), 6);
-        EXPECT_EQ(shown(dialog), "KPDX - Portland");
-        sought(dialog, "STO");
-        click(dialog, "cmdFirst");
-        EXPECT_EQ(shown(dialog), "ESSA - Stockholm");
-        const auto boxes = answerBoxes({{"No more matches"}, {"No more matches"}});
-        click(dialog, "cmdNext");
-        click(dialog, "cmdNext"); // the same rest again
-        EXPECT_EQ(shown(dialog), "ESSA - Stockholm");
-        sought(dialog, "wien");
-        click(dialog, "cmdNext");
-        click(dialog, "cmdNext"); // the last real row was the hit: no word
-        EXPECT_EQ(shown(dialog), "LOWW - Wien");
-        click(dialog, "cmdOK");
-    });
-    EXPECT_EQ(box.currentRow(), 4);
-    EXPECT_EQ(clicks, 1);
-}
-
-TEST_F(FindTest, EnterSearchesAndSearchesOn) {
-    find([](QDialog& dialog) {
-        auto& text = control<QLineEdit>(dialog, "txtSearchString");
-        sought(dialog, "s");
-        for (const char* const row : {"KSEA - Seattle", "ESSA - Stockholm"}) {
-            pressKey(text, Qt::Key_Return);
-            EXPECT_EQ(shown(dialog), row);
-        }
-        sought(dialog, "k");
-        pressKey(text, Qt::Key_Return); // another text: from the top
-        EXPECT_EQ(shown(dialog), "KSEA - Seattle");
-        control<ComboBox>(dialog, "cmbList").setFocus();
-        pressKey(control<ComboBox>(dialog, "cmbList"), Qt::Key_Return); // elsewhere OK is the default button
-    });
-    EXPECT_EQ(box.currentRow(), 0);
-}
-
-TEST_F(FindTest, NextBeforeFirstMissesTheFirstRow) {
-    find([](QDialog& dialog) {
-        sought(dialog, "s");
-        click(dialog, "cmdNext");
-        EXPECT_EQ(shown(dialog), "ESSA - Stockholm");
-        click(dialog, "cmdFirst");
-        EXPECT_EQ(shown(dialog), "KSEA - Seattle");
-        sought(dialog, ""); // matches all but empty rows
-        click(dialog, "cmdNext");
-        EXPECT_EQ(shown(dialog), "KPDX - Portland");
-        click(dialog, "cmdNext");
-        EXPECT_EQ(shown(dialog), "ESSA - Stockholm");
-        click(dialog, "cmdExit");
-    });
-    EXPECT_EQ(box.currentRow(), 1);
-    EXPECT_EQ(clicks, 0);
+TEST_F(FindTest, GoesFromHitToHitByButtonsOrEnterAndMovesTheBox) {
+    EXPECT_EQ(
+        find([](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Find"));
+            const auto& frame = control<QGroupBox>(dialog, "Frame1");
+            for (const char* const name : {"txtSearchString", "cmdFirst", "cmdNext", "cmbList", "cmdOK", "cmdExit"}) {
+                EXPECT_TRUE(frame.isAncestorOf(&control<QWidget>(dialog, name))) << name;
+            }
+            EXPECT_EQ(control<ComboBox>(dialog, "cmbList").rowCount(), 6);
+            play(dialog, {"txtSearchString=s"});
+            EXPECT_EQ(found(dialog, "cmdNext"), "ESSA"); // before any First it misses row 0
+            EXPECT_EQ(found(dialog, "cmdFirst"), "KSEA");
+            EXPECT_EQ(found(dialog, ""), "ESSA");
+            const auto boxes = answerBoxes({{"No more matches"}, {"No more matches"}});
+            EXPECT_EQ(found(dialog, ""), "ESSA");
+            EXPECT_EQ(found(dialog, "cmdNext"), "ESSA"); // the same rest again
+            play(dialog, {"txtSearchString=k"});
+            EXPECT_EQ(found(dialog, ""), "KSEA"); // another text: from the top
+            play(dialog, {"txtSearchString="});   // matches all but empty rows
+            EXPECT_EQ(found(dialog, "cmdNext"), "KPDX");
+            EXPECT_EQ(found(dialog, "cmdNext"), "ESSA");
+            play(dialog, {"txtSearchString=wien"});
+            EXPECT_EQ(found(dialog, "cmdNext"), "LOWW");
+            EXPECT_EQ(found(dialog, "cmdNext"), "LOWW"); // the last real row was the hit: no word
+            control<ComboBox>(dialog, "cmbList").setFocus();
+            pressKey(control<ComboBox>(dialog, "cmbList"), Qt::Key_Return); // elsewhere OK is the default button
+        }),
+        "1: LOWW - Wien");
 }
 
 TEST_F(FindTest, OkTakesTheRowThatStandsThereAndAllOtherWaysLeaveNone) {
-    find([](QDialog& dialog) { click(dialog, "cmdOK"); });
-    EXPECT_EQ(clicks, 0); // the same row is no click
-    for (const auto& leave : std::vector<std::function<void(QDialog&)>>{
-             [](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); }, [](QDialog& dialog) { dialog.close(); }}) {
-        find([&](QDialog& dialog) {
-            pickRow(control<ComboBox>(dialog, "cmbList"), 4);
-            leave(dialog);
-        });
-        EXPECT_EQ(box.currentRow(), 1);
-    }
-    find([](QDialog& dialog) {
-        pickRow(control<ComboBox>(dialog, "cmbList"), 3); // by hand
-        click(dialog, "cmdOK");
-    });
-    EXPECT_EQ(box.currentRow(), 3);
-    box.setCurrentRow(-1); // without a current row the dialog starts on the first
-    find([](QDialog& dialog) { click(dialog, "cmdOK"); });
-    EXPECT_EQ(box.currentRow(), 0);
+    EXPECT_EQ(find({"cmdOK"}), "0: KPDX - Portland"); // the same row is no click
+    EXPECT_EQ(find({"txtSearchString=wien", "cmdFirst", "cmdExit"}), "0: KPDX - Portland");
+    EXPECT_EQ(find([](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); }), "0: KPDX - Portland");
+    EXPECT_EQ(find([](QDialog& dialog) { dialog.close(); }), "0: KPDX - Portland");
+    EXPECT_EQ(find({"cmbList@3", "cmdOK"}), "1: ESSA - Stockholm"); // by hand
+    box.setCurrentRow(-1);
+    EXPECT_EQ(find({"cmdOK"}), "1: KSEA - Seattle"); // without a current row it starts on the first
 }
 
 } // namespace

@@ -11,81 +11,73 @@
 namespace vantor::test {
 namespace {
 
-class FrmAircraftSub : public Fixture {
-  protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        useHost(&m_host);
-    }
+// Lets the user work in the dialog and gives the two answers.
+std::string answers(const std::function<void(QDialog&, ListBox&, QLineEdit&)>& user) {
+    QtHost host;
+    useHost(&host);
+    const Expectation dialog = expectDialog("frmAircraftSub", [&](QDialog& form) {
+        user(form, control<ListBox>(form, "List1"), control<QLineEdit>(form, "txtFilter"));
+    });
+    const auto chosen =
+        chooseAircraft(nullptr, "AC#9 - \"Gone & lost\"",
+                       {{"AC#1 - \"Boeing 737\"", 1}, {"AC#2 - \"Airbus\"", 2}, {"AC#3 - \"BOEING 747\"", 3}});
+    useHost(nullptr);
+    return chosen ? chosen->substitutetext + "|" + chosen->row : "none";
+}
 
-    // Shows the dialog, lets the user work in it, and gives the two answers.
-    std::string answers(const std::function<void(QDialog&)>& user) {
-        const Expectation dialog = expectDialog("frmAircraftSub", user);
-        const auto chosen =
-            chooseAircraft(nullptr, "AC#9 - \"Gone & lost\"",
-                           {{"AC#1 - \"Boeing 737\"", 1}, {"AC#2 - \"Airbus\"", 2}, {"AC#3 - \"BOEING 747\"", 3}});
-        return chosen ? chosen->substitutetext + "|" + chosen->row : "none";
-    }
+using FrmAircraftSub = Fixture;
 
-    static std::string offered(const QDialog& dialog) { return rowsOf(control<ListBox>(dialog, "List1").rows()); }
-
-  private:
-    QtHost m_host;
-};
-
-TEST_F(FrmAircraftSub, OffersFiltersAndAsksForARow) {
-    EXPECT_EQ(answers([](QDialog& dialog) {
-                  const std::string all = offered(dialog);
-                  EXPECT_EQ(all, "AC#1 - \"Boeing 737\"|AC#2 - \"Airbus\"|AC#3 - \"BOEING 747\"||");
-                  EXPECT_EQ(fromQString(control<QLabel>(dialog, "lblCurrent").text()), "AC#9 - \"Gone & lost\"");
-                  EXPECT_FALSE(control<ListBox>(dialog, "List2").isVisible());
-                  auto& filter = control<QLineEdit>(dialog, "txtFilter");
+TEST_F(FrmAircraftSub, FiltersKeepsWhatIsPickedAndAsksForARow) {
+    EXPECT_EQ(answers([](QDialog& form, ListBox& list, QLineEdit& filter) {
+                  const std::string all = "AC#1 - \"Boeing 737\"|AC#2 - \"Airbus\"|AC#3 - \"BOEING 747\"||";
+                  EXPECT_EQ(rowsOf(list.rows()), all);
+                  EXPECT_EQ(fromQString(control<QLabel>(form, "lblCurrent").text()), "AC#9 - \"Gone & lost\"");
                   typeOver(filter, "boeing");
-                  EXPECT_EQ(offered(dialog), "AC#1 - \"Boeing 737\"|AC#3 - \"BOEING 747\"|");
-                  click(dialog, "cmdClear");
-                  EXPECT_TRUE(filter.text().isEmpty());
-                  EXPECT_EQ(offered(dialog), all);
+                  EXPECT_EQ(rowsOf(list.rows()), "AC#1 - \"Boeing 737\"|AC#3 - \"BOEING 747\"|");
+                  click(form, "cmdClear");
+                  EXPECT_EQ(rowsOf(list.rows()), all);
                   filter.setText(QStringLiteral("air")); // as code or a paste by the mouse may leave it
-                  click(dialog, "cmdApply");
-                  EXPECT_EQ(offered(dialog), "AC#2 - \"Airbus\"|");
+                  click(form, "cmdApply");
+                  EXPECT_EQ(rowsOf(list.rows()), "AC#2 - \"Airbus\"|");
                   const Expectation boxes = answerBoxes({{"Please click a substitute aircraft in the list box"}});
-                  click(dialog, "cmdOK");
-                  EXPECT_TRUE(dialog.isVisible());
-                  clickRow(control<ListBox>(dialog, "List1"), 0);
-                  click(dialog, "cmdClear"); // it stays picked while it is listed
-                  EXPECT_EQ(control<ListBox>(dialog, "List1").currentRow(), 1);
+                  click(form, "cmdOK");
+                  EXPECT_TRUE(form.isVisible());
+                  clickRow(list, 0);
+                  click(form, "cmdClear"); // it stays picked while it is listed
+                  EXPECT_EQ(list.currentRow(), 1);
                   typeOver(filter, "airb");
-                  click(dialog, "cmdOK");
+                  click(form, "cmdOK");
               }),
               "AC#9 - \"Airbus\"|AC#2 - \"Airbus\"");
 }
 
-TEST_F(FrmAircraftSub, ADoubleClickAcceptsARowAndSoDoKeysAlone) {
-    EXPECT_EQ(answers([](QDialog& dialog) { doubleClickRow(control<ListBox>(dialog, "List1"), 1); }),
-              "AC#9 - \"Airbus\"|AC#2 - \"Airbus\"");
-    EXPECT_EQ(answers([](QDialog& dialog) {
-                  typeOver(control<QLineEdit>(dialog, "txtFilter"), "boeing");
-                  pressKey(control<QLineEdit>(dialog, "txtFilter"), Qt::Key_Return);
-                  EXPECT_TRUE(dialog.isVisible());
-                  auto& list = control<ListBox>(dialog, "List1");
-                  EXPECT_EQ(dialog.focusWidget(), &list);
+TEST_F(FrmAircraftSub, EachWayOutGivesItsAnswer) {
+    using User = std::function<void(QDialog&, ListBox&, QLineEdit&)>;
+    for (const auto& [user, answer] : std::vector<std::pair<User, std::string>>{
+             {[](QDialog&, ListBox&list, QLineEdit&) { doubleClickRow(list, 1); },
+              "AC#9 - \"Airbus\"|AC#2 - \"Airbus\""},
+             {[](QDialog&form, ListBox&list, QLineEdit&filter) { // keys alone
+                  typeOver(filter, "boeing");
+                  pressKey(filter, Qt::Key_Return);
+                  EXPECT_EQ(form.focusWidget(), &list);
                   pressKey(list, Qt::Key_Down);
                   pressKey(list, Qt::Key_Return);
-              }),
-              "AC#9 - \"BOEING 747\"|AC#3 - \"BOEING 747\"");
-}
-
-TEST_F(FrmAircraftSub, LeavingAnswersNothingAndTheClosingRowAnEmptyTitle) {
-    const auto pickAndPress = [](int row, const char* button) {
-        return [row, button](QDialog& dialog) {
-            clickRow(control<ListBox>(dialog, "List1"), row);
-            click(dialog, button);
-        };
-    };
-    EXPECT_EQ(answers(pickAndPress(0, "cmdCancel")), "none");
-    EXPECT_EQ(answers([](QDialog& dialog) { pressKey(dialog, Qt::Key_Escape); }), "none");
-    EXPECT_EQ(answers([](QDialog& dialog) { dialog.close(); }), "none");
-    EXPECT_EQ(answers(pickAndPress(3, "cmdOK")), "AC#9 - |");
+              },
+              "AC#9 - \"BOEING 747\"|AC#3 - \"BOEING 747\""},
+             {[](QDialog&form, ListBox&list, QLineEdit&) {
+                  clickRow(list, 3); // the closing row
+                  click(form, "cmdOK");
+              },
+              "AC#9 - |"},
+             {[](QDialog&form, ListBox&list, QLineEdit&) {
+                  clickRow(list, 0);
+                  click(form, "cmdCancel");
+              },
+              "none"},
+             {[](QDialog&form, ListBox&, QLineEdit&) { pressKey(form, Qt::Key_Escape); }, "none"},
+             {[](QDialog&form, ListBox&, QLineEdit&) { form.close(); }, "none"}}) {
+        EXPECT_EQ(answers(user), answer);
+    }
 }
 
 } // namespace

@@ -157,6 +157,24 @@ void typeOver(QWidget& field, std::string_view text) {
     QTest::keyClicks(&field, toQString(text));
 }
 
+void play(QWidget& form, std::initializer_list<std::string_view> steps) {
+    for (const std::string_view step : steps) {
+        SCOPED_TRACE(step);
+        const std::size_t mark = step.find_first_of("=@");
+        auto& widget = control<QWidget>(form, step.substr(0, mark));
+        if (mark == std::string_view::npos) {
+            click(widget);
+        } else if (step[mark] == '=') {
+            typeOver(widget, step.substr(mark + 1));
+        } else if (const int row = std::stoi(std::string(step.substr(mark + 1)));
+                   auto* const list = qobject_cast<ListBox*>(&widget)) {
+            clickRow(*list, row);
+        } else {
+            pickRow(dynamic_cast<ComboBox&>(widget), row);
+        }
+    }
+}
+
 std::string rowsOf(const ListRows& rows) {
     std::string all;
     for (const ListRow& row : rows) {

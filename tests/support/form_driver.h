@@ -51,6 +51,9 @@ void typeOver(QWidget& field, std::string_view text);
 void enterFileName(QDialog& dialog, const QString& name);
 /// Where the pixels of these colours stand in a picture; null where there are none.
 [[nodiscard]] QRect extentOf(const QImage& image, const std::function<bool(QRgb)>& matches);
+/// Works a form as a user does, step by step: "control" clicks it, "control=text" types over what stands in it, and
+/// "control@row" picks a row of a list or combo box.
+void play(QWidget& form, std::initializer_list<std::string_view> steps);
 /// Presses one key.
 void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 

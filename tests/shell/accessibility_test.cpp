@@ -1,0 +1,61 @@
+// Every control that a key reaches has a name in the accessibility tree, the names of a window tell them apart, and no
+// two have one mnemonic.
+#include "platform/code_page.h"
+#include "schedule/frmFind.h"
+#include "schedule/frmSchedEdit.h"
+#include "shell/fSHAREDAbout.h"
+#include "shell/fSHAREDErrorRpt.h"
+#include "shell/frmSettings.h"
+#include "simulator/frmAircraftSub.h"
+#include "support/main_window.h"
+#include "views/frmChart.h"
+#include "views/frmMap.h"
+
+#include <QAccessible>
+#include <QGroupBox>
+
+#include <set>
+
+namespace vantor::test {
+namespace {
+
+void expectNames(const QWidget& window) {
+    std::set<std::string> names;
+    std::set<QChar> letters;
+    for (auto* const control : window.findChildren<QWidget*>()) {
+        const QString text = control->property("text").toString();
+        const qsizetype mark = text.indexOf(u'&');
+        if (mark >= 0 && control->isVisibleTo(&window)) {
+            EXPECT_TRUE(letters.insert(text.at(mark + 1).toLower()).second) << fromQString(text);
+        }
+        const bool inner = control->objectName().isEmpty() || control->objectName().startsWith(QLatin1String("qt_"));
+        if (inner || control->focusPolicy() == Qt::NoFocus) {
+            continue;
+        }
+        const QGroupBox* frame = nullptr; // two of a name in frames of their own are told apart by these
+        for (QWidget* up = control->parentWidget(); up != nullptr && frame == nullptr; up = up->parentWidget()) {
+            frame = qobject_cast<QGroupBox*>(up);
+        }
+        const QString name = QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+        EXPECT_FALSE(name.isEmpty()) << fromQString(control->objectName());
+        const std::string place = frame == nullptr ? "" : fromQString(frame->objectName());
+        EXPECT_TRUE(names.insert(place + " " + fromQString(name)).second) << fromQString(control->objectName());
+    }
+}
+
+class AccessibilityTest : public MainWindowFixture {};
+
+TEST_F(AccessibilityTest, ControlsHaveNamesOfTheirOwn) {
+    expectNames(form());
+    expectNames(frmSchedEdit(nullptr, {}, {}));
+    expectNames(frmFind(combo("cmbAC"), nullptr));
+    expectNames(frmAircraftSub(nullptr, "AC#1", {}));
+    expectNames(frmSettings());
+    expectNames(frmMap(nullptr));
+    expectNames(frmChart(nullptr));
+    expectNames(fSHAREDErrorRpt());
+    expectNames(fSHAREDAbout());
+}
+
+} // namespace
+} // namespace vantor::test
