@@ -68,18 +68,25 @@ void LoadAircraft(std::string_view file, Canvas* progress) {
     }
 }
 
+void appendAircraft(std::string& text, const AircraftRec& row) {
+    if (row.deleted) {
+        return;
+    }
+    text.append(row.acnum.text()).append(",").append(shortestSingle(row.cruisespeed)).append(",");
+    text.append(row.title.text()).append("\r\n");
+}
+
 std::optional<Error> saveaircraft() noexcept {
     const StandardTrap trap{"sub saveaircraft", "modAircraftSave"};
     // Quirk: the name is fixed and bare, whatever the configured file. It goes to the current folder, where the
     // compiler of the traffic reads.
-    return saveFile(trap, "Aircraft.txt", [&](const auto& put) {
+    return saveFile(trap, savedAircraftFile, [&](const auto& put) {
+        std::string line;
         for (std::int32_t i = 1; i <= aircraftcount; ++i) {
             trap([&] {
-                const AircraftRec& row = aircraft[i];
-                if (!row.deleted) {
-                    put(std::string(row.acnum.text()) + "," + shortestSingle(row.cruisespeed) + "," +
-                        std::string(row.title.text()) + "\r\n");
-                }
+                line.clear();
+                appendAircraft(line, aircraft[i]);
+                put(line);
             });
         }
     });

@@ -37,15 +37,15 @@ void appendLeg(std::string& line, const LegRec& leg, bool weekly) {
     line.append(leg.toicao.text());
 }
 
-// The line of a schedule with its end; empty for one that is not written.
-void formatSchedule(std::string& line, const ScheduleRec& schedule) {
-    line.clear();
+} // namespace
+
+void appendSchedule(std::string& text, const ScheduleRec& schedule) {
     if (schedule.deleted || schedule.legcount < 1) {
         return;
     }
     for (const std::string_view field : {schedule.acnum.text(), schedule.tailnumber.text(), schedule.percent.text(),
                                          schedule.period.text(), schedule.rules.text()}) {
-        line.append(field).push_back(',');
+        text.append(field).push_back(',');
     }
     std::int32_t written = 0;
     for (const LegRec& leg : schedule.flown()) {
@@ -53,23 +53,22 @@ void formatSchedule(std::string& line, const ScheduleRec& schedule) {
             continue;
         }
         ++written;
-        appendLeg(line, leg, schedule.weekly);
+        appendLeg(text, leg, schedule.weekly);
         // Quirk: counted against all legs, deleted ones too, so a comma may stand behind the last one.
         if (written < schedule.legcount) {
-            line.push_back(',');
+            text.push_back(',');
         }
     }
-    line.append("\r\n");
+    text.append("\r\n");
 }
-
-} // namespace
 
 std::optional<Error> savesc(std::string_view file) noexcept {
     const StandardTrap trap{"sub savesc", "modSchedSave"};
     return saveFile(trap, file, [&](const auto& put) {
         std::string line;
         walkSchedules(trap, schedulecount, [&](const ScheduleRec& schedule) {
-            formatSchedule(line, schedule);
+            line.clear();
+            appendSchedule(line, schedule);
             put(line);
         });
     });

@@ -136,6 +136,7 @@ void Journal::record(std::int32_t row, const AircraftRec& before, const Aircraft
 }
 
 void Journal::willStoreAll(const OneBased<AircraftRec>& before, const OneBased<AircraftRec>& after) {
+    ++m_aircraftRevision;
     if (after.size() == 0) {
         clear();
     }

@@ -67,6 +67,7 @@ class Journal {
         }
     }
     void willStore(std::int32_t row, const AircraftRec& before, const AircraftRec& after) {
+        ++m_aircraftRevision;
         if (takes()) {
             record(row, before, after);
         }
@@ -119,6 +120,11 @@ class Journal {
     [[nodiscard]] std::int64_t state() const noexcept { return m_done == 0 ? m_base : m_steps[m_done - 1].state; }
     /// Grows with each write: an equal number tells that nothing was written in between.
     [[nodiscard]] std::int64_t revision() const noexcept { return m_revision; }
+    /// The same for the writes of schedules, and for those of aircraft.
+    [[nodiscard]] std::int64_t scheduleRevision() const noexcept { return m_revision - m_aircraftRevision; }
+    [[nodiscard]] std::int64_t aircraftRevision() const noexcept { return m_aircraftRevision; }
+    /// Whether a step is open, so that state() does not tell what was written in it yet.
+    [[nodiscard]] bool isOpen() const noexcept { return m_depth > 0; }
     /// Bytes that all steps take.
     [[nodiscard]] std::size_t bytes() const noexcept { return m_bytes; }
 
@@ -158,6 +164,7 @@ class Journal {
     std::int64_t m_base = 0; // the state without any step
     std::int64_t m_lastState = 0;
     std::int64_t m_revision = 0;
+    std::int64_t m_aircraftRevision = 0; // those of m_revision that are of aircraft
 };
 
 /// The journal of the traffic.

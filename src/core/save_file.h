@@ -1,5 +1,6 @@
 // Core: the traffic itself, its records, tables, text files and the way they are loaded.
-// The save that both writers share: whatever fails, the old file stands and the caller is told why.
+// The save that both writers share: whatever fails, the old file stands and the caller is told why. What a run
+// overwrites for the first time is kept as a backup, since comments and letter case don't survive a save.
 #pragma once
 
 #include "foundation/error.h"
@@ -27,7 +28,7 @@ std::optional<Error> saveFile(const StandardTrap& trap, std::string_view path, c
     trap(keepFailure, [&] {
         ReplacingFile file(path);
         write([&](std::string_view text) { keepFailure([&] { file.write(text); }); });
-        file.commit(); // behind a failed write it leaves the old file without a word
+        file.commit(OldFile::Backup); // behind a failed write it leaves the old file without a word
     });
     return failure;
 }

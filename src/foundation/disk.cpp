@@ -153,6 +153,14 @@ std::uintmax_t FileLength(std::string_view path) {
     return std::filesystem::file_size(nativePath(path));
 }
 
+std::string fileStamp(std::string_view path) {
+    const std::filesystem::path file = nativePath(path);
+    std::error_code missing;
+    const std::uintmax_t size = std::filesystem::file_size(file, missing);
+    const auto written = std::filesystem::last_write_time(file, missing);
+    return missing ? std::string() : std::to_string(size) + " " + std::to_string(written.time_since_epoch().count());
+}
+
 void EraseFile(std::string_view path) noexcept {
     const StandardTrap trap{"sub erasefile", fileModule};
     if (FileExists(path)) {

@@ -24,6 +24,8 @@ bool MakeReadWrite(std::string_view path) noexcept;
 [[nodiscard]] DateTime FileDate(std::string_view path) noexcept;
 /// Length in bytes. Raises 53 for a missing file.
 [[nodiscard]] std::uintmax_t FileLength(std::string_view path);
+/// Size and time of a file in a text that differs once either does; empty for a missing file.
+[[nodiscard]] std::string fileStamp(std::string_view path);
 /// Deletes a file if it exists, read-only or not. Failures go to the ring.
 void EraseFile(std::string_view path) noexcept;
 

@@ -3,9 +3,12 @@
 #include "foundation/disk.h"
 #include "foundation/error.h"
 #include "foundation/native_path.h"
+#include "foundation/trap.h"
 
 #include <cerrno>
+#include <set>
 #include <system_error>
+#include <utility>
 #ifdef _WIN32
 #include <io.h>
 #include <windows.h>
@@ -101,6 +104,59 @@ std::filesystem::path temporaryOf(const std::filesystem::path& target) {
     return temporary;
 }
 
+std::set<std::filesystem::path>& backedUp() {
+    static std::set<std::filesystem::path> files;
+    return files;
+}
+
+std::filesystem::path backupOf(const std::filesystem::path& target) {
+    std::filesystem::path backup = target;
+    backup += ".bak";
+    return backup;
+}
+
+// The old file under its backup's name as well; false where the file system knows no second names.
+bool linkBackup(const std::filesystem::path& target) {
+    const std::filesystem::path backup = backupOf(target);
+    const std::filesystem::path link = temporaryOf(backup); // a backup that is there stays until the new one is
+    std::error_code failure;
+    std::filesystem::remove(link, failure);
+    std::filesystem::create_hard_link(target, link, failure);
+    if (failure) {
+        return false;
+    }
+    std::filesystem::rename(link, backup, failure);
+    if (failure) {
+        const std::error_code why = failure;
+        std::filesystem::remove(link, failure);
+        throw std::filesystem::filesystem_error("backup", why);
+    }
+    return true;
+}
+
+// Replaces the target and keeps what it was.
+void moveOverWithBackup(const std::filesystem::path& temporary, const std::filesystem::path& target) {
+    const StandardTrap trap{"movewithbackup", "replacing_file"};
+    bool moved = false;
+    if (std::error_code ignored; !backedUp().contains(target) && std::filesystem::exists(target, ignored)) {
+        trap([&] {
+            if (!linkBackup(target)) {
+                std::filesystem::rename(target, backupOf(target));
+                moved = true;
+            }
+        });
+    }
+    try {
+        moveOver(temporary, target);
+    } catch (...) {
+        if (moved) {
+            trap([&] { std::filesystem::rename(backupOf(target), target); });
+        }
+        throw;
+    }
+    backedUp().insert(target);
+}
+
 // The temporary's path, after everything that forbids replacing the target was asked.
 std::filesystem::path freshTemporary(std::string_view path) {
     const std::filesystem::path target = targetOf(path);
@@ -157,7 +213,7 @@ void ReplacingFile::write(std::string_view bytes) {
     }
 }
 
-void ReplacingFile::commit() {
+void ReplacingFile::commit(OldFile old) {
     if (m_done) {
         return;
     }
@@ -169,7 +225,7 @@ void ReplacingFile::commit() {
         flushToDisk(file());
         keepMode(m_temporary, m_target);
         closeChecked();
-        moveOver(m_temporary, m_target);
+        (old == OldFile::Backup ? moveOverWithBackup : moveOver)(m_temporary, m_target);
     } catch (...) {
         m_failed = true;
         discard();
@@ -186,6 +242,50 @@ void ReplacingFile::discard() noexcept {
     m_done = true;
     std::error_code ignored;
     std::filesystem::remove(m_temporary, ignored);
+}
+
+void forgetBackups() noexcept {
+    backedUp().clear();
+}
+
+namespace {
+
+/// A file that is open for one piece.
+class Piece : public Channel {
+  public:
+    Piece(const std::string& path, Mode mode) : Channel(nativePath(path), mode) {}
+    static void begin(const std::string& path) { Piece(path, Mode::Replace).closeChecked(); }
+    static void append(const std::string& path, std::string_view bytes) {
+        Piece piece(path, Mode::Append);
+        piece.writeBytes(bytes);
+        flushToDisk(piece.file());
+        piece.closeChecked();
+    }
+};
+
+} // namespace
+
+GrowingFile::GrowingFile(std::string path) : m_path(std::move(path)) {
+    Piece::begin(m_path);
+}
+
+GrowingFile::~GrowingFile() {
+    if (!m_finished) {
+        std::error_code ignored;
+        std::filesystem::remove(nativePath(m_path), ignored);
+    }
+}
+
+void GrowingFile::write(std::string_view bytes) {
+    Piece::append(m_path, bytes);
+}
+
+void renameFile(std::string_view from, std::string_view to) {
+    try {
+        moveOver(nativePath(from), targetOf(to));
+    } catch (...) {
+        throw currentError();
+    }
 }
 
 } // namespace vantor

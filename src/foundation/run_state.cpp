@@ -7,6 +7,7 @@
 #include "foundation/locale_words.h"
 #include "foundation/log.h"
 #include "foundation/progress.h"
+#include "foundation/replacing_file.h"
 #include "foundation/settings_store.h"
 
 namespace vantor {
@@ -17,6 +18,7 @@ void startRun() {
     globalSettings().reset();
     localeState() = {};
     pumpTimes() = {};
+    forgetBackups();
     useClock(nullptr);
     useHost(nullptr);
     useErrorReporter({});

@@ -4,6 +4,7 @@
 #include "core/airports_file.h"
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
+#include "core/rescue_copy.h"
 #include "core/tables.h"
 #include "foundation/channels.h"
 #include "foundation/disk.h"
@@ -126,7 +127,46 @@ TEST_F(DiskFaults, WhatIsSavedStaysWhole) {
                      {DiskCall::Rename, EACCES, "Path/File access error(75)"}},
                     {begin, save, content, after});
         EXPECT_GT(readFile(file).size(), 8192U) << "less than two buffers of the library";
+        const bool traffic = file != "fulllog.txt";
+        EXPECT_EQ(exists(file + ".bak") ? readFile(file + ".bak") : "", traffic ? "old" : "")
+            << "before the first save";
     }
+}
+
+TEST_F(DiskFaults, TheRescueCopyStaysWhole) {
+    test::addAircraft("AC#1", "A");
+    test::addSchedule("AC#1,OLD,100%,24HR,IFR", test::loopOver({"KSEA", "KPDX"}));
+    const auto named = [](std::string_view tail) {
+        test::changeSchedule(1, [&](ScheduleRec& schedule) { schedule.tailnumber = tail; });
+    };
+    const auto write = [this] { RescueWriter(path(""), RescueNote()).step(); };
+    const auto begin = [&] {
+        named("OLD");
+        write();
+        named("NEW");
+    };
+    const auto run = [&] {
+        try {
+            write();
+        } catch (const Error&) {
+        }
+    };
+    const auto content = [this] { return readRescueNote(path("")) ? readFile("Flightplans.rescue") : "none"; };
+    const auto after = [&](const Fault& fault, int n, const std::string& whole) {
+        // What is whole already takes its place when the disk works again.
+        const bool late = fault.call == DiskCall::Rename || (fault.call == DiskCall::Sync && n > 3) ||
+                          (fault.call == DiskCall::Open && n > 6);
+        EXPECT_EQ(content() == whole, late) << content();
+        EXPECT_NE(content(), "none");
+        write();
+        EXPECT_EQ(content(), whole);
+    };
+    EXPECT_EQ(atEveryCall({{DiskCall::Open, EROFS, ""},
+                           {DiskCall::Write, ENOSPC, ""},
+                           {DiskCall::Sync, EIO, ""},
+                           {DiskCall::Rename, EACCES, ""}},
+                          {begin, run, content, after}),
+              7 + 3 + 6 + 3);
 }
 
 TEST_F(DiskFaults, SettingsStayWholeAndTheUserIsTold) {
