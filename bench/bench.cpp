@@ -12,6 +12,7 @@
 #include "floor.h"
 #include "peer.h"
 #include "platform/picture_box.h"
+#include "routes.h"
 #include "schedule/list_rows.h"
 #include "simulator/traffic_tool.h"
 #include "table.h"
@@ -278,6 +279,7 @@ int run(int argc, char** argv) {
                   .seconds = seconds,
                   .figure = seconds});
     }
+    measureRoutes(window);
     measureAllLinearity(window);
     return 0;
 }

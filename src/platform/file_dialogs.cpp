@@ -36,6 +36,24 @@ QString nameFilter(std::string_view pattern) {
 #endif
 }
 
+// The system's own dialog needs a screen.
+void withoutScreen(QFileDialog& dialog) {
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QStringLiteral("offscreen") || platform == QStringLiteral("minimal")) {
+        dialog.setOption(QFileDialog::DontUseNativeDialog);
+    }
+}
+
+// The suffix of the first of a filter's patterns, as png of "PNG picture (*.png)".
+QString suffixOf(const QString& filter) {
+    const auto from = filter.indexOf(QStringLiteral("*.")) + 2;
+    auto to = from;
+    while (to < filter.size() && filter[to].isLetterOrNumber()) {
+        ++to;
+    }
+    return from < 2 ? QString() : filter.mid(from, to - from);
+}
+
 } // namespace
 
 void cSharedFileSel::SetCaption(std::string_view title) {
@@ -75,10 +93,7 @@ void cSharedFileSel::DisplayDialog(Kind kind) {
 
     QFileDialog dialog(QApplication::activeWindow(), toQString(m_caption));
     dialog.setObjectName(QStringLiteral("fileDialog"));
-    const QString platform = QGuiApplication::platformName();
-    if (platform == QStringLiteral("offscreen") || platform == QStringLiteral("minimal")) {
-        dialog.setOption(QFileDialog::DontUseNativeDialog);
-    }
+    withoutScreen(dialog);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     if (kind == Kind::Folder) {
         dialog.setFileMode(QFileDialog::Directory);
@@ -121,6 +136,27 @@ std::string askforFilename(std::string_view title, std::string_view startFile, s
     if (!chooser.Cancelled()) {
         trap([&] { result = chooser.Path() + "\\" + chooser.Filename(); });
     }
+    return result;
+}
+
+std::string askforSaveFilename(std::string_view title, std::string_view startFile, std::string_view patterns) noexcept {
+    const StandardTrap trap{"function askforsavefilename", "mSHAREDFileSelect"};
+    std::string result;
+    trap([&] {
+        QFileDialog dialog(QApplication::activeWindow(), toQString(title));
+        dialog.setObjectName(QStringLiteral("fileDialog"));
+        withoutScreen(dialog);
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setNameFilter(toQString(patterns));
+        dialog.setDefaultSuffix(suffixOf(dialog.selectedNameFilter()));
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                         [&](const QString& filter) { dialog.setDefaultSuffix(suffixOf(filter)); });
+        dialog.setDirectory(toQtPath(pathonly(startFile)));
+        dialog.selectFile(toQString(fileexpath(startFile)));
+        if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+            result = fromQtPath(dialog.selectedFiles().constFirst());
+        }
+    });
     return result;
 }
 

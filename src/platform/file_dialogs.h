@@ -50,4 +50,10 @@ class cSharedFileSel {
 [[nodiscard]] std::string askforFilename(std::string_view title, std::string_view startFile,
                                          std::string_view pattern = {}) noexcept;
 
+/// Asks where to save a file, proposing `startFile`; one that exists is only taken after a question. `patterns` are as
+/// in "PNG picture (*.png);;SVG picture (*.svg)", and a name without a suffix gets that of the chosen one. The path, or
+/// an empty text when the dialog was cancelled. Tests find the dialog by the object name "fileDialog".
+[[nodiscard]] std::string askforSaveFilename(std::string_view title, std::string_view startFile,
+                                             std::string_view patterns) noexcept;
+
 } // namespace vantor
