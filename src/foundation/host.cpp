@@ -58,6 +58,10 @@ void SilentHost::sleepFor(int milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
+std::shared_ptr<void> SilentHost::every(int /*milliseconds*/, std::function<void()> /*tick*/) {
+    return std::make_shared<bool>(true);
+}
+
 std::string SilentHost::shortDate(const Date& date) {
     return twoDigits(date.day) + "/" + twoDigits(date.month) + "/" + std::to_string(date.year);
 }

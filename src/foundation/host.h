@@ -4,6 +4,8 @@
 
 #include "foundation/clock.h"
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -48,6 +50,9 @@ class Host {
     [[nodiscard]] virtual bool inputPending() = 0;
     /// Puts the thread to sleep.
     virtual void sleepFor(int milliseconds) = 0;
+    /// Calls `tick` every so often from whatever event loop runs, a dialog's too, until the result goes, which is never
+    /// null.
+    [[nodiscard]] virtual std::shared_ptr<void> every(int milliseconds, std::function<void()> tick) = 0;
 
     /// How the user's locale writes things: the short date, a date and time in the general form, the full name of
     /// weekday 1 (Sunday) to 7, and the words for true and false.

@@ -16,6 +16,8 @@ class SilentHost : public Host {
     bool pumping() override;
     bool inputPending() override;
     void sleepFor(int milliseconds) override;
+    /// No event loop runs: nothing ticks.
+    std::shared_ptr<void> every(int milliseconds, std::function<void()> tick) override;
     std::string shortDate(const Date& date) override;
     std::string generalDateTime(DateTime value) override;
     std::string weekdayName(int day) override;

@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QThread>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -186,6 +187,13 @@ bool QtHost::inputPending() {
 
 void QtHost::sleepFor(int milliseconds) {
     QThread::msleep(static_cast<unsigned long>(std::max(milliseconds, 0)));
+}
+
+std::shared_ptr<void> QtHost::every(int milliseconds, std::function<void()> tick) {
+    auto timer = std::make_shared<QTimer>();
+    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(tick));
+    timer->start(milliseconds);
+    return timer;
 }
 
 std::string QtHost::shortDate(const Date& date) {

@@ -42,6 +42,7 @@ class QtHost : public Host {
     /// harmless, one too few is a dead window.
     bool inputPending() override;
     void sleepFor(int milliseconds) override;
+    std::shared_ptr<void> every(int milliseconds, std::function<void()> tick) override;
 
     std::string shortDate(const Date& date) override;
     std::string generalDateTime(DateTime value) override;

@@ -4,10 +4,10 @@
 #include "foundation/error.h"
 #include "foundation/replacing_file.h"
 #include "foundation/text.h"
+#include "update/curl_handle.h"
 #include "update/second_ticker.h"
 
 #include <array>
-#include <curl/curl.h>
 #include <deque>
 #include <optional>
 #include <utility>
@@ -16,48 +16,22 @@ namespace vantor {
 
 namespace {
 
-constexpr std::size_t mostBuffered = std::size_t{64} * 1024;
-constexpr std::size_t enoughBuffered = 1024; // a chunk: no need to wait for more
-constexpr long mostRedirects = 10;
+constexpr std::size_t mostBuffered = std::size_t{1024} * 1024; // so that a step of a timer brings enough
+constexpr std::size_t enoughBuffered = 1024;                   // a chunk: no need to wait for more
+constexpr int mostRedirects = 10;
 constexpr long serverAnswerSeconds = 10; // of a file server, also to its farewell
-constexpr const char* protocols = "http,https,ftp";
-
-// The library's global state, for the whole run.
-class Library {
-  public:
-    [[nodiscard]] static bool isReady() {
-        static const Library library;
-        return library.m_ready;
-    }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
-    ~Library() { curl_global_cleanup(); }
-
-  private:
-    Library() : m_ready(curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK) {}
-    bool m_ready;
-};
-
-struct EasyCleanup {
-    void operator()(CURL* easy) const noexcept { curl_easy_cleanup(easy); }
-};
-struct MultiCleanup {
-    void operator()(CURLM* multi) const noexcept { curl_multi_cleanup(multi); }
-};
-
-Error transferError(TransferError number, const char* description) {
-    return {static_cast<int>(number), description};
-}
+constexpr const char* allProtocols = "http,https,ftp";
+constexpr const char* secureProtocols = "https";
 
 // A blank is no character of an address.
 std::string escapeBlanks(std::string_view address) {
     return replaceAll(address, " ", "%20");
 }
 
-// A response is held back while 64 kilobytes of it wait to be fetched.
+// A response is held back while a megabyte of it waits to be fetched.
 class CurlControl final : public TransferControl {
   public:
-    CurlControl();
+    explicit CurlControl(CurlSurroundings surroundings) : m_surroundings(std::move(surroundings)) {}
     CurlControl(const CurlControl&) = delete;
     CurlControl& operator=(const CurlControl&) = delete;
     ~CurlControl() override { stop(); }
@@ -66,7 +40,7 @@ class CurlControl final : public TransferControl {
     void cancel() override { stop(); }
     void advance(int milliseconds) override;
     std::optional<std::string> nextChunk(std::size_t most) override;
-    std::string header(std::string_view name) override;
+    std::string header(std::string_view name) override { return m_curl.header(name); }
     std::string responseText() override { return m_errorText; }
     bool stillExecuting() override { return m_running; }
     std::int64_t bytesSaved() override { return m_saved; }
@@ -91,16 +65,16 @@ class CurlControl final : public TransferControl {
     void setUpCallbacks();
     void setUpProxy();
     void start(const std::string& url);
-    void closeConnections();
-    void collect();
+    void request(const std::string& url);
+    void begin();
+    void ended(CURLcode code);
+    void followRedirect();
     void succeeded();
+    void failed(std::string_view text);
     void failed(CURLcode code);
     void bodyBegins();
     void reached(TransferState state);
     void countSeconds();
-
-    template <class Value>
-    void set(CURLoption option, Value value);
 
     [[nodiscard]] std::size_t received(std::string_view bytes);
     void headerLine(std::string_view line);
@@ -110,8 +84,8 @@ class CurlControl final : public TransferControl {
     static int onSocket(void* control, curl_socket_t socket, curlsocktype purpose) noexcept;
     static int onRequest(void* control, char* remote, char* local, int remotePort, int localPort) noexcept;
 
-    std::unique_ptr<CURLM, MultiCleanup> m_multi; // made before the easy handle, and gone after it
-    std::unique_ptr<CURL, EasyCleanup> m_easy;
+    CurlSurroundings m_surroundings;
+    CurlHandle m_curl;
     std::array<char, CURL_ERROR_SIZE> m_errorBuffer{};
     AccessType m_accessType = AccessType::SystemDefault;
     std::string m_proxy;
@@ -121,6 +95,12 @@ class CurlControl final : public TransferControl {
 
     Task m_task = Task::Fetch;
     bool m_running = false;
+    std::string m_url;
+    bool m_secure = false; // began with https
+    bool m_redirected = false;
+    int m_redirects = 0;
+    std::optional<ProxyQuestion> m_question; // not answered yet
+    ProxyAnswer m_systemProxy;
     std::string m_errorText;
     std::deque<TransferState> m_states; // reached and not told yet
     TransferState m_lastState = TransferState::Progress;
@@ -138,23 +118,9 @@ class CurlControl final : public TransferControl {
     std::int64_t m_saved = 0; // bytes in it
 };
 
-CurlControl::CurlControl() {
-    if (Library::isReady()) {
-        m_multi.reset(curl_multi_init());
-        m_easy.reset(curl_easy_init());
-    }
-}
-
 void CurlControl::requireReady() const {
-    if (!m_multi || !m_easy) {
+    if (!m_curl.isReady()) {
         throw transferError(TransferError::NotRegistered, "The transfer library can't be used");
-    }
-}
-
-template <class Value>
-void CurlControl::set(CURLoption option, Value value) {
-    if (curl_easy_setopt(m_easy.get(), option, value) != CURLE_OK) {
-        throw transferError(TransferError::NotRegistered, "The transfer library lacks what is needed");
     }
 }
 
@@ -183,7 +149,8 @@ void CurlControl::execute(std::string_view url, std::string_view verb) {
         start(address + "/" + m_folder + std::string(names.substr(0, blank)));
     } else if (verb == "CLOSE") {
         m_folder.clear();
-        closeConnections();
+        m_curl.closeConnections();
+        m_states = {TransferState::Disconnecting, TransferState::Disconnected, TransferState::ResponseCompleted};
     } else {
         throw Error(ErrorCode::InvalidCall);
     }
@@ -191,62 +158,85 @@ void CurlControl::execute(std::string_view url, std::string_view verb) {
 
 void CurlControl::start(const std::string& url) {
     reset();
-    curl_easy_reset(m_easy.get());
-    set(CURLOPT_PROTOCOLS_STR, protocols);
-    set(CURLOPT_REDIR_PROTOCOLS_STR, protocols);
-    set(CURLOPT_DEFAULT_PROTOCOL, "http");
-    set(CURLOPT_URL, url.c_str());
-    set(CURLOPT_FOLLOWLOCATION, 1L);
-    set(CURLOPT_MAXREDIRS, mostRedirects);
-    set(CURLOPT_NOSIGNAL, 1L);
-    set(CURLOPT_QUICK_EXIT, 1L); // a name that is being resolved does not hold up a cancel
-    set(CURLOPT_SERVER_RESPONSE_TIMEOUT, serverAnswerSeconds);
-    set(CURLOPT_FTP_FILEMETHOD, CURLFTPMETHOD_SINGLECWD);
-    set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
-    set(CURLOPT_NOBODY, m_task == Task::ChangeFolder ? 1L : 0L);
-    // The file goes over the connection of CD, and over no other: one that stays open would have to be closed later,
-    // with a farewell that a dead server holds up.
-    set(CURLOPT_FORBID_REUSE, m_task == Task::ChangeFolder ? 0L : 1L);
-    setUpProxy();
-    setUpCallbacks();
-    if (curl_multi_add_handle(m_multi.get(), m_easy.get()) != CURLM_OK) {
-        throw transferError(TransferError::CannotComplete, "Unable to complete request");
-    }
-    m_running = true;
-    m_awaitsResponse = true;
-    m_ticker.restart();
+    m_secure = lower(url).starts_with("https:");
+    request(url);
     reached(TransferState::ResolvingHost);
 }
 
+// Asks for an address: the first one, or what a redirect names.
+void CurlControl::request(const std::string& url) {
+    m_url = url;
+    m_redirected = false;
+    m_awaitsResponse = true;
+    m_secondsWaited = 0;
+    m_ticker.restart();
+    m_systemProxy.reset();
+    if (m_accessType == AccessType::SystemDefault && m_surroundings.proxy) {
+        m_question.emplace(m_surroundings.proxy, url);
+    } else {
+        begin();
+    }
+    m_running = true;
+}
+
+void CurlControl::begin() {
+    const char* const protocols = m_secure ? secureProtocols : allProtocols;
+    m_curl.clear();
+    m_curl.set(CURLOPT_PROTOCOLS_STR, protocols);
+    m_curl.set(CURLOPT_DEFAULT_PROTOCOL, "http");
+    m_curl.set(CURLOPT_URL, m_url.c_str());
+    m_curl.set(CURLOPT_NOSIGNAL, 1L);
+    m_curl.set(CURLOPT_QUICK_EXIT, 1L); // a name that is being resolved does not hold up a cancel
+    m_curl.set(CURLOPT_SERVER_RESPONSE_TIMEOUT, serverAnswerSeconds);
+    m_curl.set(CURLOPT_FTP_FILEMETHOD, CURLFTPMETHOD_SINGLECWD);
+    m_curl.set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
+    m_curl.set(CURLOPT_NOBODY, m_task == Task::ChangeFolder ? 1L : 0L);
+    // The file goes over the connection of CD, and over no other: one that stays open would have to be closed later,
+    // with a farewell that a dead server holds up.
+    m_curl.set(CURLOPT_FORBID_REUSE, m_task == Task::ChangeFolder ? 0L : 1L);
+    if (!m_surroundings.certificates.empty()) {
+        m_curl.set(CURLOPT_CAINFO, m_surroundings.certificates.c_str());
+    }
+    setUpProxy();
+    setUpCallbacks();
+    m_curl.begin();
+}
+
 void CurlControl::setUpProxy() {
+    const auto use = [this](const std::string& proxy) {
+        m_curl.set(CURLOPT_PROXY, proxy.c_str());
+        m_curl.set(CURLOPT_NOPROXY, ""); // whatever the environment excepts
+    };
     switch (m_accessType) {
     case AccessType::SystemDefault:
-        break; // the library asks the system
+        if (m_systemProxy) {
+            use(*m_systemProxy);
+        } // else the library reads the environment
+        break;
     case AccessType::Direct:
-        set(CURLOPT_PROXY, "");
+        use("");
         break;
     case AccessType::NamedProxy:
-        set(CURLOPT_PROXY, m_proxy.c_str());
-        set(CURLOPT_NOPROXY, ""); // the user's proxy, whatever the system excepts
+        use(m_proxy);
         break;
     }
     if (!m_userName.empty()) {
-        set(CURLOPT_PROXYUSERNAME, m_userName.c_str());
-        set(CURLOPT_PROXYPASSWORD, m_password.c_str());
-        set(CURLOPT_PROXYAUTH, CURLAUTH_ANY); // told only to a proxy that asks
+        m_curl.set(CURLOPT_PROXYUSERNAME, m_userName.c_str());
+        m_curl.set(CURLOPT_PROXYPASSWORD, m_password.c_str());
+        m_curl.set(CURLOPT_PROXYAUTH, CURLAUTH_ANY); // told only to a proxy that asks
     }
 }
 
 void CurlControl::setUpCallbacks() {
-    set(CURLOPT_ERRORBUFFER, m_errorBuffer.data());
-    set(CURLOPT_WRITEFUNCTION, &CurlControl::onBody);
-    set(CURLOPT_WRITEDATA, this);
-    set(CURLOPT_HEADERFUNCTION, &CurlControl::onHeader);
-    set(CURLOPT_HEADERDATA, this);
-    set(CURLOPT_SOCKOPTFUNCTION, &CurlControl::onSocket);
-    set(CURLOPT_SOCKOPTDATA, this);
-    set(CURLOPT_PREREQFUNCTION, &CurlControl::onRequest);
-    set(CURLOPT_PREREQDATA, this);
+    m_curl.set(CURLOPT_ERRORBUFFER, m_errorBuffer.data());
+    m_curl.set(CURLOPT_WRITEFUNCTION, &CurlControl::onBody);
+    m_curl.set(CURLOPT_WRITEDATA, this);
+    m_curl.set(CURLOPT_HEADERFUNCTION, &CurlControl::onHeader);
+    m_curl.set(CURLOPT_HEADERDATA, this);
+    m_curl.set(CURLOPT_SOCKOPTFUNCTION, &CurlControl::onSocket);
+    m_curl.set(CURLOPT_SOCKOPTDATA, this);
+    m_curl.set(CURLOPT_PREREQFUNCTION, &CurlControl::onRequest);
+    m_curl.set(CURLOPT_PREREQDATA, this);
 }
 
 // What an earlier request left. The file of a save is already that of the new one.
@@ -264,22 +254,16 @@ void CurlControl::reset() noexcept {
     m_awaitsResponse = false;
     m_secondsWaited = 0;
     m_saved = 0;
+    m_redirects = 0;
+    m_redirected = false;
+    m_question.reset();
 }
 
 void CurlControl::stop() noexcept {
-    if (m_running) {
-        m_running = false;
-        curl_multi_remove_handle(m_multi.get(), m_easy.get());
-    }
+    m_running = false;
+    m_curl.end();
     reset();
     m_file.reset();
-}
-
-void CurlControl::closeConnections() {
-    m_multi.reset();
-    m_multi.reset(curl_multi_init());
-    requireReady();
-    m_states = {TransferState::Disconnecting, TransferState::Disconnected, TransferState::ResponseCompleted};
 }
 
 // A state that was passed is not gone back to: redirects and a second connection would.
@@ -308,20 +292,31 @@ void CurlControl::advance(int milliseconds) {
 void CurlControl::perform(int milliseconds) {
     if (m_paused && buffered() < enoughBuffered) {
         m_paused = false;
-        curl_easy_pause(m_easy.get(), CURLPAUSE_CONT);
+        m_curl.unpause();
     }
     turn();
     countSeconds();
     if (m_states.empty() && !m_fault && buffered() < enoughBuffered) {
-        curl_multi_poll(m_multi.get(), nullptr, 0, milliseconds, nullptr);
+        m_curl.poll(milliseconds);
         turn();
     }
 }
 
 void CurlControl::turn() {
-    int active = 0;
-    curl_multi_perform(m_multi.get(), &active);
-    collect();
+    try {
+        if (m_question && m_question->isAnswered()) {
+            m_systemProxy = m_question->answer();
+            m_question.reset();
+            begin();
+        }
+        if (const std::optional<CURLcode> code = m_curl.turn()) {
+            ended(*code);
+        }
+    } catch (...) { // what could not even begin is over
+        m_running = false;
+        m_question.reset();
+        failed(currentError().description());
+    }
 }
 
 void CurlControl::countSeconds() {
@@ -334,20 +329,35 @@ void CurlControl::countSeconds() {
     }
 }
 
-void CurlControl::collect() {
-    int left = 0;
-    while (const CURLMsg* const message = curl_multi_info_read(m_multi.get(), &left)) {
-        if (message->msg == CURLMSG_DONE) {
-            const CURLcode code = message->data.result;
-            m_running = false;
-            curl_multi_remove_handle(m_multi.get(), m_easy.get());
-            if (code == CURLE_OK) {
-                succeeded();
-            } else {
-                failed(code);
-            }
-            return; // there is one request at a time
-        }
+void CurlControl::ended(CURLcode code) {
+    if (code == CURLE_OK && m_redirected) {
+        followRedirect();
+        return;
+    }
+    m_running = false;
+    if (code == CURLE_OK) {
+        succeeded();
+        return;
+    }
+    if (code == CURLE_GOT_NOTHING && !m_bodyBegan) {
+        m_file.reset();
+        m_fault = transferError(TransferError::CannotComplete, "Unable to complete request");
+    } else if (code == CURLE_OPERATION_TIMEDOUT && !m_bodyBegan) {
+        m_file.reset();
+        m_fault = transferError(TransferError::TimedOut, "Request timed out");
+    } else {
+        failed(m_errorBuffer.front() != '\0' ? m_errorBuffer.data() : curl_easy_strerror(code));
+    }
+}
+
+// Not left to the library: the way through the proxies is another one for each address.
+void CurlControl::followRedirect() {
+    const std::string url = m_curl.redirectUrl();
+    m_running = false;
+    if (++m_redirects > mostRedirects) {
+        failed("Too many redirects");
+    } else {
+        request(url);
     }
 }
 
@@ -371,18 +381,12 @@ void CurlControl::succeeded() {
     reached(TransferState::ResponseCompleted);
 }
 
-void CurlControl::failed(CURLcode code) {
+void CurlControl::failed(std::string_view text) {
     m_file.reset();
-    if (code == CURLE_GOT_NOTHING && !m_bodyBegan) {
-        m_fault = transferError(TransferError::CannotComplete, "Unable to complete request");
-    } else if (code == CURLE_OPERATION_TIMEDOUT && !m_bodyBegan) {
-        m_fault = transferError(TransferError::TimedOut, "Request timed out");
-    } else {
-        if (m_errorText.empty()) { // else the disk told what was wrong
-            m_errorText = fromUtf8(m_errorBuffer.front() != '\0' ? m_errorBuffer.data() : curl_easy_strerror(code));
-        }
-        m_states.push_back(TransferState::Error);
+    if (m_errorText.empty()) { // else the disk told what was wrong
+        m_errorText = fromUtf8(text);
     }
+    m_states.push_back(TransferState::Error);
 }
 
 void CurlControl::bodyBegins() {
@@ -399,6 +403,9 @@ void CurlControl::bodyBegins() {
 }
 
 std::size_t CurlControl::received(std::string_view bytes) {
+    if (m_redirected) {
+        return bytes.size(); // a page that nobody reads
+    }
     if (m_task == Task::Fetch && buffered() >= mostBuffered) {
         m_paused = true;
         return CURL_WRITEFUNC_PAUSE;
@@ -436,7 +443,8 @@ std::size_t CurlControl::onBody(char* data, std::size_t size, std::size_t count,
 void CurlControl::headerLine(std::string_view line) {
     m_secondsWaited = 0;
     if (line == "\r\n" || line == "\n") {
-        m_awaitsResponse = false; // a redirect's request waits anew
+        m_awaitsResponse = false;
+        m_redirected = m_curl.isRedirect();
     }
     reached(TransferState::ReceivingResponse);
 }
@@ -486,19 +494,6 @@ std::optional<std::string> CurlControl::nextChunk(std::size_t most) {
     return chunk;
 }
 
-std::string CurlControl::header(std::string_view name) {
-    curl_header* found = nullptr;
-    if (m_easy && curl_easy_header(m_easy.get(), std::string(name).c_str(), 0, CURLH_HEADER, -1, &found) == CURLHE_OK) {
-        return found->value;
-    }
-    curl_off_t length = -1; // what a file server told stands in no header
-    if (m_easy && equalNoCase(name, "Content-Length") &&
-        curl_easy_getinfo(m_easy.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length) == CURLE_OK && length >= 0) {
-        return std::to_string(length);
-    }
-    return {};
-}
-
 AccessType CurlControl::accessType() {
     requireReady();
     return m_accessType;
@@ -514,8 +509,8 @@ void CurlControl::setAccessType(AccessType type) {
 
 } // namespace
 
-std::unique_ptr<TransferControl> makeCurlControl() {
-    return std::make_unique<CurlControl>();
+std::unique_ptr<TransferControl> makeCurlControl(CurlSurroundings surroundings) {
+    return std::make_unique<CurlControl>(std::move(surroundings));
 }
 
 } // namespace vantor

@@ -2,6 +2,8 @@
 // The transfer control: what the transfer asks of the platform's client for the web and for file servers.
 #pragma once
 
+#include "foundation/error.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -39,6 +41,11 @@ enum class TransferError : int {
     TimedOut = 35761,
     StillExecuting = 35764,
 };
+
+/// One of these as an error to be raised.
+[[nodiscard]] inline Error transferError(TransferError number, std::string_view description) {
+    return {static_cast<int>(number), std::string(description)};
+}
 
 /// One client that runs one request at a time. Nothing happens by itself: a request goes on, and states are told, only
 /// inside advance. Every function may raise an Error with one of the numbers above.

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "foundation/canvas.h"
-#include "update/transfer.h"
+#include "update/cSHAREDInternet.h"
 #include "update/version_file.h"
 
 #include <cstdint>

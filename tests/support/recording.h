@@ -10,6 +10,7 @@
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -86,6 +87,17 @@ class RecordingHost : public SilentHost {
     }
     bool inputPending() override { return pendingInput; }
     void sleepFor(int milliseconds) override { sleeps.push_back(milliseconds); }
+    std::shared_ptr<void> every(int /*milliseconds*/, std::function<void()> tick) override {
+        const auto kept = std::make_shared<std::function<void()>>(std::move(tick));
+        m_latestTimer = kept;
+        return kept;
+    }
+    /// The latest timer's time comes, if it still runs.
+    void tick() {
+        if (const auto timer = m_latestTimer.lock()) {
+            (*timer)();
+        }
+    }
     std::string shortDate(const Date& date) override {
         return dateSample.empty() ? SilentHost::shortDate(date) : dateSample;
     }
@@ -96,6 +108,9 @@ class RecordingHost : public SilentHost {
     void startProgram(std::string_view program, std::string_view arguments) override {
         starts.push_back({std::string(program), std::string(arguments)});
     }
+
+  private:
+    std::weak_ptr<std::function<void()>> m_latestTimer;
 };
 
 // What was drawn, with the numbers as they were given.

@@ -4,10 +4,10 @@
 #include "foundation/text.h"
 #include "support/disk_faults.h"
 #include "support/fixture.h"
+#include "update/cSHAREDInternet.h"
 #include "update/curl_control.h"
+#include "update/fSHAREDInternet.h"
 #include "update/recording_form.h"
-#include "update/transfer.h"
-#include "update/transfer_states.h"
 #include "update/updater.h"
 
 #include <algorithm>
@@ -191,7 +191,7 @@ TEST_F(RealServers, AServerThatDoesNotAnswerTimesOut) {
     const auto download = [&](std::string_view url) {
         form.DownloadFile(address(url), path("f.exe"), true);
         while (form.underWay()) {
-            form.wait(10);
+            form.wait();
         }
     };
     recorder.onPump = [this](Pump) { clock.advance(1); };

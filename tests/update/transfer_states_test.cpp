@@ -2,9 +2,9 @@
 #include "foundation/log.h"
 #include "foundation/settings_store.h"
 #include "support/fixture.h"
+#include "update/cSHAREDInternet.h"
+#include "update/fSHAREDInternet.h"
 #include "update/scripted_control.h"
-#include "update/transfer.h"
-#include "update/transfer_states.h"
 
 #include <utility>
 
@@ -49,8 +49,11 @@ class TransferStates : public Fixture {
     void download(std::string_view name = "f.exe") {
         script.requests.clear();
         form.DownloadFile("http://h/f", path(name), true);
+        finish();
+    }
+    void finish() {
         while (form.underWay()) {
-            form.wait(150);
+            form.wait();
         }
     }
     void expectNoFile() const { EXPECT_TRUE(std::filesystem::is_empty(folder())); } // no temporary one either
@@ -192,12 +195,14 @@ TEST_F(TransferStates, FileServersTakeThreeCommands) {
                     },
                     endOfCommand};
     form.DownloadFile("ftp.h.org/pub\\b c/my file.exe ", path("f.exe"), true);
+    finish();
     EXPECT_EQ(script.requests,
               (Strings{"FTP://ftp.h.org|CD /pub/b c/", "FTP://ftp.h.org|GET my%20file.exe " + path("f.exe"),
                        "FTP://ftp.h.org|CLOSE"}));
     script.requests.clear();
     play({0, 11});
     form.DownloadFile("Ftp://u:p@h:21/f.exe", path("f.exe"), false);
+    finish();
     EXPECT_EQ(script.requests, (Strings{"FTP://u:p@h:21|CD /"}));
     form.DownloadFile("ftp:///f.exe", path("f.exe"), false);
     EXPECT_EQ(events(),

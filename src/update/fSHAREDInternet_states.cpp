@@ -1,11 +1,11 @@
+// fSHAREDInternet: what the states of the control lead to, and the response.
 #include "foundation/log.h"
 #include "foundation/numbers.h"
 #include "foundation/progress.h"
-#include "foundation/replacing_file.h"
-#include "update/transfer_states.h"
+#include "update/fSHAREDInternet.h"
+#include "update/transfer_texts.h"
 
 #include <optional>
-#include <utility>
 
 namespace vantor {
 
@@ -13,43 +13,22 @@ namespace {
 
 constexpr std::string_view stateProcedure = "sub inet1_statechanged";
 constexpr std::size_t chunkSize = 1024;
-constexpr int chunkWait = 50; // milliseconds; it ends as soon as bytes come
 constexpr double secondsPerReport = 0.25;
 constexpr double secondsPerDay = 86400;
-constexpr double bytesPerKilobyte = 1024;
-
-// In the texts below "kb" stands with a blank ahead or without, and both are meant.
-std::string wholeKilobytes(double bytes) {
-    return fixedNumber(roundHalfEven(bytes / bytesPerKilobyte), 0);
-}
-
-std::string roundedKilobytes(double bytes) {
-    return generalNumber(roundHalfEven(bytes / bytesPerKilobyte * 100) / 100);
-}
-
-double percentage(double bytes, std::int32_t size) {
-    return roundHalfEven(bytes / size * 100);
-}
 
 } // namespace
 
 void fSHAREDInternet::stateChanged(TransferState state) noexcept {
-    if (!m_timerRuns) {
+    if (!underWay()) {
         return; // the tail of a transfer that is over
     }
     m_idleTicks = 0;
     switch (state) {
     case TransferState::ResolvingHost:
-        showStatus("Resolving host");
-        break;
     case TransferState::HostResolved:
-        showStatus("Resolved host");
-        break;
     case TransferState::Connecting:
-        showStatus("Connecting");
-        break;
     case TransferState::Connected:
-        showStatus("Connected");
+        showStatus(stateText(state));
         break;
     case TransferState::ReceivingResponse:
         raise(Receiving);
@@ -69,7 +48,7 @@ void fSHAREDInternet::stateChanged(TransferState state) noexcept {
     case TransferState::Disconnected:
         break;
     default:
-        sorted(stateProcedure, [&] { otherState(); });
+        sorted(stateProcedure, [&] { reportSaved(); });
     }
 }
 
@@ -80,7 +59,9 @@ void fSHAREDInternet::responseReceived() {
     m_expectedFilesize = -1;
     if (m_sizeFlag) {
         const std::string length = m_control->header("Content-Length");
-        if (!length.empty()) {
+        if (m_save && val(length) > static_cast<double>(longestDownload)) {
+            fail(downloadFailed);
+        } else if (!length.empty()) {
             m_expectedFilesize = toInt32(val(length));
         }
     }
@@ -94,91 +75,99 @@ void fSHAREDInternet::responseCompleted() noexcept {
         const StandardTrap trap{stateProcedure, moduleName};
         m_repeated = true;
         m_sizeFlag = false;
-        trap([&] { m_control->cancel(); });
+        trap(&TransferControl::cancel, m_control);
         get();
         return;
     }
-    const std::uint32_t request = m_request;
-    const std::string fault = sorted(stateProcedure, [&] { fetchResponse(); });
-    if (!fault.empty() && m_request == request && m_timerRuns) {
+    const std::uint32_t run = m_run;
+    const std::string fault = sorted(stateProcedure, [&] { beginResponse(); });
+    if (!fault.empty() && m_run == run) {
+        fail(fault);
+    }
+}
+
+void fSHAREDInternet::beginResponse() {
+    const std::uint32_t run = m_run;
+    showStatus("Downloading");
+    if (m_run != run) {
+        return;
+    }
+    if (m_save) {
+        m_file = std::make_unique<ReplacingFile>(m_localFile);
+    }
+    m_count = 0;
+    m_fetching = true;
+}
+
+void fSHAREDInternet::takeResponse() noexcept {
+    const std::uint32_t run = m_run;
+    const std::string fault = sorted(stateProcedure, [&] { takeChunks(); });
+    if (!fault.empty() && m_run == run) {
         fail(fault); // without it, what was lost would be told as finished
     }
 }
 
-void fSHAREDInternet::fetchResponse() {
+// As much of the response as has arrived.
+void fSHAREDInternet::takeChunks() {
     const std::uint32_t run = m_run;
-    std::int64_t count = 0;
-    showStatus("Downloading");
-    if (m_save && m_run == run) {
-        m_file = std::make_unique<ReplacingFile>(m_localFile);
-    }
-    bool atEnd = false;
-    while (!atEnd && m_run == run) {
+    while (m_run == run && m_fetching) {
         const std::optional<std::string> chunk = m_control->nextChunk(chunkSize);
         if (!chunk) {
-            wait(chunkWait);
-            continue;
+            return;
         }
         m_idleTicks = 0;
-        atEnd = chunk->empty();
-        if (!atEnd) {
-            count += chunkSize; // whatever its length: the count overshoots on the last chunk, and is meant to
-        }
-        keepChunk(*chunk, count);
+        keepChunk(*chunk);
         if (m_run == run) {
-            reportChunks(count);
+            reportChunks();
+        }
+        if (m_run == run && chunk->empty()) {
+            endResponse();
         }
     }
-    if (m_run != run) {
+}
+
+void fSHAREDInternet::keepChunk(const std::string& chunk) {
+    if (!chunk.empty()) {
+        m_count += chunkSize; // Quirk: whatever its length, so the count overshoots on the last chunk.
+    }
+    const std::int64_t longest = m_save ? longestDownload : longestReply;
+    if (m_count > longest) {
+        logaction((m_save ? "File is longer than " : "Reply is longer than ") + std::to_string(longest) + " bytes",
+                  stateProcedure, moduleName);
+        fail(downloadFailed);
         return;
     }
+    if (m_save) {
+        m_file->write(chunk);
+    }
+    if (!m_save || m_received.empty()) { // of a download nobody asks more than whether there is any text
+        m_received += ByteArrayToString(chunk);
+    }
+}
+
+void fSHAREDInternet::endResponse() {
     if (m_file) {
         m_file->commit();
     }
     finish();
     const std::uint32_t over = m_run;
     if (!quietProgress) {
-        showStatus("Downloaded " + fixedNumber(static_cast<double>(count) / bytesPerKilobyte, 2) + " kb (100%)");
+        showStatus(completeText(m_count));
     }
     if (m_run == over) {
         raise(DownloadFinished);
     }
 }
 
-void fSHAREDInternet::keepChunk(const std::string& chunk, std::int64_t count) {
-    const std::string_view text = ByteArrayToString(chunk);
-    if (m_save) {
-        m_file->write(chunk);
-        if (m_received.empty()) { // of a download nobody asks more than whether there is any text
-            m_received = text;
-        }
-    } else if (count > longestReply) {
-        logaction("Reply is longer than " + std::to_string(longestReply) + " bytes", stateProcedure, moduleName);
-        fail(downloadFailed);
-    } else {
-        m_received += text;
-    }
-}
-
-void fSHAREDInternet::reportChunks(std::int64_t count) {
+void fSHAREDInternet::reportChunks() {
     if (quietProgress || quietAll) {
         return;
     }
-    const auto bytes = static_cast<double>(count);
     if (m_expectedFilesize < 1) {
-        reportProgress("Downloaded " + roundedKilobytes(bytes) + "kb", 100);
-        return;
-    }
-    if (m_received.empty()) {
-        return;
-    }
-    const double percent = percentage(bytes, m_expectedFilesize);
-    if (m_sizeFlag) {
-        reportProgress(wholeKilobytes(bytes) + " kb of " + wholeKilobytes(m_expectedFilesize) + " kb (" +
-                           fixedNumber(percent, 0) + "%)",
-                       percent);
-    } else {
-        reportProgress(wholeKilobytes(bytes) + " kb downloaded", percent);
+        reportProgress(downloadedText(m_count), 100);
+    } else if (!m_received.empty()) {
+        reportProgress(m_sizeFlag ? partText(m_count, m_expectedFilesize) : countText(m_count),
+                       percentage(m_count, m_expectedFilesize));
     }
 }
 
@@ -198,16 +187,11 @@ void fSHAREDInternet::reportProgress(std::string_view text, double value) noexce
     }
 }
 
-void fSHAREDInternet::otherState() {
-    if (quietProgress) {
-        return;
-    }
-    const auto bytes = static_cast<double>(m_control->bytesSaved());
-    if (m_expectedFilesize >= 1) {
-        showStatus("File Size: " + wholeKilobytes(m_expectedFilesize) + " kb.  Downloaded " + wholeKilobytes(bytes) +
-                   " kb (" + fixedNumber(percentage(bytes, m_expectedFilesize), 0) + "%)");
-    } else {
-        showStatus("Downloaded " + roundedKilobytes(bytes) + "kb");
+void fSHAREDInternet::reportSaved() {
+    if (m_control->bytesSaved() > longestDownload) {
+        fail(downloadFailed);
+    } else if (!quietProgress) {
+        showStatus(savedText(m_control->bytesSaved(), m_expectedFilesize));
     }
 }
 
@@ -220,7 +204,7 @@ void fSHAREDInternet::failedState() noexcept {
     if (m_run == run) {
         fail(text);
     }
-    trap([] { timedevents(); });
+    trap(timedevents);
 }
 
 void fSHAREDInternet::showStatus(std::string_view text) const noexcept {

@@ -1,8 +1,8 @@
-#include "update/transfer.h"
+#include "update/cSHAREDInternet.h"
 
 #include "foundation/disk.h"
 #include "update/curl_control.h"
-#include "update/transfer_states.h"
+#include "update/fSHAREDInternet.h"
 
 #include <utility>
 
@@ -82,7 +82,7 @@ bool cSHAREDInternet::GetFile(std::string_view url, std::string_view local, bool
         state->form.DownloadFile(url, local, sizeflag);
     }
     while (mine == state->calls && state->form.underWay() && !state->error && !state->finished && !state->cancelled) {
-        state->form.wait(150);
+        state->form.wait();
     }
     if (mine != state->calls) {
         return false;
