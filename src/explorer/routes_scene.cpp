@@ -54,7 +54,7 @@ std::string grouped(std::string digits) {
     return digits;
 }
 
-std::string counted(double count, std::string_view one, std::string_view many) {
+std::string withNoun(double count, std::string_view one, std::string_view many) {
     return flightsText(count) + " " + std::string(count == 1 ? one : many);
 }
 
@@ -225,8 +225,9 @@ std::string RoutesScene::airportText(std::size_t index) const {
     const std::string code(airport.code.text());
     const std::string title = airporttitle(code);
     return (title.empty() || title == code ? code : code + " - " + title) + "\n" +
-           counted(airport.departures, "departure", "departures") + " and " +
-           counted(airport.arrivals, "arrival", "arrivals") + " a week\n" + counted(airport.routes, "route", "routes");
+           withNoun(airport.departures, "departure", "departures") + " and " +
+           withNoun(airport.arrivals, "arrival", "arrivals") + " a week\n" +
+           withNoun(airport.routes, "route", "routes");
 }
 
 std::string RoutesScene::routeText(std::size_t index) const {
@@ -237,7 +238,7 @@ std::string RoutesScene::routeText(std::size_t index) const {
     std::string text = first + " - " + second + ", " + miles + " NM";
     const auto direction = [&](const std::string& from, const std::string& to, double flights) {
         if (flights > 0) {
-            text += "\n" + from + " to " + to + ": " + counted(flights, "flight", "flights") + " a week";
+            text += "\n" + from + " to " + to + ": " + withNoun(flights, "flight", "flights") + " a week";
         }
     };
     direction(first, second, route.out);
@@ -254,14 +255,14 @@ std::string RoutesScene::routeText(std::size_t index) const {
 
 std::string RoutesScene::summary() const {
     const auto known = static_cast<double>(std::ranges::count_if(m_network.airports, &RouteAirport::known));
-    std::string text = counted(static_cast<double>(m_network.routeCount), "route", "routes") + ", " +
-                       counted(known, "airport", "airports") + ", " + counted(m_network.flights, "flight", "flights") +
-                       " a week";
+    std::string text = withNoun(static_cast<double>(m_network.routeCount), "route", "routes") + ", " +
+                       withNoun(known, "airport", "airports") + ", " +
+                       withNoun(m_network.flights, "flight", "flights") + " a week";
     if (m_network.routeCount > m_network.routes.size()) {
         text += "; the busiest " + flightsText(static_cast<double>(m_network.routes.size())) + " routes are drawn";
     }
     if (m_network.unplaced > 0) {
-        text += "; " + counted(m_network.unplaced, "flight", "flights") + " to airports without a place";
+        text += "; " + withNoun(m_network.unplaced, "flight", "flights") + " to airports without a place";
     }
     return text;
 }
