@@ -34,7 +34,9 @@ class FindTest : public Fixture {
     // Presses a button, or Enter in the text box for "", and gives the row found.
     static std::string found(QDialog& dialog, std::string_view button) {
         if (button.empty()) {
-            pressKey(control<QLineEdit>(dialog, "txtSearchString"), Qt::Key_Return);
+            auto& text = control<QLineEdit>(dialog, "txtSearchString");
+            text.setFocus();
+            pressKey(text, Qt::Key_Return);
         } else {
             click(dialog, button);
         }
