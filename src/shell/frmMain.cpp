@@ -10,6 +10,7 @@
 #include "shell/aircraft_commands.h"
 #include "shell/application_settings.h"
 #include "shell/artwork.h"
+#include "shell/explorer_window.h"
 #include "shell/fSHAREDAbout.h"
 #include "shell/file_commands.h"
 #include "shell/lists.h"
@@ -49,6 +50,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this);
     m_updates = std::make_unique<UpdateCommands>(*this, *ui, m_workspace, m_runner, *this);
     m_undo = std::make_unique<UndoCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
+    m_explorer = std::make_unique<ExplorerWindow>(*this, *ui, m_workspace, m_runner, *m_lists);
     connect(ui->cmdExit, &QPushButton::clicked, this, [this] {
         m_runner.run({"sub cmdexit_click", module}, [this](const StandardTrap&) {
             exitprog();
@@ -91,6 +93,7 @@ void frmMain::connectStatus() {
         }
         m_status->showState(m_workspace);
         m_status->showRows(*ui->List1);
+        m_explorer->commandEnded();
     };
     connect(ui->List1, &ListBox::rowClicked, m_status, [this] { m_status->showRows(*ui->List1); });
 }
@@ -183,6 +186,7 @@ void frmMain::exitprog() noexcept {
 void frmMain::endProcess(int code) noexcept {
     m_ended = true;
     m_updates->stop();
+    m_explorer->close();
     QCoreApplication::exit(code);
 }
 

@@ -18,6 +18,7 @@ namespace Ui {
 class frmMain;
 }
 class AircraftCommands;
+class ExplorerWindow;
 class FileCommands;
 class Lists;
 class ScheduleCommands;
@@ -73,6 +74,7 @@ class frmMain : public QMainWindow, public Life {
     std::unique_ptr<FileCommands> m_files;
     std::unique_ptr<UpdateCommands> m_updates;
     std::unique_ptr<UndoCommands> m_undo;
+    std::unique_ptr<ExplorerWindow> m_explorer;
     std::int64_t m_actionsTold = 0; // entries of the ring that the status line has seen
     bool m_opened = false;
     bool m_ended = false;

@@ -1,0 +1,213 @@
+#include "explorer/frmChecks.h"
+
+#include "explorer/leg_matcher.h"
+#include "foundation/disk.h"
+#include "foundation/error.h"
+#include "foundation/host.h"
+#include "foundation/replacing_file.h"
+#include "foundation/trap.h"
+#include "platform/code_page.h"
+#include "platform/file_dialogs.h"
+#include "ui_frmChecks.h"
+
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLocale>
+#include <QShortcut>
+
+#include <algorithm>
+#include <utility>
+
+namespace vantor {
+
+namespace {
+
+constexpr int sliceMilliseconds = 15;
+constexpr StandardTrap trap{"checks", "frmChecks"};
+
+// Whether the filter leaves a place: a leg, or a schedule with a leg that it leaves.
+bool leaves(LegMatcher& matcher, LegNumber where) {
+    const ScheduleRec* const schedule = scheduleOf(where);
+    if (schedule == nullptr) {
+        return where == 0;
+    }
+    const std::int32_t recnum = legAt(where).recnum;
+    if (const LegRec* const leg = legOf(*schedule, where)) {
+        return matcher.matches(recnum, *schedule, *leg);
+    }
+    return matcher.matches(recnum, *schedule) || std::ranges::any_of(schedule->legs, [&](const LegRec& leg) {
+               return matcher.matches(recnum, *schedule, leg);
+           });
+}
+
+} // namespace
+
+frmChecks::frmChecks(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::frmChecks>()) {
+    m_ui->setupUi(this);
+    QTableView& table = *m_ui->tblFindings;
+    table.setModel(&m_model);
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
+    const int character = table.fontMetrics().averageCharWidth();
+    table.setColumnWidth(0, 9 * character);
+    table.setColumnWidth(1, 20 * character);
+    table.setColumnWidth(2, 28 * character);
+    m_ui->split->setSizes({240, 560});
+    m_ui->split->setStretchFactor(1, 1);
+    m_timer.setInterval(0);
+    connect(&m_timer, &QTimer::timeout, this, [this] { trap([this] { goOn(); }); });
+    connect(m_ui->cmdCheck, &QPushButton::clicked, this, [this] { check(); });
+    connect(m_ui->cmdSaveReport, &QPushButton::clicked, this, [this] { saveReport(); });
+    connect(m_ui->spnTurnaround, &QSpinBox::valueChanged, this, [this] {
+        if (m_checked) {
+            check();
+        }
+    });
+    connect(m_ui->lstKinds, &QListWidget::currentRowChanged, this, [this] { showKind(); });
+    connect(&table, &QTableView::doubleClicked, this, [this] { edit(); });
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* const shortcut = new QShortcut(key, &table, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this] { edit(); });
+    }
+    showKinds();
+    showResult();
+}
+
+frmChecks::~frmChecks() = default;
+
+void frmChecks::setCommands(ExplorerCommands commands) {
+    m_commands = std::move(commands);
+}
+
+void frmChecks::setFilter(const Filter& filter) {
+    if (filter == m_filter) {
+        return;
+    }
+    m_filter = filter;
+    if (isChecked()) {
+        sift();
+    }
+}
+
+void frmChecks::tablesChanged() {
+    if (m_timer.isActive()) {
+        check();
+    } else if (m_checked) {
+        m_old = true;
+        sift();
+    }
+}
+
+void frmChecks::check() {
+    m_checks.start({.turnaroundMinutes = m_ui->spnTurnaround->value()});
+    m_checked = true;
+    m_old = false;
+    m_ui->cmdSaveReport->setEnabled(false);
+    m_ui->prgChecks->setValue(0);
+    m_ui->prgChecks->show();
+    m_ui->lblResult->hide();
+    m_timer.start();
+}
+
+void frmChecks::goOn() {
+    if (host().pumping()) {
+        return; // inside a command, which may be in the midst of changing the tables
+    }
+    QElapsedTimer watch;
+    watch.start();
+    const bool done = m_checks.step([&] { return watch.elapsed() >= sliceMilliseconds; });
+    m_ui->prgChecks->setValue(static_cast<int>(m_checks.progress() * 1000));
+    if (done) {
+        m_timer.stop();
+        m_ui->prgChecks->hide();
+        m_ui->lblResult->show();
+        m_ui->cmdSaveReport->setEnabled(true);
+        sift();
+    }
+}
+
+// What the filter leaves of the findings.
+void frmChecks::sift() {
+    LegMatcher matcher(m_filter);
+    for (std::size_t i = 0; i < checkKinds; ++i) {
+        m_sifted.at(i).clear();
+        std::ranges::copy_if(
+            m_checks.of(static_cast<CheckKind>(i)), std::back_inserter(m_sifted.at(i)),
+            [&](const CheckFinding& finding) { return m_filter.empty() || leaves(matcher, finding.where); });
+    }
+    showKinds();
+    showResult();
+}
+
+// The kinds with their counts; the first one with a finding becomes the current one where that has none.
+void frmChecks::showKinds() {
+    QListWidget& list = *m_ui->lstKinds;
+    const QSignalBlocker quiet(list);
+    int first = -1;
+    for (int i = 0; i < static_cast<int>(checkKinds); ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        if (list.count() <= i) {
+            list.addItem(QString());
+        }
+        const QString title = toQString(checkTitle(static_cast<CheckKind>(i)));
+        const bool any = !m_sifted.at(at).empty();
+        list.item(i)->setText(isChecked() ? tr("%1  (%2)").arg(title, QLocale().toString(m_sifted.at(at).size()))
+                                          : title);
+        QFont font = list.font();
+        font.setBold(any);
+        list.item(i)->setFont(font);
+        first = first == -1 && any ? i : first;
+    }
+    if (list.currentRow() < 0 || m_sifted.at(static_cast<std::size_t>(list.currentRow())).empty()) {
+        list.setCurrentRow(std::max(0, first));
+    }
+    showKind();
+}
+
+void frmChecks::showKind() {
+    const int row = std::max(0, m_ui->lstKinds->currentRow());
+    m_model.show(static_cast<CheckKind>(row), m_sifted.at(static_cast<std::size_t>(row)));
+}
+
+void frmChecks::showResult() {
+    if (!isChecked()) {
+        m_ui->lblResult->setText(QString());
+        return;
+    }
+    std::size_t shown = 0;
+    for (const Checks::Findings& findings : m_sifted) {
+        shown += findings.size();
+    }
+    const QString all = QLocale().toString(m_checks.count());
+    QString text =
+        m_filter.empty() ? tr("%1 findings").arg(all) : tr("%1 of %2 findings").arg(QLocale().toString(shown), all);
+    text += m_old ? tr(", before the latest change") : QString();
+    m_ui->lblResult->setText(text);
+}
+
+void frmChecks::edit() {
+    const LegNumber where = m_model.place(m_ui->tblFindings->currentIndex().row());
+    if (where != 0 && m_commands.edit) {
+        m_commands.edit(legAt(where));
+    }
+}
+
+void frmChecks::saveReport() {
+    const std::string file = askforFilename("Choose a file for the report", "checks.txt", "*.txt");
+    if (!file.empty()) {
+        trap([&] { writeReport(file); });
+    }
+}
+
+void frmChecks::writeReport(const std::string& path) {
+    try {
+        ReplacingFile file(path);
+        file.write(checksReport(m_checks));
+        file.commit();
+        m_ui->lblResult->setText(tr("Saved to %1").arg(toQString(path)));
+    } catch (const Error& error) {
+        host().message("The report could not be saved to " + path + ": " + error.description());
+    }
+}
+
+} // namespace vantor

@@ -1,0 +1,167 @@
+#include "shell/explorer_window.h"
+
+#include "bulk/aircraft_swap.h"
+#include "core/codes.h"
+#include "core/combo_rows.h"
+#include "core/tables.h"
+#include "core/undo.h"
+#include "explorer/frmExplorer.h"
+#include "foundation/busy_pointer.h"
+#include "platform/code_page.h"
+#include "schedule/frmSchedEdit.h"
+#include "schedule/schedule_commands.h"
+#include "shell/command_runner.h"
+#include "shell/lists.h"
+#include "shell/workspace.h"
+#include "simulator/frmAircraftSub.h"
+#include "ui_frmMain.h"
+
+#include <QShortcut>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "frmExplorer";
+
+// The schedules of some rows, each once, in their order.
+std::vector<std::int32_t> schedulesOf(const std::vector<LegId>& rows) {
+    std::vector<std::int32_t> recnums;
+    std::vector<bool> seen(static_cast<std::size_t>(schedulecount) + 1);
+    for (const LegId& row : rows) {
+        const auto at = static_cast<std::size_t>(row.recnum);
+        if (at < seen.size() && !seen[at]) {
+            seen[at] = true;
+            recnums.push_back(row.recnum);
+        }
+    }
+    return recnums;
+}
+
+std::string countedSchedules(const std::vector<std::int32_t>& recnums) {
+    return counted(static_cast<std::int64_t>(recnums.size()), "schedule");
+}
+
+} // namespace
+
+ExplorerWindow::ExplorerWindow(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
+                               Lists& lists)
+    : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists) {
+    auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), &window);
+    QObject::connect(shortcut, &QShortcut::activated, &window, [this] { open(); });
+}
+
+ExplorerWindow::~ExplorerWindow() = default;
+
+frmExplorer& ExplorerWindow::form() {
+    if (!m_form) {
+        m_form = std::make_unique<frmExplorer>();
+        m_form->setWindowIcon(m_window.windowIcon());
+        // What a command changes is one step of the journal, as with a button of the main window.
+        const auto command = [this](std::string_view name, auto handler) {
+            return [this, name, handler](const auto& rows) {
+                m_runner.run({name, module}, [&](const StandardTrap& trap) {
+                    const Step step{std::string(name)};
+                    std::string did = (this->*handler)(trap, rows);
+                    if (!did.empty()) {
+                        nameStep(did);
+                    }
+                    return did;
+                });
+            };
+        };
+        m_form->setCommands({command("edit", &ExplorerWindow::edit), command("delete", &ExplorerWindow::remove),
+                             command("swap", &ExplorerWindow::swap), command("copy", &ExplorerWindow::copy)});
+    }
+    return *m_form;
+}
+
+void ExplorerWindow::open(std::string_view filter) {
+    form().open(toQString(filter));
+}
+
+void ExplorerWindow::close() {
+    if (m_form) {
+        m_form->close();
+    }
+}
+
+void ExplorerWindow::commandEnded() {
+    const Seen now{journal().state(), airportcount, gmtoffset};
+    if (m_form && now != m_seen) {
+        m_form->tablesChanged();
+    }
+    m_seen = now;
+}
+
+std::string ExplorerWindow::edit(const StandardTrap& trap, LegId id) {
+    ScheduleRec schedule;
+    std::optional<ScheduleRec> edited;
+    if (trap([&] { schedule = schedules.HashGetSlot(id.recnum); }) && schedule.recnum != 0) {
+        edited = editSchedule(&form(), schedule, {aircraftRows(true), m_ui.cmbICAO->rows()}, std::max(0, id.leg - 1));
+    }
+    if (!edited) {
+        return {};
+    }
+    const BusyPointer busy{trap};
+    trap([&] { schedules.HashPutSlot(id.recnum, *edited); });
+    refresh(trap);
+    return "Edit " + std::string(edited->tailnumber.text());
+}
+
+std::string ExplorerWindow::remove(const StandardTrap& trap, const std::vector<LegId>& rows) {
+    const BusyPointer busy{trap};
+    ScheduleRec touched;
+    bool legs = false;
+    for (const LegId& row : rows) {
+        legs = legs || row.leg != 0;
+        if (row) {
+            toggleleg(trap, row, touched);
+        } else {
+            deleteschedbyrecnum(row.recnum);
+        }
+    }
+    refresh(trap);
+    return "Delete " + counted(static_cast<std::int64_t>(rows.size()), legs ? "leg" : "schedule");
+}
+
+std::string ExplorerWindow::swap(const StandardTrap& trap, const std::vector<LegId>& rows) {
+    const std::vector<std::int32_t> recnums = schedulesOf(rows);
+    std::string code;
+    if (recnums.empty() || !trap([&] { code = schedules.peek(recnums.front()).acnum.text(); })) {
+        return {};
+    }
+    const auto chosen = chooseAircraft(&form(), code, aircraftRows(false));
+    if (!chosen || chosen->row.empty()) {
+        return {};
+    }
+    const BusyPointer busy{trap};
+    swapAircraft(trap, recnums, chosen->row);
+    refresh(trap);
+    return "Swap " + countedSchedules(recnums) + " to " + extractcode(chosen->row);
+}
+
+std::string ExplorerWindow::copy(const StandardTrap& trap, const std::vector<LegId>& rows) {
+    const BusyPointer busy{trap};
+    const std::vector<std::int32_t> recnums = schedulesOf(rows);
+    for (const std::int32_t recnum : recnums) {
+        copyschedule(trap, recnum);
+    }
+    refresh(trap);
+    return "Copy " + countedSchedules(recnums);
+}
+
+// The lists of the main window show schedules only when they were asked to.
+void ExplorerWindow::refresh(const StandardTrap& trap) {
+    m_workspace.unsavedchanges = true;
+    if (m_ui.List1->rowCount() > 0) {
+        trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
+        m_ui.List2->clear();
+    }
+}
+
+} // namespace vantor
