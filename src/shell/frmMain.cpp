@@ -7,6 +7,7 @@
 #include "foundation/error.h"
 #include "foundation/log.h"
 #include "platform/code_page.h"
+#include "shell/actions.h"
 #include "shell/aircraft_commands.h"
 #include "shell/application_settings.h"
 #include "shell/artwork.h"
@@ -26,7 +27,6 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLayout>
-#include <QShortcut>
 #include <QStyle>
 
 #include <utility>
@@ -49,7 +49,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     m_tools = std::make_unique<ToolCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
     m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this);
     m_updates = std::make_unique<UpdateCommands>(*this, *ui, m_workspace, m_runner, *this);
-    m_undo = std::make_unique<UndoCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
+    m_undo = std::make_unique<UndoCommands>(*ui, m_workspace, m_runner, *m_lists);
     m_explorer = std::make_unique<ExplorerWindow>(*this, *ui, m_workspace, m_runner, *m_lists);
     connect(ui->cmdExit, &QPushButton::clicked, this, [this] {
         m_runner.run({"sub cmdexit_click", module}, [this](const StandardTrap&) {
@@ -63,26 +63,11 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
             return std::string();
         });
     });
-    connectShortcuts();
+    m_actions = std::make_unique<Actions>(*this, *ui, m_runner, *m_lists, *m_views, *m_undo);
     connectStatus();
 }
 
 frmMain::~frmMain() = default;
-
-void frmMain::connectShortcuts() {
-    // A shortcut presses its button, so that a disabled command stays out of reach.
-    const auto press = [this](const QKeySequence& keys, QPushButton* button, QWidget* where) {
-        const auto context = where == this ? Qt::WindowShortcut : Qt::WidgetShortcut;
-        auto* const shortcut = new QShortcut(keys, where);
-        shortcut->setContext(context);
-        connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
-    };
-    press(QKeySequence(Qt::Key_F5), ui->cmdReload, this);
-    press(QKeySequence(Qt::CTRL | Qt::Key_S), ui->cmdSaveFlights, this);
-    press(QKeySequence(Qt::CTRL | Qt::Key_L), ui->cmdListall, this);
-    press(QKeySequence(Qt::Key_Delete), ui->cmdDeleteSchedule, ui->List1);
-    press(QKeySequence(Qt::Key_Delete), ui->cmdDeleteLeg, ui->List2);
-}
 
 void frmMain::connectStatus() {
     m_runner.ended = [this](const std::string& did) {

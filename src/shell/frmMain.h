@@ -17,6 +17,7 @@ namespace vantor {
 namespace Ui {
 class frmMain;
 }
+class Actions;
 class AircraftCommands;
 class ExplorerWindow;
 class FileCommands;
@@ -56,7 +57,6 @@ class frmMain : public QMainWindow, public Life {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void connectShortcuts();
     void fitPanel();
     void showAbout();
     void connectStatus();
@@ -75,6 +75,7 @@ class frmMain : public QMainWindow, public Life {
     std::unique_ptr<UpdateCommands> m_updates;
     std::unique_ptr<UndoCommands> m_undo;
     std::unique_ptr<ExplorerWindow> m_explorer;
+    std::unique_ptr<Actions> m_actions;
     std::int64_t m_actionsTold = 0; // entries of the ring that the status line has seen
     bool m_opened = false;
     bool m_ended = false;

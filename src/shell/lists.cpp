@@ -203,29 +203,31 @@ void Lists::settimetableicao(std::string_view icao) {
     m_ui.cmdPrint->setEnabled(!m_timetableicao.empty());
 }
 
-std::string Lists::listAll(const StandardTrap& /*trap*/) {
-    displaylist("", "", false, 0);
+// The keys go on in the list.
+std::string Lists::list(std::string_view icao, std::string_view ac, bool unique) {
+    displaylist(icao, ac, unique, 0);
+    m_ui.List1->setFocus();
     return {};
+}
+
+std::string Lists::listAll(const StandardTrap& /*trap*/) {
+    return list("", "", false);
 }
 
 std::string Lists::listFlightsOfAirport(const StandardTrap& /*trap*/) {
-    displaylist(upper(m_ui.cmbICAO->text()), "", false, 0);
-    return {};
+    return list(upper(m_ui.cmbICAO->text()), "", false);
 }
 
 std::string Lists::listFlightsOfAircraft(const StandardTrap& /*trap*/) {
-    displaylist("", upper(m_ui.cmbAC->text()), false, 0);
-    return {};
+    return list("", upper(m_ui.cmbAC->text()), false);
 }
 
 std::string Lists::listAirportsOfAircraft(const StandardTrap& /*trap*/) {
-    displaylist("", upper(m_ui.cmbAC->text()), true, 0);
-    return {};
+    return list("", upper(m_ui.cmbAC->text()), true);
 }
 
 std::string Lists::listAircraftOfAirport(const StandardTrap& /*trap*/) {
-    displaylist(upper(m_ui.cmbICAO->text()), "", true, 0);
-    return {};
+    return list(upper(m_ui.cmbICAO->text()), "", true);
 }
 
 void Lists::clickSchedule(const StandardTrap& trap) {

@@ -54,6 +54,7 @@ class Lists {
     void clickLeg(const StandardTrap& trap);
     void clickMissingAircraft(const StandardTrap& trap);
 
+    std::string list(std::string_view icao, std::string_view ac, bool unique);
     void showLegs(LegListing listing);
     void enableschedbuttons() noexcept;
     void disableschedbuttons() noexcept;

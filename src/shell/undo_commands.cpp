@@ -9,8 +9,6 @@
 #include "simulator/missing_aircraft.h"
 #include "ui_frmMain.h"
 
-#include <QShortcut>
-
 #include <algorithm>
 
 namespace vantor {
@@ -32,17 +30,8 @@ void refill(ComboBox& box, const ListRows& rows) {
 
 } // namespace
 
-UndoCommands::UndoCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
-    : m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists) {
-    const auto key = [&](const QKeySequence& keys, void (UndoCommands::*command)()) {
-        auto* const shortcut = new QShortcut(keys, &window);
-        QObject::connect(shortcut, &QShortcut::activated, &window, [this, command] { (this->*command)(); });
-    };
-    // A text box that has something to undo takes these keys for itself.
-    key(QKeySequence(Qt::CTRL | Qt::Key_Z), &UndoCommands::undo);
-    key(QKeySequence(Qt::CTRL | Qt::Key_Y), &UndoCommands::redo);
-    key(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), &UndoCommands::redo);
-}
+UndoCommands::UndoCommands(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
+    : m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists) {}
 
 std::string UndoCommands::undoCaption() {
     return caption("Undo", undoName());

@@ -8,8 +8,6 @@
 #include <functional>
 #include <string>
 
-class QWidget;
-
 namespace vantor {
 
 namespace Ui {
@@ -21,8 +19,8 @@ struct Workspace;
 
 class UndoCommands {
   public:
-    /// Connects the keys of the window. All must outlive the group.
-    UndoCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+    /// All must outlive the group.
+    UndoCommands(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
 
     /// The caption of the command, as in "Undo Delete 3 schedules"; "Undo" alone where there is nothing to undo.
     [[nodiscard]] static std::string undoCaption();

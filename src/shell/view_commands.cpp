@@ -80,10 +80,23 @@ std::string ViewCommands::showChart(const StandardTrap& /*trap*/) {
 }
 
 std::string ViewCommands::showMap(const StandardTrap& /*trap*/) {
-    frmMap map(&m_owner);
-    map.loadmap(m_ui.cmbICAO->currentRow());
-    map.exec();
+    openMap(m_ui.cmbICAO->currentRow());
     return {};
+}
+
+void ViewCommands::showMapOf(std::string_view icao) {
+    for (int row = 0; row < m_ui.cmbICAO->rowCount(); ++row) {
+        if (extractcode(m_ui.cmbICAO->rowText(row)) == icao) {
+            openMap(row);
+            return;
+        }
+    }
+}
+
+void ViewCommands::openMap(int row) {
+    frmMap map(&m_owner);
+    map.loadmap(row);
+    map.exec();
 }
 
 } // namespace vantor

@@ -28,12 +28,17 @@ class ViewCommands {
     /// Fills List2 with the gate table of an airport (a row or code). The printing stays as it was.
     void displaymaxgates(std::string_view icao) noexcept;
 
+    /// Opens the map of an airport (a code); the one of the box stays.
+    void showMapOf(std::string_view icao);
+
   private:
     std::string showTimetable(const StandardTrap& trap);
     std::string print(const StandardTrap& trap);
     std::string showGates(const StandardTrap& trap);
     std::string showChart(const StandardTrap& trap);
     std::string showMap(const StandardTrap& trap);
+
+    void openMap(int row);
 
     QWidget& m_owner;
     Ui::frmMain& m_ui;

@@ -4,95 +4,71 @@
 
 #include <QLabel>
 
-#include <array>
-
 namespace vantor::test {
 namespace {
 
-class UtilitiesPanel : public MainWindowFixture {
-  protected:
-    void SetUp() override {
-        MainWindowFixture::SetUp();
-        press("cmdListall");
-        clickRow(list("List1"), 0);
-    }
-    /// What a change did to the flag and to the lists.
-    [[nodiscard]] std::string traces() const {
-        const bool emptied = list("List1").rowCount() == 0 && list("List2").rowCount() == 0;
-        return std::string(form().workspace().unsavedchanges ? "flag " : "") + (emptied ? "emptied" : "");
-    }
-    /// The file with these airports in the places of those of the five legs that changes touch here.
-    [[nodiscard]] static std::string plans(const std::string& percent1, const std::string& percent2,
-                                           const std::array<std::string, 6>& icaos, const std::string& level = "200") {
-        return schedule("AC#1,GAAA", icaos[0], icaos[1], percent1, level) +
-               schedule("AC#2,GBBB", "EGSS", icaos[2], percent2) +
-               schedule("AC#2,GCCC", icaos[3], icaos[4], percent2, level) +
-               schedule("AC#3,GDDD", icaos[5], "EGKK", percent1);
-    }
-};
+using UtilitiesPanel = MainWindowFixture;
 
-TEST_F(UtilitiesPanel, ChangesAFlightLevelAndAPercentage) {
-    type("txtICAO1", "egll");
-    type("txtICAO2", "lfpg ");
-    type("txtNewFL", "abc");
-    press("cmdChangeFL", {{"Please enter a valid Flight Level first"}});
-    EXPECT_EQ(traces() + box("txtICAO1"), "egll");
-    type("txtNewFL", "350");
-    press("cmdChangeFL", {{"Updated 2 legs."}});
-    EXPECT_EQ(traces() + box("txtICAO1") + box("txtICAO2"), "flag EGLLLFPG");
+TEST_F(UtilitiesPanel, EachChangeTellsItsCountAndMarksTheFlag) {
+    const std::string all = "[1] 2 3 4 .|[1001] 1002|++++++";
+    play({{"cmdListall"},
+          {"List1:0", all},
+          {"txtICAO1=egll"},
+          {"txtICAO2=lfpg "},
+          {"txtNewFL=abc"},
+          {"cmdChangeFL", all, {{"Please enter a valid Flight Level first"}}},
+          {"txtNewFL=350"},
+          {"cmdChangeFL", "*" + all, {{"Updated 2 legs."}}}});
+    EXPECT_EQ(box("txtICAO1") + box("txtICAO2"), "EGLLLFPG");
     form().workspace().unsavedchanges = false;
-    press("optATCPercent");
-    type("txtATCAircraft", "ac#2 ");
-    type("txtATCPercent", "35");
-    press("cmdUpdateATCPercent", {{"Updated 2 flights containing aircraft AC#2"}});
-    EXPECT_EQ(traces(), "flag ");
-    EXPECT_EQ(saveAndReload(), plans("100%", "35%", {"LFPG", "EGLL", "LFPG", "LFPG", "EGLL", "EGLL"}, "350"));
+    play({{"optATCPercent"},
+          {"txtATCAircraft=ac#2 "},
+          {"txtATCPercent=35"},
+          {"cmdUpdateATCPercent", "*" + all, {{"Updated 2 flights containing aircraft AC#2"}}}});
+    EXPECT_EQ(saveAndReload(),
+              schedule("AC#1,GAAA", "LFPG", "EGLL", "100%", "350") + schedule("AC#2,GBBB", "EGSS", "LFPG", "35%") +
+                  schedule("AC#2,GCCC", "LFPG", "EGLL", "35%", "350") + schedule("AC#3,GDDD", "EGLL", "EGKK"));
 }
 
-TEST_F(UtilitiesPanel, DeletesByAirportWithoutSettingTheFlag) {
-    press("optDelByIcao");
-    type("txtDelByICAO", " ");
-    press("cmdDeleteByICAO", {{"Please enter an ICAO"}});
-    EXPECT_EQ(box("txtDelByICAO"), "");
-    const std::string question = "About to delete all flights matching 'LFP*'.  Are you sure?";
-    type("txtDelByICAO", " lfp* ");
-    press("cmdDeleteByICAO", {{question, QMessageBox::No}});
-    EXPECT_EQ(traces() + box("txtDelByICAO"), "LFP*");
-    press("cmdDeleteByICAO", {{question, QMessageBox::Yes}});
-    EXPECT_EQ(traces(), "emptied");
-    press("cmdListall");
-    EXPECT_TRUE(list("List1").rowText(0).starts_with("(DEL) AC#1"));
-    EXPECT_TRUE(list("List1").rowText(3).starts_with("AC#3"));
-    EXPECT_EQ(saveAndReload(), schedule("AC#3,GDDD", "EGLL", "EGKK"));
-}
-
-TEST_F(UtilitiesPanel, SplitsAnAirport) {
-    press("optSplit");
+TEST_F(UtilitiesPanel, SplitsAndMovesEmptyTheLists) {
     auto& rest = control<QLabel>(form(), "lblPercent2");
-    EXPECT_EQ(fromQString(rest.text()), "100%");
-    EXPECT_EQ(combo("cmbPC1").rowCount(), 21);
-    pickRow(combo("cmbPC1"), 2);
-    EXPECT_EQ(combo("cmbPC1").text() + fromQString(rest.text()), "10%90%");
-    type("txtSplitICAO", "egll");
-    type("txtSplitIcao1", "egkk");
-    type("txtSplitIcao2", "xxxx");
-    press("cmdDoSplit", {{"XXXX is not a recognised airport code.  Add the airport to Airports.txt before using it."}});
-    EXPECT_EQ(traces() + box("txtSplitIcao1") + box("txtSplitIcao2"), "EGKKXXXX");
-    type("txtSplitIcao2", "egss");
-    press("cmdDoSplit", {{"Changed 2 egll to EGKK and 1 egll to EGSS"}});
-    EXPECT_EQ(traces(), "flag emptied");
-    EXPECT_EQ(saveAndReload(), plans("100%", "100%", {"LFPG", "EGKK", "LFPG", "LFPG", "EGKK", "EGSS"}));
+    EXPECT_EQ(rest.text(), QStringLiteral("100%"));
+    play({{"cmdListall"},
+          {"optSplit"},
+          {"cmbPC1:2"},
+          {"txtSplitICAO=egll"},
+          {"txtSplitIcao1=egkk"},
+          {"txtSplitIcao2=xxxx"},
+          {"cmdDoSplit",
+           "[1] 2 3 4 .||------",
+           {{"XXXX is not a recognised airport code.  Add the airport to Airports.txt before using it."}}},
+          {"txtSplitIcao2=egss"},
+          {"cmdDoSplit", "*||------", {{"Changed 2 egll to EGKK and 1 egll to EGSS"}}}});
+    EXPECT_EQ(combo("cmbPC1").text() + rest.text().toStdString(), "10%90%");
+    form().workspace().unsavedchanges = false;
+    play({{"cmdListall"},
+          {"optSplitAC"},
+          {"txtSplitACICAO=lfpg"},
+          {"txtSplitACNewICAO=egll"},
+          {"txtSplitACSource=ac#2"},
+          {"cmdSplitAC", "*||------", {{"Changed 2 flights by AC#2 from LFPG to EGLL"}}}});
+    EXPECT_EQ(box("txtSplitACICAO") + box("txtSplitACNewICAO") + box("txtSplitACSource"), "LFPGEGLLAC#2");
+    EXPECT_EQ(saveAndReload(), schedule("AC#1,GAAA", "LFPG", "EGKK") + schedule("AC#2,GBBB", "EGSS", "EGLL") +
+                                   schedule("AC#2,GCCC", "EGLL", "EGKK") + schedule("AC#3,GDDD", "EGSS", "EGKK"));
 }
 
-TEST_F(UtilitiesPanel, MovesOneAircraft) {
-    press("optSplitAC");
-    type("txtSplitACICAO", "lfpg");
-    type("txtSplitACNewICAO", "egkk");
-    type("txtSplitACSource", "ac#2");
-    press("cmdSplitAC", {{"Changed 2 flights by AC#2 from LFPG to EGKK"}});
-    EXPECT_EQ(traces() + box("txtSplitACICAO") + box("txtSplitACNewICAO") + box("txtSplitACSource"),
-              "flag emptiedLFPGEGKKAC#2");
-    EXPECT_EQ(saveAndReload(), plans("100%", "100%", {"LFPG", "EGLL", "EGKK", "EGKK", "EGLL", "EGLL"}));
+TEST_F(UtilitiesPanel, DeletesByAirportWithoutTheFlag) {
+    const std::string question = "About to delete all flights matching 'LFP*'.  Are you sure?";
+    play({{"cmdListall"},
+          {"optDelByIcao"},
+          {"txtDelByICAO= "},
+          {"cmdDeleteByICAO", "", {{"Please enter an ICAO"}}},
+          {"txtDelByICAO= lfp* "},
+          {"cmdDeleteByICAO", "[1] 2 3 4 .||------", {{question, QMessageBox::No}}},
+          {"cmdDeleteByICAO", "||------", {{question, QMessageBox::Yes}}},
+          {"cmdListall", "[x1] x2 x3 4 .||------"}});
+    EXPECT_EQ(box("txtDelByICAO"), "LFP*");
+    EXPECT_EQ(saveAndReload(), schedule("AC#3,GDDD", "EGLL", "EGKK"));
 }
 
 } // namespace

@@ -74,10 +74,11 @@ class WindowFixture : public Fixture {
         }
     }
 
-    /// One thing that a user does, what then is seen in the window, and the answers to the boxes that come up.
+    /// One thing that a user does, what then is seen in the window (empty: nobody looks), and the answers to the boxes
+    /// that come up.
     struct Step {
         std::string act;
-        std::string seen;
+        std::string seen = {};
         std::vector<BoxAnswer> boxes = {};
     };
     void play(const std::vector<Step>& steps) const {
@@ -85,7 +86,9 @@ class WindowFixture : public Fixture {
             SCOPED_TRACE(step.act);
             const Expectation boxes = answerBoxes(step.boxes);
             act(step.act);
-            EXPECT_EQ(seen(), step.seen);
+            if (!step.seen.empty()) {
+                EXPECT_EQ(seen(), step.seen);
+            }
         }
     }
     /// What stands in the window, as in "*1 [x2] (3) .|[2001] 2002|--++++": a star while changes are unsaved; the rows
@@ -153,7 +156,7 @@ class MainWindowFixture : public WindowFixture {
     }
 
     /// Saves the flight plans, loads them anew and gives the file.
-    [[nodiscard]] std::string saveAndReload() const {
+    std::string saveAndReload() const {
         const std::string file = path("Flightplans.txt");
         press("cmdSaveFlights", {{"Overwrite " + file + "?", QMessageBox::Yes}, {"Flight plans saved to " + file}});
         EXPECT_FALSE(form().workspace().unsavedchanges);

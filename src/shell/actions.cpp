@@ -1,0 +1,217 @@
+#include "shell/actions.h"
+
+#include "core/codes.h"
+#include "core/tables.h"
+#include "core/undo.h"
+#include "platform/code_page.h"
+#include "schedule/list_rows.h"
+#include "shell/command_runner.h"
+#include "shell/lists.h"
+#include "shell/undo_commands.h"
+#include "shell/view_commands.h"
+#include "ui_frmMain.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QShortcut>
+
+namespace vantor {
+
+namespace {
+
+constexpr std::string_view module = "frmMain";
+
+// A code shows as it is: an ampersand in it is no mnemonic.
+QString menuText(const std::string& text) {
+    return toQString(text).replace(u'&', QStringLiteral("&&"));
+}
+
+// Makes the row that keys stand on a clicked one.
+void clickCurrent(ListBox& list) {
+    list.selectRow(list.currentRow());
+}
+
+} // namespace
+
+Actions::Actions(QWidget& window, Ui::frmMain& ui, CommandRunner& runner, Lists& lists, ViewCommands& views,
+                 UndoCommands& undo)
+    : m_window(window), m_ui(ui), m_runner(runner), m_lists(lists), m_views(views), m_undo(undo) {
+    connectKeys();
+    connectLists();
+    connectBoxes();
+}
+
+std::vector<Actions::KeyAction> Actions::keyTable() {
+    const auto focus = [](QWidget* widget) { return [widget] { widget->setFocus(Qt::ShortcutFocusReason); }; };
+    const auto find = [this] { (m_airportLast ? m_ui.cmdFind1 : m_ui.cmdFind0)->click(); };
+    const auto row = [](ListBox* list) { return [list] { clickCurrent(*list); }; };
+    const auto menu = [this](ListBox* list) {
+        return [this, list] { offerMenu(*list, list->visualRect(list->currentIndex()).bottomLeft()); };
+    };
+    return {{Qt::Key_F5, nullptr, m_ui.cmdReload, {}},
+            {Qt::CTRL | Qt::Key_S, nullptr, m_ui.cmdSaveFlights, {}},
+            {Qt::CTRL | Qt::SHIFT | Qt::Key_S, nullptr, m_ui.cmdSaveAircraft, {}},
+            {Qt::CTRL | Qt::Key_L, nullptr, m_ui.cmdListall, {}},
+            {Qt::CTRL | Qt::Key_M, nullptr, m_ui.cmdMap, {}},
+            {Qt::CTRL | Qt::Key_P, nullptr, m_ui.cmdPrint, {}},
+            {Qt::CTRL | Qt::Key_F, nullptr, nullptr, find},
+            // A text box that has something to undo takes these three for itself.
+            {Qt::CTRL | Qt::Key_Z, nullptr, nullptr, [this] { m_undo.undo(); }},
+            {Qt::CTRL | Qt::Key_Y, nullptr, nullptr, [this] { m_undo.redo(); }},
+            {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, nullptr, nullptr, [this] { m_undo.redo(); }},
+            {Qt::CTRL | Qt::Key_1, nullptr, nullptr, focus(m_ui.List1)},
+            {Qt::CTRL | Qt::Key_2, nullptr, nullptr, focus(m_ui.List2)},
+            {Qt::CTRL | Qt::Key_3, nullptr, nullptr, focus(m_ui.List3)},
+            {Qt::Key_Delete, m_ui.List1, m_ui.cmdDeleteSchedule, {}},
+            {Qt::Key_Delete, m_ui.List2, m_ui.cmdDeleteLeg, {}},
+            {Qt::Key_Space, m_ui.List1, nullptr, row(m_ui.List1)},
+            {Qt::Key_Space, m_ui.List2, nullptr, row(m_ui.List2)},
+            {Qt::Key_Space, m_ui.List3, nullptr, row(m_ui.List3)},
+            {Qt::SHIFT | Qt::Key_F10, m_ui.List1, nullptr, menu(m_ui.List1)},
+            {Qt::SHIFT | Qt::Key_F10, m_ui.List2, nullptr, menu(m_ui.List2)},
+            {Qt::SHIFT | Qt::Key_F10, m_ui.List3, nullptr, menu(m_ui.List3)}};
+}
+
+void Actions::connectKeys() {
+    for (const KeyAction& action : keyTable()) {
+        auto* const shortcut = new QShortcut(action.keys, action.where != nullptr ? action.where : &m_window);
+        shortcut->setContext(action.where != nullptr ? Qt::WidgetShortcut : Qt::WindowShortcut);
+        if (action.button != nullptr) {
+            QObject::connect(shortcut, &QShortcut::activated, action.button, &QAbstractButton::click);
+        } else {
+            QObject::connect(shortcut, &QShortcut::activated, &m_window, action.own);
+        }
+    }
+    QObject::connect(qApp, &QApplication::focusChanged, &m_window, [this](const QWidget* /*old*/, const QWidget* now) {
+        for (const QWidget* at = now; at != nullptr; at = at->parentWidget()) {
+            m_airportLast = at == m_ui.FrameIcao || (m_airportLast && at != m_ui.frameAC);
+        }
+    });
+}
+
+void Actions::connectLists() {
+    // Enter may come ahead of any click, and then is that click first; a double click never does.
+    const auto activates = [](ListBox* list, QAbstractButton* button) {
+        QObject::connect(list, &ListBox::rowActivated, button, [list, button] {
+            if (!button->isEnabled() && list->selectedRowCount() <= 1) {
+                clickCurrent(*list);
+            }
+            button->click();
+        });
+    };
+    activates(m_ui.List1, m_ui.cmdEditSchedule);
+    activates(m_ui.List2, m_ui.cmdEditLeg);
+    for (ListBox* const list : {m_ui.List1, m_ui.List2, m_ui.List3}) {
+        list->setContextMenuPolicy(Qt::CustomContextMenu);
+        QObject::connect(list, &QWidget::customContextMenuRequested, list,
+                         [this, list](const QPoint& place) { offerMenu(*list, place); });
+    }
+}
+
+void Actions::connectBoxes() {
+    const auto enter = [](ComboBox* box, QAbstractButton* button) {
+        // Behind the pick of a completion, which the same key may be.
+        QObject::connect(box->lineEdit(), &QLineEdit::returnPressed, button, &QAbstractButton::click,
+                         Qt::QueuedConnection);
+    };
+    enter(m_ui.cmbAC, m_ui.cmdListACnum);
+    enter(m_ui.cmbICAO, m_ui.cmdListICAO);
+    const auto menu = [this](ComboBox* box, std::vector<QAbstractButton*> buttons) {
+        QWidget* const rows = box->view();
+        rows->setContextMenuPolicy(Qt::CustomContextMenu);
+        QObject::connect(rows, &QWidget::customContextMenuRequested, box, [=, this](const QPoint& place) {
+            QMenu shown(&m_window);
+            addUndo(shown);
+            addButtons(shown, buttons);
+            const std::string code = extractcode(box->rowText(box->view()->indexAt(place).row()));
+            addFlights(shown, box == m_ui.cmbAC ? code : "", box == m_ui.cmbAC ? "" : code);
+            shown.exec(rows->mapToGlobal(place));
+        });
+    };
+    menu(m_ui.cmbAC, {m_ui.cmdFind0, m_ui.cmdListACnum, m_ui.cmdListUniqueAC, m_ui.cmdAddFS, m_ui.cmdDeleteAC});
+    menu(m_ui.cmbICAO, {m_ui.cmdFind1, m_ui.cmdListICAO, m_ui.cmdListUniqueICAO, m_ui.cmdTimeTable, m_ui.cmdGates,
+                        m_ui.cmdChart, m_ui.cmdMap});
+}
+
+void Actions::offerMenu(ListBox& list, const QPoint& place) {
+    QMenu menu(&m_window);
+    menu.setObjectName(QStringLiteral("contextMenu"));
+    addUndo(menu);
+    const std::int32_t id = list.currentItemData();
+    if (&list == m_ui.List1) {
+        addButtons(menu,
+                   {m_ui.cmdAddSchedule, m_ui.cmdEditSchedule, m_ui.cmdCopy, m_ui.cmdDeleteSchedule, m_ui.cmdSwapAC});
+        const ScheduleListRow kind = kindOfRow(id, list.currentText());
+        const std::string code = extractcode(list.currentText());
+        addFlights(menu, kind == ScheduleListRow::schedule || kind == ScheduleListRow::aircraftRow ? code : "",
+                   kind == ScheduleListRow::airportRow ? code : "");
+    } else if (&list == m_ui.List2) {
+        addButtons(menu, {m_ui.cmdEditLeg, m_ui.cmdDeleteLeg, m_ui.cmdPrint});
+        if (const LegId leg = extractindexes(id).value_or(LegId{}); leg) {
+            const LegRec& flight = schedules.peek(leg.recnum).legs[leg.leg];
+            addFlights(menu, "", flight.fromicao.text());
+            addFlights(menu, "", flight.toicao.text());
+        }
+    } else {
+        addButtons(menu, {m_ui.cmdSubAC});
+        addFlights(menu, extractcode(list.currentText()), "");
+    }
+    addTexts(menu, list);
+    menu.exec(list.viewport()->mapToGlobal(place));
+}
+
+void Actions::addUndo(QMenu& menu) {
+    menu.addAction(menuText(UndoCommands::undoCaption()), &m_window, [this] { m_undo.undo(); })
+        ->setEnabled(!undoName().empty());
+    menu.addAction(menuText(UndoCommands::redoCaption()), &m_window, [this] { m_undo.redo(); })
+        ->setEnabled(!redoName().empty());
+    menu.addSeparator();
+}
+
+void Actions::addButtons(QMenu& menu, const std::vector<QAbstractButton*>& buttons) {
+    for (QAbstractButton* const button : buttons) {
+        menu.addAction(button->text(), button, &QAbstractButton::click)->setEnabled(button->isEnabled());
+    }
+    menu.addSeparator();
+}
+
+void Actions::addFlights(QMenu& menu, std::string_view aircraftCode, std::string_view airportCode) {
+    const std::string code(aircraftCode.empty() ? airportCode : aircraftCode);
+    if (code.empty()) {
+        return;
+    }
+    const bool ofAirport = aircraftCode.empty();
+    menu.addAction(menuText("Flights of " + code), &m_window, [this, code, ofAirport] {
+        m_runner.run({"sub menuflights_click", module}, [&](const StandardTrap&) {
+            m_lists.displaylist(ofAirport ? code : "", ofAirport ? "" : code, false, 0);
+            m_ui.List1->setFocus();
+            return std::string();
+        });
+    });
+    if (ofAirport) {
+        menu.addAction(menuText("Map of " + code), &m_window, [this, code] {
+            m_runner.run({"sub menumap_click", module}, [&](const StandardTrap&) {
+                m_views.showMapOf(code);
+                return std::string();
+            });
+        });
+    }
+}
+
+void Actions::addTexts(QMenu& menu, ListBox& list) {
+    // By the list's own keys, which count as a user's.
+    const auto key = [&list](Qt::Key pressed) {
+        return [&list, pressed] {
+            QKeyEvent event(QEvent::KeyPress, pressed, Qt::ControlModifier);
+            QCoreApplication::sendEvent(&list, &event);
+        };
+    };
+    menu.addSeparator();
+    menu.addAction(QStringLiteral("Copy text"), &list, key(Qt::Key_C))->setEnabled(list.selectedRowCount() > 0);
+    menu.addAction(QStringLiteral("Select all"), &list, key(Qt::Key_A))->setEnabled(list.rowCount() > 0);
+}
+
+} // namespace vantor

@@ -1,0 +1,152 @@
+// Tests of the main window.
+// Its status line, and what keys, double clicks and context menus do beside the buttons.
+#include "core/tables.h"
+#include "foundation/host.h"
+#include "platform/code_page.h"
+#include "support/main_window.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QTimer>
+
+namespace vantor::test {
+namespace {
+
+class StatusAndActions : public MainWindowFixture {
+  protected:
+    void SetUp() override {
+        MainWindowFixture::SetUp();
+        form().activateWindow();
+        ASSERT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
+    }
+    [[nodiscard]] std::string label(const char* name) const {
+        const auto& shown = control<QLabel>(form(), name);
+        return shown.isVisible() ? fromQString(shown.text()) : "";
+    }
+    [[nodiscard]] std::string state() const {
+        std::string all;
+        for (const char* const name : {"lblLoaded", "lblRows", "lblFile", "lblLoadedMode", "lblUnsaved", "lblOffset"}) {
+            all += label(name) + "|";
+        }
+        return all;
+    }
+    [[nodiscard]] std::string focus() const { return fromQString(form().focusWidget()->objectName()); }
+    void key(Qt::Key pressed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
+        pressKey(*form().focusWidget(), pressed, modifiers);
+    }
+    /// What a list's menu offers, greyed entries in brackets; then the entry of this text is taken.
+    [[nodiscard]] std::string menuOf(const char* name, const QString& taken) const {
+        std::string texts;
+        QTimer::singleShot(0, &form(), [&] {
+            auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(menu, nullptr);
+            QAction* chosen = nullptr;
+            for (QAction* const entry : menu->actions()) {
+                const std::string text = fromQString(entry->text().remove(u'&'));
+                texts += entry->isSeparator() ? "" : (entry->isEnabled() ? text : "[" + text + "]") + "|";
+                chosen = entry->text() == taken ? entry : chosen;
+            }
+            menu->close();
+            if (chosen != nullptr) {
+                chosen->trigger();
+            }
+        });
+        list(name).setFocus();
+        key(Qt::Key_F10, Qt::ShiftModifier);
+        return texts;
+    }
+};
+
+TEST_F(StatusAndActions, TheLineTellsWhatHappenedAndWhatIsLoaded) {
+    form().resize(1200, 700);
+    EXPECT_EQ(label("lblHappened"), "Loaded " + path("Flightplans.txt"));
+    const struct {
+        const char* act;
+        const char* happened;
+        std::vector<BoxAnswer> boxes = {};
+    } steps[] = {{"cmdListall", "Loaded "},
+                 {"List1:0", "Loaded "},
+                 {"cmdCopy", "Copy GAAA"},
+                 {"List1+1", "Copy GAAA"},
+                 {"cmdDeleteSchedule", "Delete 2 schedules"},
+                 {"List2:0", "Delete 2 schedules"},
+                 {"optDelByIcao", "Delete 2 schedules"},
+                 {"txtDelByICAO=egll", "Delete 2 schedules"},
+                 {"cmdDeleteByICAO",
+                  "Delete by ICAO EGLL: 4 schedules, 0 legs",
+                  {{"About to delete all flights matching 'EGLL'.  Are you sure?", QMessageBox::Yes}}},
+                 {"optFS2k4", "Mode FS2004"}};
+    for (const auto& step : steps) {
+        const Expectation boxes = answerBoxes(step.boxes);
+        act(step.act);
+        EXPECT_TRUE(label("lblHappened").starts_with(step.happened)) << step.act << ": " << label("lblHappened");
+    }
+    gmtoffset = 0.0625F;
+    press("cmdListall");
+    EXPECT_EQ(state(), "0 schedules, 0 legs, 4 aircraft, 4 airports|5 rows, 1 selected|Flightplans.txt|"
+                       "loaded for FS2002|unsaved|(GMT+1:30)|");
+    form().resize(form().minimumSize());
+    EXPECT_TRUE(waitFor([&] { return label("lblLoaded").empty(); })) << "the least wanted goes first";
+    EXPECT_EQ(form().size(), form().minimumSize());
+    EXPECT_EQ(label("lblUnsaved"), "unsaved");
+}
+
+TEST_F(StatusAndActions, AFaultIsToldAndItsClickOpensTheLog) {
+    std::filesystem::remove(folder() / "Airports.txt");
+    press("cmdReload");
+    auto& happened = control<QLabel>(form(), "lblHappened");
+    EXPECT_NE(label("lblHappened").find("Airports.txt missing or empty."), std::string::npos);
+    EXPECT_TRUE(happened.toolTip().contains(QStringLiteral("sub cmdreload_click")));
+    useHost(&recorder);
+    click(happened);
+    EXPECT_EQ(recorder.viewedFiles, std::vector<std::string>{path("log.txt")});
+    EXPECT_EQ(logTexts().back(), "End of actions list") << "the fault is in it";
+}
+
+TEST_F(StatusAndActions, KeysGoWhereTheHandExpects) {
+    key(Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(seen() + focus(), "[1] 2 3 4 .||------List1");
+    key(Qt::Key_Space);
+    EXPECT_EQ(seen(), "[1] 2 3 4 .|[1001] 1002|++++++") << "a click on the row that was only highlighted";
+    key(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(focus(), "List2");
+    key(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(focus(), "List3");
+    press("cmdListall");
+    for (const bool byKey : {true, false}) { // Enter clicks first; a double click comes behind a click
+        const Expectation dialog = expectDialog("frmSchedEdit", [](QDialog& editor) { click(editor, "cmdCancel"); });
+        byKey ? key(Qt::Key_Return) : doubleClickRow(list("List1"), 2);
+    }
+    clickRow(list("List1"), 1, Qt::ControlModifier);
+    key(Qt::Key_Return);
+    EXPECT_EQ(list("List1").selectedRowCount(), 2) << "Edit is off, and nothing happens";
+    typeOver(combo("cmbICAO"), "egss");
+    key(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([&] { return focus() == "List1"; }));
+    EXPECT_TRUE(seen().starts_with("[2] .|")) << seen();
+    combo("cmbICAO").setFocus();
+    const Expectation dialog = expectDialog("frmFind", [](QDialog& find) { click(find, "cmdExit"); });
+    key(Qt::Key_F, Qt::ControlModifier);
+}
+
+TEST_F(StatusAndActions, ContextMenusOfferWhatTheButtonsDo) {
+    press("cmdListall");
+    EXPECT_EQ(menuOf("List1", QStringLiteral("Select all")),
+              "[Undo]|[Redo]|Add|[Edit]|[Copy]|[Delete]|[Swap Aircraft]|Flights of AC#1|Copy text|Select all|");
+    EXPECT_EQ(seen(), "(1) (2) (3) (4) [.]|||------") << "a click as the user's";
+    act("List1:1");
+    EXPECT_EQ(menuOf("List2", QStringLiteral("Flights of EGSS")),
+              "[Undo]|[Redo]|Edit|Delete|[Print]|Flights of LFPG|Map of LFPG|Flights of EGSS|Map of EGSS|"
+              "Copy text|Select all|");
+    EXPECT_EQ(seen(), "[2] .||----++");
+    act("List1:0");
+    EXPECT_EQ(menuOf("List1", QStringLiteral("&Delete")),
+              "[Undo]|[Redo]|Add|Edit|Copy|Delete|Swap Aircraft|Flights of AC#2|Copy text|Select all|");
+    EXPECT_TRUE(
+        menuOf("List3", QStringLiteral("Undo Delete 1 schedule")).starts_with("Undo Delete 1 schedule|[Redo]|"));
+    EXPECT_FALSE(schedules.peek(2).deleted);
+}
+
+} // namespace
+} // namespace vantor::test
