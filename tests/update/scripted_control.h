@@ -24,6 +24,7 @@ struct TransferScript {
     std::deque<std::optional<std::string>> chunks; ///< of the response; nothing for one that is late
     std::string length;                            ///< the header Content-Length
     int setUpFault = 0;                            ///< number of the error raised when it is set up
+    std::int64_t saved = 1536;                     ///< bytes that the control wrote itself
 
     struct Reply {
         std::string body = {};
@@ -82,7 +83,7 @@ class ScriptedControl : public TransferControl {
     }
     std::string responseText() override { return "Connection reset"; }
     bool stillExecuting() override { return m_script.executing; }
-    std::int64_t bytesSaved() override { return 1536; }
+    std::int64_t bytesSaved() override { return m_script.saved; }
     AccessType accessType() override { return m_type; }
     void setAccessType(AccessType type) override {
         if (m_script.setUpFault != 0) {

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Servers of the transfer tests, on free ports of the loopback: web, files, a proxy that wants a password, and the web
-again with TLS and a certificate that nobody vouches for.
+again with TLS and a certificate that nobody vouches for unless it is told to.
 
 Usage: servers.py FOLDER. All serve FOLDER. Prints "{web} {ftp} {proxy} {tls}", the ports, when all of them answer, and
 runs until nobody reads its output any more. The web server's requests are noted in FOLDER/requests.txt.
@@ -135,7 +135,8 @@ def start_proxy():
 def start_tls():
     key, certificate = (os.path.join(folder, name) for name in ("key.pem", "certificate.pem"))
     subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes",
-                    "-subj", "/CN=127.0.0.1", "-keyout", key, "-out", certificate],
+                    "-subj", "/CN=127.0.0.1", "-addext", "subjectAltName=IP:127.0.0.1",
+                    "-keyout", key, "-out", certificate],
                    check=True, stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
     context.load_cert_chain(certificate, key)
