@@ -1,13 +1,12 @@
 // Tests of when the program asks by itself.
-#include "foundation/log.h"
 #include "foundation/settings_store.h"
-#include "support/fixture.h"
+#include "support/test.h"
 #include "update/automatic_check.h"
 
 namespace vantor {
 namespace {
 
-class AutomaticCheck : public test::Fixture {
+class AutomaticCheck : public Fixture {
   protected:
     void SetUp() override {
         Fixture::SetUp();
@@ -44,7 +43,7 @@ TEST_F(AutomaticCheck, IsDueAWeekAfterTheLastAnswer) {
 TEST_F(AutomaticCheck, ADateThatIsNoneIsAFaultInTheRing) {
     // The months of another language among them: it is compared as it stands, so a check is due.
     for (const std::string text : {"26/Mai/2004", "31/Jun/2004", "-5/May/2004", "26/May", "1/2/3/4"}) {
-        test::forgetActions();
+        forgetActions();
         EXPECT_TRUE(dueAfter(text)) << text;
         EXPECT_EQ(newestAction(), "Type mismatch(13) in function checkdue of module mSHAREDUpdater") << text;
     }

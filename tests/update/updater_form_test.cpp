@@ -98,19 +98,19 @@ TEST_F(UpdaterFormTest, TheBoxIsStoredByAClickAndKeptByACheck) {
     EXPECT_TRUE(sget("DisableAutoUpdateCheck", false).flag());
 }
 
-TEST_F(UpdaterFormTest, TheProxyDialogMayComeUpDuringADownload) {
+TEST_F(UpdaterFormTest, ADownloadGoesOnUnderTheProxyDialog) {
     form->updater().ShowandCheck(source);
     script.onRequest = [this] {
         script.onRequest = {};
         QTimer::singleShot(0, form.get(), [this] { click(*form, "cmdProxy"); });
     };
-    const Expectation dialog = expectDialog("fSHAREDProxy", [](QDialog& shown) {
+    const Expectation dialog = expectDialog("fSHAREDProxy", [this](QDialog& shown) {
+        EXPECT_TRUE(waitFor([this] { return exists("VantorUpd.exe"); }));
         click(shown, "optDefault");
         click(shown, "cmdOK");
     });
     click(*form, "cmdDownload");
     EXPECT_EQ(sget("ProxyType", std::int16_t{1}).int16(), 0);
-    EXPECT_TRUE(exists("VantorUpd.exe")) << "the download went on behind it";
 }
 
 } // namespace

@@ -1,22 +1,56 @@
 // Tests of the updater without its window: the check, what it stores and shows, and the download.
-#include "foundation/log.h"
 #include "foundation/settings_store.h"
-#include "support/fixture.h"
-#include "update/recording_form.h"
+#include "support/test.h"
 #include "update/scripted_control.h"
 #include "update/updater.h"
 
 #include <algorithm>
 
-namespace vantor::test {
+namespace vantor {
 namespace {
-
-using Strings = std::vector<std::string>;
 
 const std::string current = "http://u.invalid/versions/VNT_current.txt";
 const std::string details = "http://u.invalid/versions/VNT_details.txt";
 const std::string setup = "http://u.invalid/setup.exe";
 const UpdateSource source{current, details, "VantorUpd.exe"};
+
+// What the updater's form was told, in place of a window.
+class RecordingForm : public UpdaterForm {
+  public:
+    bool loaded = false;
+    bool shown = false;
+    int modalShows = 0;
+    std::string program;
+    std::string update;
+    std::optional<Colour> colour;
+    std::string detailsText;
+    bool box = true;
+    bool enabled = true;
+    RecordingCanvas status;
+    std::function<void()> onModal;
+
+    void load() override { loaded = true; }
+    void showForm() override { shown = true; }
+    void showModally() override {
+        ++modalShows;
+        shown = true;
+        if (onModal) {
+            onModal();
+        }
+    }
+    void unload() override { shown = loaded = false; }
+    bool isShown() const override { return shown; }
+    void setProgram(std::string_view text) override { program = text; }
+    void setUpdate(std::string_view text, std::optional<Colour> value) override {
+        update = text;
+        colour = value;
+    }
+    void setDetails(std::string_view text) override { detailsText = text; }
+    void setDisableAutoUpdate(bool value) override { box = value; }
+    bool disableAutoUpdate() const override { return box; }
+    void enableCommands(bool value) override { enabled = value; }
+    Canvas& picStatus() override { return status; }
+};
 
 class UpdaterTest : public Fixture {
   protected:
@@ -50,17 +84,17 @@ class UpdaterTest : public Fixture {
     }
     [[nodiscard]] std::string statusText() const { return statuses.empty() ? "" : statuses.back(); }
     static void expectInRing(const std::string& text) {
-        bool found = false;
+        Texts ring;
         for (int i = 1; i <= recentActions; ++i) {
-            found = found || actionText(i) == text + " in sub checkforupdate of module fSharedUpdater";
+            ring.push_back(actionText(i));
         }
-        EXPECT_TRUE(found) << text;
+        EXPECT_TRUE(std::ranges::count(ring, text + " in sub checkforupdate of module fSharedUpdater")) << text;
     }
 
     RecordingForm form;
     TransferScript script;
     Updater updater{form, std::make_unique<ScriptedControl>(script)};
-    Strings statuses;
+    Texts statuses;
     int finished = 0;
     int closed = 0;
     int restarts = 0;
@@ -144,7 +178,7 @@ TEST_F(UpdaterTest, ASilentCheckOnlyAsksWhenItFoundSomething) {
     EXPECT_TRUE(updater.CheckForUpdate(true, source));
     EXPECT_EQ(form.modalShows, 1);
     EXPECT_EQ(std::ranges::count(statuses, "Latest available version is 1.0.0"), 1) << "of the inner check alone";
-    EXPECT_EQ(recorder.questions, Strings(2, "An update is available. Would you like to view the details now?"));
+    EXPECT_EQ(recorder.questions, Texts(2, "An update is available. Would you like to view the details now?"));
 }
 
 TEST_F(UpdaterTest, ClosingEndsACheckWithoutAWord) {
@@ -160,7 +194,7 @@ TEST_F(UpdaterTest, ClosingEndsACheckWithoutAWord) {
     EXPECT_FALSE(form.shown);
     EXPECT_EQ(form.modalShows, 0);
     EXPECT_EQ(form.update, "");
-    EXPECT_EQ(statuses, Strings{"Checking for update"});
+    EXPECT_EQ(statuses, Texts{"Checking for update"});
     EXPECT_TRUE(form.enabled);
     EXPECT_FALSE(sget("DisableAutoUpdateCheck", true).flag());
     EXPECT_EQ(sget("LastUpdateCheck", "none").text(), "none");
@@ -188,7 +222,7 @@ TEST_F(UpdaterTest, NothingBeginsInsideACheck) {
         EXPECT_TRUE(form.shown) << "the user asked for the check that runs silently";
     });
     EXPECT_TRUE(updater.CheckForUpdate(true, source));
-    EXPECT_EQ(script.requests, Strings{current});
+    EXPECT_EQ(script.requests, Texts{current});
     EXPECT_TRUE(recorder.questions.empty()) << "it is no silent one any more";
     EXPECT_EQ(form.update, "Version 2.0.0 is available!");
 }
@@ -260,7 +294,7 @@ TEST_F(UpdaterTest, InstallsWhenTheUserWantsItAndTheProgramLeaves) {
     EXPECT_EQ(restarts, 2);
     EXPECT_FALSE(form.shown);
     EXPECT_EQ(closed, 1);
-    EXPECT_EQ(recorder.questions, Strings(3, "The update has been downloaded. Do you want to install it now?"));
+    EXPECT_EQ(recorder.questions, Texts(3, "The update has been downloaded. Do you want to install it now?"));
     updater.DownloadAndInstall("Other.exe");
     EXPECT_EQ(restarts, 3) << "without a question";
     EXPECT_TRUE(exists("Other.exe"));
@@ -275,7 +309,7 @@ TEST_F(UpdaterTest, ADownloadWithoutAnAddressChecksFirst) {
     script.replies[setup] = {std::string(25000, 'x')};
     updater.download();
     EXPECT_TRUE(exists("VantorUpd.exe")) << "also when it is no newer one";
-    EXPECT_EQ(script.requests, (Strings{current, current, current, setup}));
+    EXPECT_EQ(script.requests, (Texts{current, current, current, setup}));
 }
 
 TEST_F(UpdaterTest, ProgressIsDrawnAndItsEndReadsTwice) {
@@ -296,4 +330,4 @@ TEST_F(UpdaterTest, ProgressIsDrawnAndItsEndReadsTwice) {
 }
 
 } // namespace
-} // namespace vantor::test
+} // namespace vantor

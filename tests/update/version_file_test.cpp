@@ -1,6 +1,5 @@
 // Tests of the version file and of the order of versions.
-#include "foundation/log.h"
-#include "support/fixture.h"
+#include "support/test.h"
 #include "update/version_file.h"
 
 #include <ostream>
@@ -14,7 +13,7 @@ void PrintTo(const VersionFile& file, std::ostream* out) {
 
 namespace {
 
-class VersionFiles : public test::Fixture {};
+class VersionFiles : public Fixture {};
 
 TEST_F(VersionFiles, AreReadAsFarAsTheyGo) {
     const std::vector<std::pair<std::string, VersionFile>> cases = {
