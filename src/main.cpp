@@ -12,6 +12,7 @@
 #include "shell/fSHAREDErrorRpt.h"
 #include "shell/frmMain.h"
 #include "shell/program_path.h"
+#include "shell/rescue_keeper.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -60,6 +61,7 @@ int main(int argc, char* argv[]) {
         vantor::frmMain window;
         host.setMainWindow(&window);
         window.formLoad();
+        window.rescue().start();
         if (!window.ended()) {
             window.show();
             result = QApplication::exec();

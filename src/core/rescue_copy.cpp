@@ -81,21 +81,26 @@ std::optional<RescueNote> readNote(const std::string& file) {
                       .setAside = lines[10] == "1"};
 }
 
-// Puts a copy that is whole in the place of the one before. A new note is written when all else is, so that this goes
-// on wherever it broke off: each new file is there until it has taken its place.
-void replaceCopy(std::string_view folder) {
+// Goes one rename on with putting a copy that is whole in the place of the one before; false when nothing is left to
+// do. A new note is written when all else is, so that this goes on wherever it broke off: each new file is there until
+// it has taken its place.
+bool replaceNext(std::string_view folder) {
     const std::optional<RescueNote> note = readNote(newOf(noteFile(folder)));
     if (!note) {
-        return;
+        return false;
     }
     for (const std::string& file : filesOf(folder)) {
-        if (!FileExists(newOf(file))) {
-            continue;
+        if (FileExists(newOf(file))) {
+            const bool aside = note->setAside && FileExists(file);
+            renameFile(aside ? file : newOf(file), aside ? file + ".1" : file);
+            return true;
         }
-        if (note->setAside && FileExists(file)) {
-            renameFile(file, file + ".1");
-        }
-        renameFile(newOf(file), file);
+    }
+    return false;
+}
+
+void replaceCopy(std::string_view folder) {
+    while (replaceNext(folder)) {
     }
 }
 
@@ -140,53 +145,73 @@ bool RescueWriter::step() {
     try {
         return goOn();
     } catch (...) {
-        m_flightplans.reset(); // the next step begins anew
+        m_stage = Stage::Begin;
         throw;
     }
 }
 
 bool RescueWriter::goOn() {
-    if (!m_flightplans || m_revision != journal().revision()) {
+    // One that is whole takes its place, even if there are newer changes already.
+    if (m_stage == Stage::Begin || (m_stage != Stage::Replace && m_revision != journal().revision())) {
         begin();
     }
+    switch (m_stage) {
+    case Stage::Begin:
+    case Stage::Schedules:
+        writeSchedules();
+        break;
+    case Stage::Aircraft:
+        writeAircraft();
+        break;
+    case Stage::Note:
+        writeNote();
+        break;
+    case Stage::Replace:
+        return !replaceNext(m_folder);
+    }
+    return false;
+}
+
+void RescueWriter::begin() {
+    m_flightplans.reset(); // their files go before others of the same names come
+    m_aircraft.reset();
+    replaceCopy(m_folder); // one that is whole and met a fault at its last steps
+    EraseFile(newOf(noteFile(m_folder)));
+    m_revision = journal().revision();
+    m_note.when = timeText(now());
+    m_recnum = 0;
+    m_flightplans.emplace(newOf(rescuedFlightplans(m_folder)));
+    m_piece = heading;
+    m_stage = Stage::Schedules;
+}
+
+void RescueWriter::writeSchedules() {
     const std::int32_t last = std::min(schedulecount, m_recnum + schedulesPerStep);
     while (m_recnum < last) {
         appendSchedule(m_piece, schedules.peek(++m_recnum));
     }
     m_flightplans->write(m_piece);
     m_piece.clear();
-    if (m_recnum < schedulecount) {
-        return false;
-    }
-    end();
-    return true;
+    m_stage = m_recnum < schedulecount ? Stage::Schedules : Stage::Aircraft;
 }
 
-void RescueWriter::begin() {
-    m_flightplans.reset(); // its file goes before another of the same name comes
-    replaceCopy(m_folder); // one that is whole and met a fault at its last step
-    EraseFile(newOf(noteFile(m_folder)));
-    m_revision = journal().revision();
-    m_note.when = timeText(now());
-    m_recnum = 0;
+void RescueWriter::writeAircraft() {
     m_piece = heading;
-    m_flightplans.emplace(newOf(rescuedFlightplans(m_folder)));
+    for (std::int32_t row = 1; row <= aircraftcount; ++row) {
+        appendAircraft(m_piece, aircraft[row]);
+    }
+    m_aircraft.emplace(newOf(rescuedAircraft(m_folder)));
+    m_aircraft->write(m_piece);
+    m_stage = Stage::Note;
 }
 
-void RescueWriter::end() {
-    GrowingFile aircraftCopy(newOf(rescuedAircraft(m_folder)));
-    std::string text(heading);
-    for (std::int32_t row = 1; row <= aircraftcount; ++row) {
-        appendAircraft(text, aircraft[row]);
-    }
-    aircraftCopy.write(text);
-    GrowingFile noteCopy(newOf(noteFile(m_folder)));
-    noteCopy.write(textOf(m_note));
-    for (GrowingFile* const file : {&*m_flightplans, &aircraftCopy, &noteCopy}) {
+void RescueWriter::writeNote() {
+    GrowingFile note(newOf(noteFile(m_folder)));
+    note.write(textOf(m_note));
+    for (GrowingFile* const file : {&*m_flightplans, &*m_aircraft, &note}) {
         file->finish();
     }
-    m_flightplans.reset();
-    replaceCopy(m_folder);
+    m_stage = Stage::Replace;
 }
 
 } // namespace vantor

@@ -43,7 +43,8 @@ class RescueWriter {
   public:
     /// The time of the note is told by the writer.
     RescueWriter(std::string folder, RescueNote note);
-    /// Goes on for some hundred schedules; true when the copy stands. Raises what the disk raises: the old copy stays.
+    /// Goes on for some hundred schedules, with one wait for the disk; true when the copy stands. Raises what the disk
+    /// raises: the old copy stays.
     bool step();
     /// The revision of the tables (see Journal) that the copy holds.
     [[nodiscard]] std::int64_t revision() const noexcept { return m_revision; }
@@ -51,11 +52,17 @@ class RescueWriter {
   private:
     [[nodiscard]] bool goOn();
     void begin();
-    void end();
+    void writeSchedules();
+    void writeAircraft();
+    void writeNote();
+
+    enum class Stage { Begin, Schedules, Aircraft, Note, Replace };
 
     std::string m_folder;
     RescueNote m_note;
+    Stage m_stage = Stage::Begin;
     std::optional<GrowingFile> m_flightplans;
+    std::optional<GrowingFile> m_aircraft;
     std::int64_t m_revision = -1;
     std::int32_t m_recnum = 0; // the last schedule that is in it
     std::string m_piece;

@@ -7,6 +7,7 @@
 #include "core/tables.h"
 #include "foundation/busy_pointer.h"
 #include "foundation/log.h"
+#include "foundation/path_text.h"
 #include "foundation/progress.h"
 #include "platform/file_dialogs.h"
 #include "platform/qt_host.h"
@@ -15,6 +16,7 @@
 #include "shell/frmSplash.h"
 #include "shell/life.h"
 #include "shell/lists.h"
+#include "shell/rescue_keeper.h"
 #include "shell/workspace.h"
 #include "simulator/fs_aircraft.h"
 #include "simulator/missing_aircraft.h"
@@ -76,8 +78,9 @@ class FileCommands::SplashSteps final : public LoadSteps {
 };
 
 FileCommands::FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
-                           Life& life)
-    : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_life(life) {
+                           Life& life, RescueKeeper& rescue)
+    : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_life(life),
+      m_rescue(rescue) {
     using Self = FileCommands;
     runner.command(ui.cmdReload, {"sub cmdreload_click", module}, this, &Self::reload);
     runner.command(ui.cmdLoadFlightPlan, loadSelectedProcedure, this, &Self::loadSelected);
@@ -86,7 +89,44 @@ FileCommands::FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspac
 }
 
 void FileCommands::loaddata() {
+    RescueKeeper::Loading loading(m_rescue, m_workspace.unsavedchanges);
+    loadAll(loading, [] {
+        // Quirk: derived from the default file alone; what the settings name instead plays no part.
+        plansuffix = GetSuffix(defaultFiles().flightplans);
+        return configuredFiles(defaultFiles());
+    });
+    rememberLoaded();
+}
+
+std::string FileCommands::restore(const RescueKeeper::Offer& offer) {
+    const RescueNote& note = offer.note;
+    const auto useOriginals = [&] {
+        m_workspace.aircraftname = aircraftfile = note.aircraft;
+        m_workspace.flightsname = flightplansfile = note.flightplans;
+    };
+    try {
+        RescueKeeper::Loading loading(m_rescue, true);
+        loadAll(loading, [&] {
+            plansuffix = note.plansuffix;
+            return TrafficFiles{offer.aircraft, note.airports, offer.flightplans};
+        });
+    } catch (...) {
+        useOriginals(); // no save must go to the copy
+        throw;
+    }
+    useOriginals();
+    m_workspace.stamps.set(note.aircraft, note.aircraftStamp);
+    m_workspace.stamps.set(note.flightplans, note.flightplansStamp);
+    m_workspace.unsavedchanges = true;
+    rememberLoaded();
+    m_rescue.restored();
+    m_workspace.loadedMode = fsmode;
+    return "Restored unsaved changes of " + note.when;
+}
+
+void FileCommands::loadAll(RescueKeeper::Loading& loading, const std::function<TrafficFiles()>& chooseFiles) {
     const CommandRunner::Running running(m_runner);
+    loading.takesAircraft();
     m_ui.cmbAC->clear();
     m_ui.cmbICAO->clear();
     m_lists.clear();
@@ -95,16 +135,15 @@ void FileCommands::loaddata() {
         SplashSteps splash(m_window, m_ui);
         splash.show();
         showprogressstring(splash.progress(), 0, 100, "Initialising");
-        // Quirk: derived from the default file alone; what the settings name instead plays no part.
-        plansuffix = GetSuffix(defaultFiles().flightplans);
-        const TrafficFiles files = configuredFiles(defaultFiles());
+        const TrafficFiles files = chooseFiles();
         m_workspace.aircraftname = aircraftfile = files.aircraft;
         m_workspace.airportsname = airportsfile = files.airports;
         m_workspace.flightsname = flightplansfile = files.flightplans;
+        m_workspace.stamps.remember(aircraftfile); // ahead of the reading: what changes meanwhile is another file
+        m_workspace.stamps.remember(flightplansfile);
         loadAllTraffic(splash);
         m_lists.disableButtons();
     }
-    rememberLoaded();
     m_ui.cmbAC->setCurrentRow(0);
     normalmouse();
     logit("Startup complete");
@@ -142,7 +181,9 @@ std::string FileCommands::loaded() {
 
 void FileCommands::loadChosen(const std::string& folder, const std::string& name) {
     const std::string file = folder + "\\" + name;
+    RescueKeeper::Loading loading(m_rescue, false); // nobody was asked about changes
     m_workspace.flightsname = file;
+    m_workspace.stamps.remember(file);
     plansuffix = GetSuffix(name);
     {
         SplashSteps splash(m_window, m_ui);
@@ -154,6 +195,8 @@ void FileCommands::loadChosen(const std::string& folder, const std::string& name
             splash.show();
             showprogressstring(splash.progress(), 0, 100, "Initialising");
             pumpPaint();
+            loading.takesAircraft();
+            m_workspace.stamps.remember(aircraftfile);
             loadAssociatedFiles(splash);
         }
         m_ui.cmdSaveFlights->setText(QStringLiteral("Save &Flights"));
@@ -174,6 +217,7 @@ void FileCommands::rememberLoaded() {
 }
 
 void FileCommands::endFatally(const StandardTrap& trap, const Error& error) {
+    m_rescue.keepNow();
     trap([&] {
         host().setPointer(Pointer::Normal);
         QMessageBox box(QMessageBox::Critical, QStringLiteral("Vantor"), QString(), QMessageBox::Ok, &m_window);
@@ -191,10 +235,23 @@ void FileCommands::endFatally(const StandardTrap& trap, const Error& error) {
     m_life.endProcess(1);
 }
 
+// Whether a save may overwrite a file: one that another program has written is asked about.
+bool FileCommands::mayOverwrite(const StandardTrap& trap, std::string_view file, std::string_view shown) {
+    bool may = true;
+    trap([&] {
+        if (m_workspace.stamps.changed(file)) {
+            may = false; // a question that fails is no Yes
+            may = host().askYesNo(std::string(shown) +
+                                  " was changed by another program since it was loaded. Overwrite it?");
+        }
+    });
+    return may;
+}
+
 std::string FileCommands::saveFlights(const StandardTrap& trap) {
     bool overwrite = false;
     trap([&] { overwrite = host().askYesNo("Overwrite " + m_workspace.flightsname + "?"); });
-    if (!overwrite) {
+    if (!overwrite || !mayOverwrite(trap, m_workspace.flightsname, m_workspace.flightsname)) {
         host().message("Save cancelled");
         return {};
     }
@@ -204,12 +261,15 @@ std::string FileCommands::saveFlights(const StandardTrap& trap) {
         failure = savesc(m_workspace.flightsname);
     }
     if (failure) {
+        m_rescue.keepNow();
         const std::string what = "Flight plans not saved to " + m_workspace.flightsname + ": " + failure->description();
         host().message(what);
         return what;
     }
     m_workspace.unsavedchanges = false;
     m_workspace.savedstate = journal().state();
+    m_workspace.stamps.remember(m_workspace.flightsname);
+    m_rescue.savedFlightplans();
     const std::string did = "Flight plans saved to " + m_workspace.flightsname;
     host().message(did);
     return did;
@@ -218,7 +278,7 @@ std::string FileCommands::saveFlights(const StandardTrap& trap) {
 std::string FileCommands::saveAircraft(const StandardTrap& trap) {
     bool overwrite = false;
     trap([&] { overwrite = host().askYesNo("Overwrite " + m_workspace.aircraftname + "?"); });
-    if (!overwrite) {
+    if (!overwrite || !mayOverwrite(trap, savedAircraftFile, m_workspace.aircraftname)) {
         host().message("Save Cancelled"); // Quirk: a capital here, unlike the flight plans'.
         return {};
     }
@@ -229,10 +289,13 @@ std::string FileCommands::saveAircraft(const StandardTrap& trap) {
     }
     // Quirk: it names the file in use, although the save goes to its fixed name.
     if (failure) {
+        m_rescue.keepNow();
         const std::string what = "Aircraft not saved to " + m_workspace.aircraftname + ": " + failure->description();
         host().message(what);
         return what;
     }
+    m_workspace.stamps.remember(savedAircraftFile);
+    m_rescue.savedAircraft();
     const std::string did = "Aircraft saved to " + m_workspace.aircraftname;
     host().message(did);
     return did;

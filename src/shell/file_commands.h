@@ -4,8 +4,11 @@
 
 #include "foundation/error.h"
 #include "foundation/trap.h"
+#include "shell/rescue_keeper.h"
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 class QWidget;
 
@@ -17,6 +20,7 @@ class frmMain;
 class CommandRunner;
 class Life;
 class Lists;
+struct TrafficFiles;
 struct Workspace;
 
 /// Loads and saves.
@@ -24,10 +28,12 @@ class FileCommands {
   public:
     /// Connects the buttons. `window` is the parent of splash and boxes; all of these must outlive the commands.
     FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
-                 Life& life);
+                 Life& life, RescueKeeper& rescue);
 
     /// Loads the default files of the mode; what a reader raises comes out of it.
     void loaddata();
+    /// Loads the changes that were kept, against the files that they stand for: a save goes there. Gives what it did.
+    std::string restore(const RescueKeeper::Offer& offer);
 
   private:
     std::string reload(const StandardTrap& trap);
@@ -37,6 +43,8 @@ class FileCommands {
 
     class SplashSteps;
     void loadChosen(const std::string& folder, const std::string& name);
+    void loadAll(RescueKeeper::Loading& loading, const std::function<TrafficFiles()>& chooseFiles);
+    [[nodiscard]] bool mayOverwrite(const StandardTrap& trap, std::string_view file, std::string_view shown);
     void rememberLoaded();
     [[nodiscard]] std::string loaded();
     void endFatally(const StandardTrap& trap, const Error& error);
@@ -47,6 +55,7 @@ class FileCommands {
     CommandRunner& m_runner;
     Lists& m_lists;
     Life& m_life;
+    RescueKeeper& m_rescue;
 };
 
 } // namespace vantor

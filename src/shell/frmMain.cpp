@@ -15,6 +15,8 @@
 #include "shell/fSHAREDAbout.h"
 #include "shell/file_commands.h"
 #include "shell/lists.h"
+#include "shell/rescue_keeper.h"
+#include "shell/rescue_offer.h"
 #include "shell/schedule_commands.h"
 #include "shell/status_line.h"
 #include "shell/tool_commands.h"
@@ -39,6 +41,7 @@ constexpr std::string_view module = "frmMain";
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()) {
     ui->setupUi(this);
+    m_rescue = std::make_unique<RescueKeeper>(m_workspace);
     m_status = new StatusLine(this);
     ui->layMain->addWidget(m_status);
     m_lists = std::make_unique<Lists>(*ui, m_workspace, m_runner);
@@ -47,7 +50,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     m_utilities = std::make_unique<UtilityCommands>(*ui, m_workspace, m_runner, *m_lists);
     m_aircraft = std::make_unique<AircraftCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
     m_tools = std::make_unique<ToolCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
-    m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this);
+    m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this, *m_rescue);
     m_updates = std::make_unique<UpdateCommands>(*this, *ui, m_workspace, m_runner, *this);
     m_undo = std::make_unique<UndoCommands>(*ui, m_workspace, m_runner, *m_lists);
     m_explorer = std::make_unique<ExplorerWindow>(*this, *ui, m_workspace, m_runner, *m_lists);
@@ -65,6 +68,10 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     });
     m_actions = std::make_unique<Actions>(*this, *ui, m_runner, *m_lists, *m_views, *m_undo);
     connectStatus();
+    m_offer = new RescueOffer(this);
+    ui->layMain->insertWidget(ui->layMain->indexOf(m_status), m_offer);
+    connect(m_offer, &RescueOffer::restoreClicked, this, &frmMain::restoreKept);
+    m_rescue->whenOfferChanges([this] { m_offer->refresh(*m_rescue); });
 }
 
 frmMain::~frmMain() = default;
@@ -138,6 +145,21 @@ void frmMain::showAbout() {
     form.exec();
 }
 
+void frmMain::restoreKept() {
+    if (!m_rescue->offer()) {
+        return;
+    }
+    m_runner.run({"restorekept", module}, [this](const StandardTrap&) {
+        const RescueKeeper::Offer offer = *m_rescue->offer();
+        if (!(m_workspace.unsavedchanges || m_rescue->pending()) ||
+            host().askYesNo("You will lose any changes if you do this. Are you sure?")) {
+            m_tools->chooseMode(offer.note.mode);
+            return m_files->restore(offer);
+        }
+        return std::string();
+    });
+}
+
 void frmMain::errorexit(std::string_view message) noexcept {
     const StandardTrap trap{"sub errorexit", module};
     trap(&Host::message, host(), message);
@@ -155,6 +177,11 @@ void frmMain::exitprog() noexcept {
     if (!leave) {
         return;
     }
+    if (m_workspace.unsavedchanges) {
+        giveUpChanges();
+    }
+    m_rescue->keepNow(); // what nobody was asked about
+    m_rescue->stop();
     {
         const BusyPointer busy{trap};
         aircraft.clear();
@@ -166,6 +193,11 @@ void frmMain::exitprog() noexcept {
     hide();
     trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
     endProcess(0);
+}
+
+void frmMain::giveUpChanges() noexcept {
+    m_workspace.unsavedchanges = false;
+    m_rescue->giveUp();
 }
 
 void frmMain::endProcess(int code) noexcept {
@@ -184,6 +216,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         // Quirk: the close box closes the window whatever the answer: No merely skips the clearing up.
         exitprog();
         if (!m_ended) {
+            m_rescue->keepNow();
             endProcess(0); // the program goes with its one window
         }
     }

@@ -22,6 +22,8 @@ class AircraftCommands;
 class ExplorerWindow;
 class FileCommands;
 class Lists;
+class RescueKeeper;
+class RescueOffer;
 class ScheduleCommands;
 class ToolCommands;
 class UndoCommands;
@@ -39,9 +41,13 @@ class frmMain : public QMainWindow, public Life {
     /// Form_Load: a new log, the settings, and the window set up for the mode. No traffic is loaded.
     void formLoad();
 
+    /// Loads the changes that are offered, unless the user wants to keep those that are there.
+    void restoreKept();
+
     /// Shows the message, logs it and ends the program.
     void errorexit(std::string_view message) noexcept;
     void exitprog() noexcept override;
+    void giveUpChanges() noexcept override;
     void endProcess(int code) noexcept override;
     [[nodiscard]] bool ended() const noexcept override { return m_ended; }
 
@@ -49,6 +55,7 @@ class frmMain : public QMainWindow, public Life {
     [[nodiscard]] Lists& lists() noexcept { return *m_lists; }
     [[nodiscard]] ViewCommands& views() noexcept { return *m_views; }
     [[nodiscard]] FileCommands& files() noexcept { return *m_files; }
+    [[nodiscard]] RescueKeeper& rescue() noexcept { return *m_rescue; }
     [[nodiscard]] UpdateCommands& updates() noexcept { return *m_updates; }
 
   protected:
@@ -65,6 +72,8 @@ class frmMain : public QMainWindow, public Life {
     StatusLine* m_status;
     Workspace m_workspace;
     CommandRunner m_runner{*this};
+    std::unique_ptr<RescueKeeper> m_rescue;
+    RescueOffer* m_offer;
     std::unique_ptr<Lists> m_lists;
     std::unique_ptr<ScheduleCommands> m_schedules;
     std::unique_ptr<ViewCommands> m_views;

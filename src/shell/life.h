@@ -14,6 +14,8 @@ class Life {
 
     /// Saves the settings, asks about unsaved changes, and on Yes (or without any) ends the program.
     virtual void exitprog() noexcept = 0;
+    /// The user agreed to lose all changes.
+    virtual void giveUpChanges() noexcept = 0;
     /// Ends the program with an exit code, without a word.
     virtual void endProcess(int code) noexcept = 0;
     /// Whether the program has ended, or is about to once the events at hand have run.

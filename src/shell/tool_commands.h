@@ -27,6 +27,8 @@ class ToolCommands {
 
     /// Options, tool buttons and captions for fsmode as it stands.
     void setupformwithcurrentmode() noexcept;
+    /// Makes another mode the current one, as its option does.
+    void chooseMode(std::int16_t mode);
 
   private:
     std::string compile(const StandardTrap& trap);
@@ -36,7 +38,6 @@ class ToolCommands {
 
     void runTool(const StandardTrap& trap, const std::string& command);
     void connectMode(QRadioButton* option, Procedure procedure, std::int16_t mode, CommandRunner& runner);
-    void chooseMode(std::int16_t mode);
     void markMode();
 
     QWidget& m_owner;

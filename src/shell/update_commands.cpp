@@ -113,7 +113,7 @@ bool UpdateCommands::restartForInstall() noexcept {
     stop();
     WriteTextFile(programFolder() + "\\updater.ini", setupName);
     trap([&] { host().startProgram(installer, fromQString(m_window.windowTitle())); });
-    m_workspace.unsavedchanges = false;
+    m_life.giveUpChanges();
     m_life.exitprog();
     return true;
 }

@@ -2,6 +2,8 @@
 // The workspace: what outlives a command and belongs to no control.
 #pragma once
 
+#include "foundation/file_stamps.h"
+
 #include <cstdint>
 #include <string>
 
@@ -13,6 +15,8 @@ struct Workspace {
     std::string flightsname;
     std::string aircraftname;
     std::string airportsname;
+    /// The traffic files as they were when they were loaded, or saved last.
+    FileStamps stamps;
 
     /// The mode that the flight plans were loaded for: 2 or 4; 0 while none are loaded.
     std::int16_t loadedMode = 0;

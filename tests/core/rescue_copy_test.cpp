@@ -50,7 +50,7 @@ TEST_F(RescueCopy, HoldsTheTablesAndWhatTheyStandFor) {
     const std::string last = textOf(schedules.peek(2500));
     markDeleted(1);
     EXPECT_EQ(readRescueNote(home()), std::nullopt);
-    EXPECT_EQ(write(), 3);
+    EXPECT_EQ(write(), 3 + 2 + 4) << "schedules, aircraft and note, their places and a look whether that was all";
     m_note.when = "21 Nov 16:40";
     EXPECT_EQ(readRescueNote(home()), m_note);
     LoadAircraft(rescuedAircraft(home()), nullptr);

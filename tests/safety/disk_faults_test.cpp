@@ -139,7 +139,11 @@ TEST_F(DiskFaults, TheRescueCopyStaysWhole) {
     const auto named = [](std::string_view tail) {
         test::changeSchedule(1, [&](ScheduleRec& schedule) { schedule.tailnumber = tail; });
     };
-    const auto write = [this] { RescueWriter(path(""), RescueNote()).step(); };
+    const auto write = [this] {
+        RescueWriter copy(path(""), RescueNote());
+        while (!copy.step()) {
+        }
+    };
     const auto begin = [&] {
         named("OLD");
         write();
