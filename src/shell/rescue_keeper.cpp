@@ -159,7 +159,7 @@ void RescueKeeper::look() {
     if (m_loading || m_slices.isActive() || host().pumping()) {
         return;
     }
-    const bool quiet = m_sinceInput.durationElapsed() >= m_quiet;
+    const bool quiet = std::chrono::milliseconds(m_sinceInput.elapsed()) >= m_quiet;
     bool wanted = false;
     trap([&] { wanted = pending(); });
     if (!wanted || journal().revision() == m_kept) {
@@ -175,7 +175,7 @@ void RescueKeeper::look() {
     if (!m_sinceChange.isValid()) {
         m_sinceChange.start();
     }
-    const bool overdue = m_sinceChange.durationElapsed() >= m_latest;
+    const bool overdue = std::chrono::milliseconds(m_sinceChange.elapsed()) >= m_latest;
     // What the disk refused is tried again with the next change, or after a while.
     if (overdue || (quiet && journal().revision() != m_failed)) {
         m_slices.start(0);
