@@ -152,6 +152,7 @@ TEST_F(LoadTest, ASaveThatFailsTellsWhyAndLosesNothing) {
         const bool flights = kind == "Flightplans";
         press(flights ? "cmdSaveFlights" : "cmdSaveAircraft",
               {{"Overwrite " + file + "?", QMessageBox::Yes},
+               {file + " was changed by another program since it was loaded. Overwrite it?", QMessageBox::Yes},
                {(flights ? "Flight plans" : "Aircraft") + (" not saved to " + file) + ": Path/File access error"}});
         EXPECT_TRUE(std::filesystem::is_directory(folder() / (kind + ".txt") / "inside"));
         EXPECT_TRUE(newestAction().starts_with("Path/File access error(75)")) << newestAction();

@@ -85,7 +85,7 @@ TEST_F(RescueKeeperTest, OnlyAYesGivesChangesUp) {
 TEST_F(RescueKeeperTest, ALoadThatAsksNothingLosesNothing) {
     writeFile("Other.txt", schedule("AC#1,GNEW", "LFPG", "EGLL"));
     deleteSchedule(3);
-    press("cmdLoadFlightPlan", "QFileDialog", [this](QDialog& dialog) {
+    press("cmdLoadFlightPlan", "fileDialog", [this](QDialog& dialog) {
         const Expectation boxes =
             answerBoxes({{"Do you want to load the associated aircraft and airport files?", QMessageBox::No}});
         enterFileName(dialog, toQString("Other.txt"));
