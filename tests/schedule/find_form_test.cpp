@@ -34,9 +34,8 @@ class FindTest : public Fixture {
     // Presses a button, or Enter in the text box for "", and gives the row found.
     static std::string found(QDialog& dialog, std::string_view button) {
         if (button.empty()) {
-            auto& text = control<QLineEdit>(dialog, "txtSearchString");
-            text.setFocus();
-            pressKey(text, Qt::Key_Return);
+            control<QLineEdit>(dialog, "txtSearchString").setFocus();
+            pressKey(control<QLineEdit>(dialog, "txtSearchString"), Qt::Key_Return);
         } else {
             click(dialog, button);
         }

@@ -36,7 +36,13 @@ void expectNames(const QWidget& window) {
         for (QWidget* up = control->parentWidget(); up != nullptr && frame == nullptr; up = up->parentWidget()) {
             frame = qobject_cast<QGroupBox*>(up);
         }
-        const QString name = QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+        const QAccessibleInterface& node = *QAccessible::queryAccessibleInterface(control);
+        QString name = node.text(QAccessible::Name);
+        if (qobject_cast<const ComboBox*>(control) != nullptr) { // tells its row there, and its label by a relation
+            const auto labels = node.relations(QAccessible::Label);
+            const bool named = !control->accessibleName().isEmpty() || labels.isEmpty();
+            name = named ? control->accessibleName() : labels.constFirst().first->text(QAccessible::Name);
+        }
         EXPECT_FALSE(name.isEmpty()) << fromQString(control->objectName());
         const std::string place = frame == nullptr ? "" : fromQString(frame->objectName());
         EXPECT_TRUE(names.insert(place + " " + fromQString(name)).second) << fromQString(control->objectName());
