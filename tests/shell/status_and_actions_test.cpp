@@ -38,9 +38,13 @@ class StatusAndActions : public MainWindowFixture {
     /// What a list's menu offers, greyed entries in brackets; then the entry of this text is taken.
     [[nodiscard]] std::string menuOf(const char* name, const QString& taken) const {
         std::string texts;
-        QTimer::singleShot(0, &form(), [&] {
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &form(), [&] {
             auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            ASSERT_NE(menu, nullptr);
+            if (menu == nullptr) {
+                return;
+            }
+            look.stop();
             QAction* chosen = nullptr;
             for (QAction* const entry : menu->actions()) {
                 const std::string text = fromQString(entry->text().remove(u'&'));
@@ -52,6 +56,9 @@ class StatusAndActions : public MainWindowFixture {
                 chosen->trigger();
             }
         });
+        look.start(0);
+        form().activateWindow(); // a menu took that away
+        EXPECT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
         list(name).setFocus();
         key(Qt::Key_F10, Qt::ShiftModifier);
         return texts;
@@ -70,7 +77,6 @@ TEST_F(StatusAndActions, TheLineTellsWhatHappenedAndWhatIsLoaded) {
                  {"cmdCopy", "Copy GAAA"},
                  {"List1+1", "Copy GAAA"},
                  {"cmdDeleteSchedule", "Delete 2 schedules"},
-                 {"List2:0", "Delete 2 schedules"},
                  {"optDelByIcao", "Delete 2 schedules"},
                  {"txtDelByICAO=egll", "Delete 2 schedules"},
                  {"cmdDeleteByICAO",
@@ -134,7 +140,7 @@ TEST_F(StatusAndActions, ContextMenusOfferWhatTheButtonsDo) {
     press("cmdListall");
     EXPECT_EQ(menuOf("List1", QStringLiteral("Select all")),
               "[Undo]|[Redo]|Add|[Edit]|[Copy]|[Delete]|[Swap Aircraft]|Flights of AC#1|Copy text|Select all|");
-    EXPECT_EQ(seen(), "(1) (2) (3) (4) [.]|||------") << "a click as the user's";
+    EXPECT_EQ(seen(), "[1] (2) (3) (4) (.)|[1001] 1002|--++++") << "a click as the user's";
     act("List1:1");
     EXPECT_EQ(menuOf("List2", QStringLiteral("Flights of EGSS")),
               "[Undo]|[Redo]|Edit|Delete|[Print]|Flights of LFPG|Map of LFPG|Flights of EGSS|Map of EGSS|"
