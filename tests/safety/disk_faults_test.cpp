@@ -170,7 +170,7 @@ TEST_F(DiskFaults, TheRescueCopyStaysWhole) {
                            {DiskCall::Sync, EIO, ""},
                            {DiskCall::Rename, EACCES, ""}},
                           {begin, run, content, after}),
-              7 + 3 + 6 + 3);
+              9 + 3 + 6 + 3);
 }
 
 TEST_F(DiskFaults, SettingsStayWholeAndTheUserIsTold) {
