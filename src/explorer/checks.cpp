@@ -224,10 +224,6 @@ void Checks::lookAtLeg(std::int32_t recnum, const ScheduleRec& schedule, const F
     if (!m_airports.get(leg.toicao, [&] { return airportKnown(leg.toicao.text()); })) {
         add(CheckKind::UnknownAirport, where);
     }
-    const bool sameAirport = leg.fromicao == leg.toicao;
-    if (sameAirport && !leg.tng) {
-        add(CheckKind::SameAirport, where);
-    }
     if (!flown.timed) {
         add(CheckKind::NoTime, where);
     }
@@ -249,6 +245,10 @@ void Checks::lookAtLoop(std::int32_t recnum) {
     for (const Flown& flown : m_flown) {
         if (flown.leg->fromicao != before->toicao) {
             add(CheckKind::OpenLoop, {recnum, flown.number});
+        }
+        // Behind a touch and go it is the landing that ends the circuits.
+        if (flown.leg->fromicao == flown.leg->toicao && !flown.leg->tng && !before->tng) {
+            add(CheckKind::SameAirport, {recnum, flown.number});
         }
         before = flown.leg;
     }

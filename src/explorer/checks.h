@@ -58,7 +58,7 @@ struct CheckFinding {
 
 /// What the user can set.
 struct CheckOptions {
-    int turnaroundMinutes = 20; ///< the least time on the ground
+    int turnaroundMinutes = 15; ///< the least time on the ground
 };
 
 /// The checks over the tables. What is deleted counts as gone, as the next save leaves it out. Between slices the

@@ -177,8 +177,10 @@ void frmExplorer::searched() {
 void frmExplorer::showTerms() {
     QLayout& layout = *m_ui->termsLayout;
     while (QLayoutItem* const item = layout.takeAt(0)) {
-        if (item->widget() != nullptr) {
-            item->widget()->deleteLater();
+        if (QWidget* const chip = item->widget()) {
+            chip->hide();
+            chip->setParent(nullptr);
+            chip->deleteLater(); // it may be the one that was clicked
         }
         delete item;
     }
@@ -193,6 +195,7 @@ void frmExplorer::showTerms() {
             m_ui->txtFilter->setFocus();
         });
         layout.addWidget(chip);
+        chip->show();
     }
     m_ui->termsLayout->addStretch();
     m_ui->scrTerms->setVisible(!m_filter.empty());

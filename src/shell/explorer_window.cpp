@@ -12,6 +12,7 @@
 #include "schedule/schedule_commands.h"
 #include "shell/command_runner.h"
 #include "shell/lists.h"
+#include "shell/undo_commands.h"
 #include "shell/workspace.h"
 #include "simulator/frmAircraftSub.h"
 #include "ui_frmMain.h"
@@ -49,8 +50,8 @@ std::string countedSchedules(const std::vector<std::int32_t>& recnums) {
 } // namespace
 
 ExplorerWindow::ExplorerWindow(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
-                               Lists& lists)
-    : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists) {
+                               Lists& lists, UndoCommands& undo)
+    : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_undo(undo) {
     auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), &window);
     QObject::connect(shortcut, &QShortcut::activated, &window, [this] { open(); });
 }
@@ -76,6 +77,13 @@ frmExplorer& ExplorerWindow::form() {
         };
         m_form->setCommands({command("edit", &ExplorerWindow::edit), command("delete", &ExplorerWindow::remove),
                              command("swap", &ExplorerWindow::swap), command("copy", &ExplorerWindow::copy)});
+        const auto key = [this](const QKeySequence& keys, void (UndoCommands::*way)()) {
+            auto* const shortcut = new QShortcut(keys, m_form.get());
+            QObject::connect(shortcut, &QShortcut::activated, m_form.get(), [this, way] { (m_undo.*way)(); });
+        };
+        key(QKeySequence(Qt::CTRL | Qt::Key_Z), &UndoCommands::undo);
+        key(QKeySequence(Qt::CTRL | Qt::Key_Y), &UndoCommands::redo);
+        key(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), &UndoCommands::redo);
     }
     return *m_form;
 }

@@ -21,13 +21,15 @@ class frmMain;
 class CommandRunner;
 class frmExplorer;
 class Lists;
+class UndoCommands;
 struct Workspace;
 
 /// Ctrl+T opens it. Its commands are those of the main window, for the rows that are selected in it.
 class ExplorerWindow {
   public:
     /// `window` is the main window; all of these must outlive this.
-    ExplorerWindow(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+    ExplorerWindow(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
+                   UndoCommands& undo);
     ~ExplorerWindow();
     ExplorerWindow(const ExplorerWindow&) = delete;
     ExplorerWindow& operator=(const ExplorerWindow&) = delete;
@@ -59,6 +61,7 @@ class ExplorerWindow {
     Workspace& m_workspace;
     CommandRunner& m_runner;
     Lists& m_lists;
+    UndoCommands& m_undo;
     std::unique_ptr<frmExplorer> m_form; // made when it is opened first
     Seen m_seen;
 };

@@ -53,7 +53,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this, *m_rescue);
     m_updates = std::make_unique<UpdateCommands>(*this, *ui, m_workspace, m_runner, *this);
     m_undo = std::make_unique<UndoCommands>(*ui, m_workspace, m_runner, *m_lists);
-    m_explorer = std::make_unique<ExplorerWindow>(*this, *ui, m_workspace, m_runner, *m_lists);
+    m_explorer = std::make_unique<ExplorerWindow>(*this, *ui, m_workspace, m_runner, *m_lists, *m_undo);
     connect(ui->cmdExit, &QPushButton::clicked, this, [this] {
         m_runner.run({"sub cmdexit_click", module}, [this](const StandardTrap&) {
             exitprog();

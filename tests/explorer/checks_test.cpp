@@ -75,6 +75,8 @@ TEST_F(ChecksTest, EachFaultIsToldOnce) {
              Case{"24HR", "AAAA-AAAA 09:00:00 10:00:00", nothing,
                   "Leg from an airport to itself 1.1: From AAAA to itself without a touch and go"},
              Case{"24HR", "AAAA-AAAA 09:00:00 10:00:00", [](auto& s) { s.legs[1].tng = true; }, ""},
+             Case{"24HR", "AAAA-AAAA 09:00:00 10:00:00, AAAA-AAAA 10:00:00 10:30:00",
+                  [](auto& s) { s.legs[1].tng = true; }, ""}, // the landing behind it
              Case{"24HR", "AAAA-BBBB noon 10:00:00, BBBB-AAAA 11:00:00 12:00:00", nothing,
                   "Time that can't be read 1.1: Departure noon, arrival 10:00:00"},
              Case{"24HR", "AAAA-BBBB 09:00:00 13:00:00, BBBB-AAAA 14:00:00 15:00:00", nothing,
