@@ -52,7 +52,7 @@ frmChecks::frmChecks(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<U
     table.setColumnWidth(0, 9 * character);
     table.setColumnWidth(1, 20 * character);
     table.setColumnWidth(2, 28 * character);
-    m_ui->split->setSizes({240, 560});
+    m_ui->split->setSizes({44 * character, 80 * character});
     m_ui->split->setStretchFactor(1, 1);
     m_timer.setInterval(0);
     connect(&m_timer, &QTimer::timeout, this, [this] { trap([this] { goOn(); }); });

@@ -144,6 +144,7 @@ void frmExplorer::search() {
     if (m_index.done()) {
         searched();
     } else {
+        m_ui->prgSearch->show();
         m_timer.start();
     }
 }
@@ -165,7 +166,7 @@ void frmExplorer::goOn() {
 
 void frmExplorer::searched() {
     m_timer.stop();
-    m_ui->prgSearch->setValue(1000);
+    m_ui->prgSearch->hide();
     m_flights->showMore(true);
     // A copy of its own: the map goes on counting while the next filter is typed.
     const auto legs = std::make_shared<const std::vector<LegNumber>>(m_index.legs());
