@@ -1,4 +1,5 @@
 // Tests of the system's proxy on Windows: settings in the registry, and a download that goes by them.
+#include "foundation/settings_store.h"
 #include "support/test.h"
 #include "update/cSHAREDInternet.h"
 #include "update/curl_control.h"
