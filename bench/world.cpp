@@ -12,13 +12,14 @@ namespace {
 // A linear congruential generator (constants of Knuth's MMIX): the same numbers everywhere.
 class Numbers {
   public:
+    explicit Numbers(std::uint64_t seed) : m_state(seed) {}
     int below(int bound) {
         m_state = m_state * 6364136223846793005ULL + 1442695040888963407ULL;
         return static_cast<int>((m_state >> 33U) % static_cast<std::uint64_t>(bound));
     }
 
   private:
-    std::uint64_t m_state = 20040601;
+    std::uint64_t m_state;
 };
 
 template <class... Values>
@@ -129,7 +130,7 @@ void writeSimulator(const std::filesystem::path& folder, const WorldOptions& opt
 } // namespace
 
 WorldSize writeWorld(const std::filesystem::path& folder, const WorldOptions& options) {
-    Numbers numbers;
+    Numbers numbers(options.seed);
     WorldSize size;
     size.bytes = write(folder / "Aircraft.txt", aircraftFile(options));
     size.bytes += write(folder / "Airports.txt", airportsFile(options, numbers));

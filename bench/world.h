@@ -16,6 +16,7 @@ struct WorldOptions {
     bool missingAirports = false;  ///< no leg's airport is in the airports file
     bool reversedAircraft = false; ///< the aircraft file stands in reverse order
     bool busyAirport = false;      ///< every leg flies to or from the first airport
+    std::uint64_t seed = 20040601; ///< of all that is drawn
 };
 
 /// Sizes of what was written.
