@@ -7,6 +7,7 @@
 #include "support/main_window.h"
 #include "support/stand_in_tool.h"
 #include "support/table_invariants.h"
+#include "walks/queued_user.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -21,48 +22,6 @@
 
 namespace vantor::test {
 namespace {
-
-// What puts a click on a control into the queue.
-std::function<void()> clickOn(const QWidget& target) {
-    QWindow* const window = target.window()->windowHandle();
-    const QPoint centre = target.rect().center();
-    return [window, local = target.mapTo(target.window(), centre), global = target.mapToGlobal(centre)] {
-        static unsigned long timestamp = 1000000;
-        timestamp += 1000; // so far apart that two are no double click
-        for (const bool down : {true, false}) {
-            QWindowSystemInterface::handleMouseEvent(window, timestamp, local, global,
-                                                     down ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton,
-                                                     down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease);
-        }
-    };
-}
-
-void queueKey(const QWidget& target, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QWindowSystemInterface::handleKeyEvent(target.window()->windowHandle(), type, key, modifiers);
-    }
-}
-
-// A host whose pumps find the user at work.
-class BusyUserHost : public QtHost {
-  public:
-    std::function<void(int)> beforePump; // gets the number of the pump
-    std::function<void()> afterPump;
-    int pumps = 0;
-
-    void pumpEvents(Pump what) override {
-        const auto after = afterPump;
-        if (beforePump) {
-            beforePump(pumps);
-        }
-        ++pumps;
-        QtHost::pumpEvents(what);
-        if (after) {
-            after();
-        }
-    }
-    void viewTextFile(std::string_view /*path*/) override {}
-};
 
 class ReentryTest : public MainWindowFixture, public testing::WithParamInterface<const char*> {
   protected:
