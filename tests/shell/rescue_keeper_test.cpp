@@ -85,11 +85,11 @@ TEST_F(RescueKeeperTest, OnlyAYesGivesChangesUp) {
 TEST_F(RescueKeeperTest, ALoadThatAsksNothingLosesNothing) {
     writeFile("Other.txt", schedule("AC#1,GNEW", "LFPG", "EGLL"));
     deleteSchedule(3);
-    press("cmdLoadFlightPlan", "fileDialog", [this](QDialog& dialog) {
-        const Expectation boxes =
-            answerBoxes({{"Do you want to load the associated aircraft and airport files?", QMessageBox::No}});
-        enterFileName(dialog, toQString("Other.txt"));
-    });
+    // Behind the load earlier changes still count as unsaved, so that the restoring asks.
+    const Expectation boxes =
+        answerBoxes({{"Do you want to load the associated aircraft and airport files?", QMessageBox::No},
+                     {"You will lose any changes if you do this. Are you sure?", QMessageBox::Yes}});
+    press("cmdLoadFlightPlan", "fileDialog", [](QDialog& dialog) { enterFileName(dialog, toQString("Other.txt")); });
     EXPECT_EQ(loaded(), "GNEW 4");
     form().restoreKept();
     EXPECT_EQ(loaded(), "GAAA GBBB GCCC 4");
