@@ -14,6 +14,7 @@
 #include <QHeaderView>
 #include <QLocale>
 #include <QShortcut>
+#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -158,6 +159,9 @@ void frmChecks::showKinds() {
         list.item(i)->setFont(font);
         first = first == -1 && any ? i : first;
     }
+    // Bold texts and counts are seen in full.
+    const int bar = list.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &list);
+    list.setMinimumWidth(list.sizeHintForColumn(0) + 2 * list.frameWidth() + bar);
     if (list.currentRow() < 0 || m_sifted.at(static_cast<std::size_t>(list.currentRow())).empty()) {
         list.setCurrentRow(std::max(0, first));
     }
