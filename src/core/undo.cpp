@@ -84,7 +84,7 @@ StepRecords recordsOf(const JournalStep& step) {
         }
     }
     std::ranges::sort(records.recnums);
-    records.recnums.erase(std::ranges::unique(records.recnums).begin(), records.recnums.end());
+    records.recnums.erase(std::unique(records.recnums.begin(), records.recnums.end()), records.recnums.end());
     return records;
 }
 
