@@ -69,20 +69,25 @@ class WindowsProxy : public Fixture {
         LoadSettings(path("Vantor2.ini"));
     }
     void TearDown() override {
-        setText("ProxyServer", "");
-        setText("AutoConfigURL", "");
-        setEnabled(0);
+        RegDeleteKeyValueA(HKEY_CURRENT_USER, key, "DefaultConnectionSettings");
         Fixture::TearDown();
     }
-    static void setText(const char* name, const std::string& text) {
-        if (text.empty()) {
-            RegDeleteKeyValueA(HKEY_CURRENT_USER, key, name);
-        } else {
-            RegSetKeyValueA(HKEY_CURRENT_USER, key, name, REG_SZ, text.c_str(), static_cast<DWORD>(text.size() + 1));
+    // The user's settings in the registry: numbers of 32 bits, and texts with their lengths ahead.
+    static void set(DWORD flags, const std::string& server, const std::string& exceptions, const std::string& script) {
+        std::string bytes;
+        const auto add = [&bytes](DWORD number) {
+            bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
+        };
+        add(0x46);
+        add(1);
+        add(flags);
+        for (const std::string& text : {server, exceptions, script}) {
+            add(static_cast<DWORD>(text.size()));
+            bytes += text;
         }
-    }
-    static void setEnabled(DWORD value) {
-        RegSetKeyValueA(HKEY_CURRENT_USER, key, "ProxyEnable", REG_DWORD, &value, sizeof value);
+        bytes.append(32, '\0');
+        RegSetKeyValueA(HKEY_CURRENT_USER, key, "DefaultConnectionSettings", REG_BINARY, bytes.data(),
+                        static_cast<DWORD>(bytes.size()));
     }
     // What a download of the address got.
     std::string got(const std::string& url) {
@@ -91,24 +96,25 @@ class WindowsProxy : public Fixture {
         return internet.GetFile(url, path("f.exe"), true, true, true) ? readFile("f.exe") : "";
     }
 
-    static constexpr const char* key = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings";
+    static constexpr DWORD direct = 1;
+    static constexpr DWORD named = 2;
+    static constexpr DWORD scripted = 4;
+    static constexpr const char* key = "Software\\Microsoft\\Windows\\CurrentVersion\\Internet Settings\\Connections";
     Proxy proxy;
 };
 
 // No name here is known to anybody: only the proxy can have answered.
 TEST_F(WindowsProxy, IsThatOfTheUser) {
-    EXPECT_EQ(got("http://updates.invalid/setup.exe"), "");
-    setText("ProxyServer", "http=" + proxy.server + ";https=127.0.0.1:1");
-    setText("ProxyOverride", "*.direct.invalid;<local>");
-    setEnabled(1);
+    const std::string list = "http=" + proxy.server + ";https=127.0.0.1:1";
+    set(direct | named, list, "*.direct.invalid;<local>", "");
     EXPECT_EQ(got("http://updates.invalid/setup.exe"), "GET http://updates.invalid/setup.exe HTTP/1.1");
     EXPECT_EQ(got("http://an.direct.invalid/setup.exe") + got("https://updates.invalid/"), "");
-    setEnabled(0);
+    set(direct, list, "", "");
     EXPECT_EQ(got("http://updates.invalid/setup.exe"), "");
 }
 
 TEST_F(WindowsProxy, IsThatOfTheUsersScript) {
-    setText("AutoConfigURL", "http://" + proxy.server + "/script.pac");
+    set(direct | scripted, "", "", "http://" + proxy.server + "/script.pac");
     EXPECT_EQ(got("http://by.script.invalid/setup.exe"), "GET http://by.script.invalid/setup.exe HTTP/1.1");
     EXPECT_EQ(got("http://updates.invalid/setup.exe"), "");
 }
