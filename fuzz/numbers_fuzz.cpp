@@ -29,7 +29,7 @@ void checkReading(std::string_view text) {
         require(parseSingle(shortestSingle(single)) == single, "a printed float comes back");
     }
     std::int32_t whole = 0;
-    if (errorOf(refusals, [&] { whole = parseInt32(text); }) == 0) {
+    if (errorOf(refusals, [&] { whole = toInt32(number); }) == 0) {
         require(std::fabs(whole - number) <= 0.5 && val(printNumber(whole)) == whole, "a printed number comes back");
         const bool narrow = whole >= -32768 && whole <= 32767;
         require((errorOf(refusals, [&] { static_cast<void>(parseInt16(text)); }) == 0) == narrow, "16 bits are 16");
