@@ -36,7 +36,7 @@ std::vector<std::string> linesOf(std::string_view text) {
 }
 
 std::int32_t expectedRows(std::string_view input) {
-    return static_cast<std::int32_t>(std::ranges::count_if(split(input, "\r\n"), [](std::string_view line) {
+    return static_cast<std::int32_t>(std::ranges::count_if(splitLines(input), [](std::string_view line) {
         const auto columns = split(line, ",");
         return columns.size() > 2 && !contains(columns[0], "//") && !contains(columns[0], ";");
     }));

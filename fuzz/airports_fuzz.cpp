@@ -17,7 +17,7 @@ void check(std::string_view input) {
     if (error != 0) {
         return;
     }
-    const auto lines = split(input, "\r\n");
+    const auto lines = splitLines(input);
     require(airportcount == std::ranges::count_if(lines,
                                                   [](std::string_view line) {
                                                       const auto columns = split(line, ",");
