@@ -87,7 +87,7 @@ void measureRoutes(Window& window) {
     const std::filesystem::path folder = temporary.path().toStdString();
     writeWorld(folder, {.schedules = schedulesOfMap});
     window.moveTo(folder);
-    window.form().loaddata();
+    window.form().files().loaddata();
     std::vector<LegId> legs;
     for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
         for (std::int32_t leg = 1; leg <= schedules.peek(recnum).legcount; ++leg) {
