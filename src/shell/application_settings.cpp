@@ -110,7 +110,7 @@ std::optional<GmtFault> gmtFault(const GmtBoxes& boxes) noexcept {
 }
 
 float gmtOffsetOf(const GmtBoxes& boxes) noexcept {
-    // The minutes are added to negative hours too, so that -05 and 30 is -4:30. This is meant.
+    // Quirk: the minutes are added to negative hours too, so that -05 and 30 is -4:30.
     return static_cast<float>((val(boxes.hour) + val(boxes.minute) / minutesPerHour) / hoursPerDay);
 }
 

@@ -96,7 +96,7 @@ void Updater::cInternet_Progress(double value, std::string_view text) noexcept {
     m_connecting = false;
     trap([&] {
         if (value == 100) {
-            // The text begins with that word already; it is meant to be read twice.
+            // Quirk: the text begins with that word already, which is so read twice.
             showStatus("Downloaded " + std::string(text));
         } else {
             m_statusText = text;
@@ -268,7 +268,8 @@ void Updater::tellUpToDate(const std::string& version) noexcept {
     const CheckTrap trap{"sub checkforupdate"};
     trap([] { sset(keys::lastUpdateCheck, today()); });
     trap([&] { logit("Already up to date (Available version is " + version + ")"); });
-    trap([&] { m_form.setUpdate(gettranslation("You're up to date!"), updateFailedColour); }); // red too; it is meant
+    // Quirk: red, as a failure is.
+    trap([&] { m_form.setUpdate(gettranslation("You're up to date!"), updateFailedColour); });
 }
 
 void Updater::ShowandCheck(const UpdateSource& source, std::string_view version) noexcept {

@@ -27,7 +27,7 @@ std::array<std::string_view, 3> betweenDots(std::string_view line) {
     return parts;
 }
 
-// Whatever is no digit counts, a blank too: it is meant.
+// Quirk: whatever is no digit counts, a blank too.
 std::string suffixOf(std::string_view revision) {
     if (revision.empty()) {
         return {};
