@@ -86,6 +86,8 @@ std::optional<SystemVersion> SilentHost::systemVersion() {
 
 void SilentHost::viewTextFile(std::string_view /*path*/) {}
 
+void SilentHost::openFile(std::string_view /*path*/, std::function<void()> /*failed*/) {}
+
 void SilentHost::openAddress(std::string_view /*address*/) {}
 
 void SilentHost::startProgram(std::string_view /*program*/, std::string_view /*arguments*/) {}

@@ -66,6 +66,9 @@ class Host {
 
     /// Shows a text file (a path of the program) in the user's text viewer, without waiting. No viewer is no error.
     virtual void viewTextFile(std::string_view path) = 0;
+    /// Opens a file or a folder (a path of the program) with the program that the desktop has for it, without waiting.
+    /// `failed` is called, now or from the event loop, when none opens it.
+    virtual void openFile(std::string_view path, std::function<void()> failed) = 0;
     /// Opens an address (web or mail) with the system's own program, without waiting.
     virtual void openAddress(std::string_view address) = 0;
     /// Starts a program of a command line "{program path} {arguments}", without waiting.

@@ -24,6 +24,7 @@ class SilentHost : public Host {
     std::string booleanWord(bool value) override;
     std::optional<SystemVersion> systemVersion() override;
     void viewTextFile(std::string_view path) override;
+    void openFile(std::string_view path, std::function<void()> failed) override;
     void openAddress(std::string_view address) override;
     void startProgram(std::string_view program, std::string_view arguments) override;
 };

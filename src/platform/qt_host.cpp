@@ -243,23 +243,36 @@ void QtHost::viewTextFile(std::string_view path) {
         showOwnWindow(owner(), std::string(path));
     }
 #else
-    // Not detached: that no program opens text files shows in the exit code alone. The process object is let go when
-    // the viewer has ended, and not at the program's end, which would take the viewer along.
-    auto* const viewer = new QProcess;
-    const auto insteadOfViewer = [viewer, owner = QPointer<QWidget>(owner()), file = std::string(path)] {
-        showOwnWindow(owner, file);
-        viewer->deleteLater();
+    openFile(path, [owner = QPointer<QWidget>(owner()), file = std::string(path)] { showOwnWindow(owner, file); });
+#endif
+}
+
+void QtHost::openFile(std::string_view path, std::function<void()> failed) {
+#ifdef Q_OS_WIN
+    const std::wstring file = QDir::toNativeSeparators(toQtPath(path)).toStdWString();
+    constexpr INT_PTR lastFailure = 32;
+    if (reinterpret_cast<INT_PTR>(ShellExecuteW(nullptr, L"open", file.c_str(), nullptr, nullptr, SW_SHOWNORMAL)) <=
+        lastFailure) {
+        failed();
+    }
+#else
+    // Not detached: that no program opens such files shows in the exit code alone. The process object is let go when
+    // the opener has ended, and not at the program's end, which would take the opener along.
+    auto* const opener = new QProcess;
+    const auto fail = [opener, failed = std::move(failed)] {
+        failed();
+        opener->deleteLater();
     };
-    QObject::connect(viewer, &QProcess::errorOccurred, viewer, [insteadOfViewer](QProcess::ProcessError error) {
+    QObject::connect(opener, &QProcess::errorOccurred, opener, [fail](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) {
-            insteadOfViewer();
+            fail();
         }
     });
-    QObject::connect(viewer, &QProcess::finished, viewer,
-                     [viewer, insteadOfViewer](int code) { code == 0 ? viewer->deleteLater() : insteadOfViewer(); });
-    viewer->setProcessChannelMode(QProcess::ForwardedChannels);
-    viewer->setChildProcessModifier([] { ::setsid(); });
-    viewer->start(QStringLiteral("xdg-open"), {toQtPath(path)});
+    QObject::connect(opener, &QProcess::finished, opener,
+                     [opener, fail](int code) { code == 0 ? opener->deleteLater() : fail(); });
+    opener->setProcessChannelMode(QProcess::ForwardedChannels);
+    opener->setChildProcessModifier([] { ::setsid(); });
+    opener->start(QStringLiteral("xdg-open"), {toQtPath(path)});
 #endif
 }
 

@@ -12,6 +12,7 @@
 #include <QUrl>
 #include <QWidget>
 
+#include <functional>
 #include <string_view>
 
 namespace vantor {
@@ -52,6 +53,7 @@ class QtHost : public Host {
     std::optional<SystemVersion> systemVersion() override;
 
     void viewTextFile(std::string_view path) override;
+    void openFile(std::string_view path, std::function<void()> failed) override;
     void openAddress(std::string_view address) override;
     void startProgram(std::string_view program, std::string_view arguments) override;
 

@@ -3,10 +3,13 @@
 #include "core/codes.h"
 #include "core/tables.h"
 #include "core/undo.h"
+#include "foundation/host.h"
 #include "platform/code_page.h"
 #include "schedule/list_rows.h"
 #include "shell/command_runner.h"
+#include "shell/documents.h"
 #include "shell/lists.h"
+#include "shell/status_line.h"
 #include "shell/undo_commands.h"
 #include "shell/view_commands.h"
 #include "ui_frmMain.h"
@@ -16,6 +19,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 #include <QShortcut>
 
 namespace vantor {
@@ -34,11 +38,43 @@ void clickCurrent(ListBox& list) {
     list.selectRow(list.currentRow());
 }
 
+// Keys that every window of the program has, dialogs and lists that drop down as well: F1 is the manual, and Shift+F10
+// the context menu of what has the focus, as the menu key is.
+class KeysEverywhere : public QObject {
+  public:
+    explicit KeysEverywhere(std::function<void()> manual) : m_manual(std::move(manual)) {
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) {
+            return false;
+        }
+        const auto& pressed = *static_cast<QKeyEvent*>(event);
+        if (pressed.key() == Qt::Key_F1 && pressed.modifiers() == Qt::NoModifier) {
+            m_manual();
+            return true;
+        }
+        if (pressed.key() == Qt::Key_F10 && pressed.modifiers() == Qt::ShiftModifier) {
+            auto& widget = *static_cast<QWidget*>(watched);
+            const QPoint place = widget.inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+            QContextMenuEvent menu(QContextMenuEvent::Keyboard, place, widget.mapToGlobal(place));
+            QCoreApplication::sendEvent(&widget, &menu);
+            return true;
+        }
+        return false;
+    }
+
+  private:
+    std::function<void()> m_manual;
+};
+
 } // namespace
 
 Actions::Actions(QWidget& window, Ui::frmMain& ui, CommandRunner& runner, Lists& lists, ViewCommands& views,
-                 UndoCommands& undo)
-    : m_window(window), m_ui(ui), m_runner(runner), m_lists(lists), m_views(views), m_undo(undo) {
+                 UndoCommands& undo, StatusLine& status)
+    : m_window(window), m_ui(ui), m_runner(runner), m_lists(lists), m_views(views), m_undo(undo), m_status(status),
+      m_everywhere(std::make_unique<KeysEverywhere>([this] { openManual(); })) {
     connectKeys();
     connectLists();
     connectBoxes();
@@ -48,9 +84,6 @@ std::vector<Actions::KeyAction> Actions::keyTable() {
     const auto focus = [](QWidget* widget) { return [widget] { widget->setFocus(Qt::ShortcutFocusReason); }; };
     const auto find = [this] { (m_airportLast ? m_ui.cmdFind1 : m_ui.cmdFind0)->click(); };
     const auto row = [](ListBox* list) { return [list] { clickCurrent(*list); }; };
-    const auto menu = [this](ListBox* list) {
-        return [this, list] { offerMenu(*list, list->visualRect(list->currentIndex()).bottomLeft()); };
-    };
     return {{Qt::Key_F5, nullptr, m_ui.cmdReload, {}},
             {Qt::CTRL | Qt::Key_S, nullptr, m_ui.cmdSaveFlights, {}},
             {Qt::CTRL | Qt::SHIFT | Qt::Key_S, nullptr, m_ui.cmdSaveAircraft, {}},
@@ -69,10 +102,7 @@ std::vector<Actions::KeyAction> Actions::keyTable() {
             {Qt::Key_Delete, m_ui.List2, m_ui.cmdDeleteLeg, {}},
             {Qt::Key_Space, m_ui.List1, nullptr, row(m_ui.List1)},
             {Qt::Key_Space, m_ui.List2, nullptr, row(m_ui.List2)},
-            {Qt::Key_Space, m_ui.List3, nullptr, row(m_ui.List3)},
-            {Qt::SHIFT | Qt::Key_F10, m_ui.List1, nullptr, menu(m_ui.List1)},
-            {Qt::SHIFT | Qt::Key_F10, m_ui.List2, nullptr, menu(m_ui.List2)},
-            {Qt::SHIFT | Qt::Key_F10, m_ui.List3, nullptr, menu(m_ui.List3)}};
+            {Qt::Key_Space, m_ui.List3, nullptr, row(m_ui.List3)}};
 }
 
 void Actions::connectKeys() {
@@ -126,7 +156,8 @@ void Actions::connectBoxes() {
             QMenu shown(&m_window);
             addUndo(shown);
             addButtons(shown, buttons);
-            const std::string code = extractcode(box->rowText(box->view()->indexAt(place).row()));
+            const int row = box->view()->indexAt(place).row();
+            const std::string code = extractcode(box->rowText(row));
             addFlights(shown, box == m_ui.cmbAC ? code : "", box == m_ui.cmbAC ? "" : code);
             shown.exec(rows->mapToGlobal(place));
         });

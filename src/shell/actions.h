@@ -6,6 +6,7 @@
 #include <QKeySequence>
 
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -21,6 +22,7 @@ class ComboBox;
 class CommandRunner;
 class ListBox;
 class Lists;
+class StatusLine;
 class UndoCommands;
 class ViewCommands;
 
@@ -29,7 +31,7 @@ class Actions {
   public:
     /// Makes keys and menus. All of these must outlive the actions.
     Actions(QWidget& window, Ui::frmMain& ui, CommandRunner& runner, Lists& lists, ViewCommands& views,
-            UndoCommands& undo);
+            UndoCommands& undo, StatusLine& status);
 
   private:
     /// What a key does, in the whole window or while a control has the focus. A button is pressed, if it can be.
@@ -43,6 +45,7 @@ class Actions {
     void connectKeys();
     void connectLists();
     void connectBoxes();
+    void openManual();
 
     void offerMenu(ListBox& list, const QPoint& place);
     void addUndo(QMenu& menu);
@@ -57,7 +60,9 @@ class Actions {
     Lists& m_lists;
     ViewCommands& m_views;
     UndoCommands& m_undo;
-    bool m_airportLast = false; // which of the two boxes had the focus last, for Find
+    StatusLine& m_status;
+    std::unique_ptr<QObject> m_everywhere; // keys of all windows
+    bool m_airportLast = false;            // which of the two boxes had the focus last, for Find
 };
 
 } // namespace vantor

@@ -1,13 +1,17 @@
 #include "shell/fSHAREDAbout.h"
 
 #include "foundation/host.h"
+#include "foundation/native_path.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "shell/application_settings.h"
 #include "shell/artwork.h"
+#include "shell/documents.h"
+#include "shell/frmLicences.h"
 #include "ui_fSHAREDAbout.h"
 
 #include <QFontInfo>
+#include <QPointer>
 
 namespace vantor {
 
@@ -30,6 +34,21 @@ void visit(const QString& address) {
 fSHAREDAbout::fSHAREDAbout(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::fSHAREDAbout>()) {
     m_ui->setupUi(this);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->cmdLicences, &QPushButton::clicked, this, [this] {
+        const StandardTrap trap{"sub cmdlicences_click", moduleName};
+        trap([&] { frmLicences(this).exec(); });
+    });
+    connect(m_ui->cmdOpenFolder, &QPushButton::clicked, this, [this] {
+        const StandardTrap trap{"sub cmdopenfolder_click", moduleName};
+        trap([&] {
+            host().openFile(programFolder(), [box = QPointer(this)] {
+                if (box) {
+                    host().message("No program opens folders here. It is " + programFolder());
+                }
+            });
+        });
+    });
+    connect(m_ui->cmdOpenLog, &QPushButton::clicked, this, &showLog);
     connect(m_ui->lblHomePage, &QLabel::linkActivated, this, &visit);
     connect(m_ui->lblProducts, &QLabel::linkActivated, this, &visit);
     Form_Load();

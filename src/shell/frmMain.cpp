@@ -66,7 +66,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
             return std::string();
         });
     });
-    m_actions = std::make_unique<Actions>(*this, *ui, m_runner, *m_lists, *m_views, *m_undo);
+    m_actions = std::make_unique<Actions>(*this, *ui, m_runner, *m_lists, *m_views, *m_undo, *m_status);
     connectStatus();
     m_offer = new RescueOffer(this);
     ui->layMain->insertWidget(ui->layMain->indexOf(m_status), m_offer);

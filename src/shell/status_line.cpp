@@ -2,14 +2,13 @@
 
 #include "core/codes.h"
 #include "core/tables.h"
-#include "foundation/host.h"
-#include "foundation/log.h"
-#include "foundation/native_path.h"
 #include "foundation/text.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "platform/list_box.h"
 #include "shell/path_label.h"
+#include "platform/picture_box.h"
+#include "shell/documents.h"
 #include "shell/workspace.h"
 
 #include <QHBoxLayout>
@@ -112,9 +111,7 @@ void StatusLine::resizeEvent(QResizeEvent* event) {
 
 void StatusLine::mouseReleaseEvent(QMouseEvent* event) {
     if (m_fault && m_happened->geometry().contains(event->position().toPoint())) {
-        const StandardTrap trap{"sub statusline_click", "frmMain"};
-        trap(dumpactions); // the fault may not have reached the log yet
-        trap([] { host().viewTextFile(programFolder() + "\\log.txt"); });
+        showLog();
     }
 }
 

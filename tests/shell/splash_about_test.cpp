@@ -1,4 +1,5 @@
 // Tests of the splash, the about box and the pictures.
+#include "foundation/native_path.h"
 #include "foundation/progress.h"
 #include "platform/code_page.h"
 #include "platform/picture_box.h"
@@ -10,6 +11,7 @@
 #include "support/form_driver.h"
 
 #include <QLabel>
+#include <QPlainTextEdit>
 
 namespace vantor::test {
 namespace {
@@ -48,6 +50,26 @@ TEST_F(SplashAndAbout, TheAboutBoxNamesProgramMakerAndYearAndOpensTheMakersPages
     ASSERT_EQ(recorder.addresses.size(), 2U);
     EXPECT_TRUE(recorder.addresses.at(0).starts_with("http"));
     EXPECT_EQ(recorder.addresses.at(1), recorder.addresses.at(0) + "/products");
+    writeFile("Vantor-licences\\Qt.txt", "Qt's own words");
+    {
+        const Expectation dialog = expectDialog("frmLicences", [](QDialog& licences) {
+            auto& list = control<ListBox>(licences, "lstLicences");
+            auto& text = control<QPlainTextEdit>(licences, "txtLicence");
+            EXPECT_EQ(rowsOf(list.rows()), "Vantor|Natural Earth|Qt|");
+            EXPECT_TRUE(text.toPlainText().contains(QStringLiteral("Ostrevane Software")));
+            clickRow(list, 2);
+            EXPECT_EQ(fromQString(text.toPlainText()), "Qt's own words");
+            click(licences, "cmdClose");
+        });
+        click(about, "cmdLicences");
+    }
+    click(about, "cmdOpenFolder");
+    EXPECT_EQ(recorder.openedFiles, std::vector<std::string>{programFolder()});
+    recorder.opensFiles = false;
+    click(about, "cmdOpenFolder");
+    EXPECT_EQ(recorder.messages.size(), 1U);
+    click(about, "cmdOpenLog");
+    EXPECT_EQ(recorder.viewedFiles, std::vector<std::string>{path("log.txt")});
     click(about, "cmdOK");
     EXPECT_FALSE(about.isVisible());
 }

@@ -48,6 +48,7 @@ class RecordingHost : public SilentHost {
     std::vector<Pointer> pointers;
     std::vector<int> sleeps; ///< milliseconds; no time passes
     std::vector<std::string> viewedFiles;
+    std::vector<std::string> openedFiles;
     std::vector<std::string> addresses;
     std::vector<Start> starts;
     int paintPumps = 0;
@@ -57,6 +58,7 @@ class RecordingHost : public SilentHost {
     bool pendingInput = false;
     std::optional<SystemVersion> version;
     std::string dateSample; ///< what shortDate gives for any date, unless empty
+    bool opensFiles = true;
     std::string trueWord = "True";
     std::string falseWord = "False";
     std::function<void(std::string_view)> onMessage; ///< runs while a message box stands
@@ -104,6 +106,12 @@ class RecordingHost : public SilentHost {
     std::string booleanWord(bool value) override { return value ? trueWord : falseWord; }
     std::optional<SystemVersion> systemVersion() override { return version; }
     void viewTextFile(std::string_view path) override { viewedFiles.emplace_back(path); }
+    void openFile(std::string_view path, std::function<void()> failed) override {
+        openedFiles.emplace_back(path);
+        if (!opensFiles) {
+            failed();
+        }
+    }
     void openAddress(std::string_view address) override { addresses.emplace_back(address); }
     void startProgram(std::string_view program, std::string_view arguments) override {
         starts.push_back({std::string(program), std::string(arguments)});

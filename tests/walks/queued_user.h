@@ -53,6 +53,7 @@ class BusyUserHost : public QtHost {
         }
     }
     void viewTextFile(std::string_view /*path*/) override {}
+    void openFile(std::string_view /*path*/, std::function<void()> /*failed*/) override {}
 };
 
 inline void queueClose(const QWidget& window) {

@@ -38,6 +38,7 @@ namespace {
 class WalkHost : public QtHost {
   public:
     void viewTextFile(std::string_view /*path*/) override {}
+    void openFile(std::string_view /*path*/, std::function<void()> /*failed*/) override {}
     void openAddress(std::string_view /*address*/) override {}
     void startProgram(std::string_view /*program*/, std::string_view /*arguments*/) override {}
 };
