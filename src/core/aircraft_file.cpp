@@ -76,7 +76,7 @@ void appendAircraft(std::string& text, const AircraftRec& row) {
     text.append(row.title.text()).append("\r\n");
 }
 
-std::optional<Error> saveaircraft() noexcept {
+std::optional<Error> saveaircraft(Canvas* progress) noexcept {
     const StandardTrap trap{"sub saveaircraft", "modAircraftSave"};
     // Quirk: the name is fixed and bare, whatever the configured file. It goes to the current folder, where the
     // compiler of the traffic reads.
@@ -88,6 +88,9 @@ std::optional<Error> saveaircraft() noexcept {
                 appendAircraft(line, aircraft[i]);
                 put(line);
             });
+            if (progress != nullptr) {
+                showprogressstring(progress, i, aircraftcount, "");
+            }
         }
     });
 }

@@ -21,6 +21,7 @@ void appendAircraft(std::string& text, const AircraftRec& row);
 inline constexpr std::string_view savedAircraftFile = "Aircraft.txt";
 /// Writes the aircraft that are not deleted to "Aircraft.txt" in the current folder, whatever file they came from.
 /// Faults go to the ring; the one that left the old file as it was is given back, nothing when the file is saved.
-std::optional<Error> saveaircraft() noexcept;
+/// `progress` may be null.
+std::optional<Error> saveaircraft(Canvas* progress = nullptr) noexcept;
 
 } // namespace vantor

@@ -3,6 +3,7 @@
 #include "core/save_file.h"
 #include "core/schedule_walk.h"
 #include "foundation/numbers.h"
+#include "foundation/progress.h"
 
 #include <string>
 
@@ -62,14 +63,18 @@ void appendSchedule(std::string& text, const ScheduleRec& schedule) {
     text.append("\r\n");
 }
 
-std::optional<Error> savesc(std::string_view file) noexcept {
+std::optional<Error> savesc(std::string_view file, Canvas* progress) noexcept {
     const StandardTrap trap{"sub savesc", "modSchedSave"};
     return saveFile(trap, file, [&](const auto& put) {
         std::string line;
+        std::int32_t walked = 0;
         walkSchedules(trap, schedulecount, [&](const ScheduleRec& schedule) {
             line.clear();
             appendSchedule(line, schedule);
             put(line);
+            if (progress != nullptr) {
+                showprogressstring(progress, ++walked, schedulecount, "");
+            }
         });
     });
 }

@@ -27,6 +27,18 @@ QColor mixed(const QColor& one, const QColor& other, double share) {
                             part(one.blueF(), other.blueF()));
 }
 
+// A colour mixed with another as far as the background asks for.
+QColor movedAway(const QColor& told, const QColor& other, const QColor& background) {
+    constexpr double step = 0.05;
+    QColor colour = told;
+    for (double share = 1.0 - step; contrast(colour, background) < legibleContrast && share > 0; share -= step) {
+        colour = mixed(told, other, share);
+    }
+    return colour;
+}
+
+constexpr QColor warning(176, 80, 0);
+
 } // namespace
 
 double contrast(const QColor& one, const QColor& other) {
@@ -35,19 +47,21 @@ double contrast(const QColor& one, const QColor& other) {
 }
 
 QColor legible(const QColor& told, const QColor& background) {
-    if (!isDark(background)) {
-        return told;
-    }
-    constexpr double step = 0.05;
-    QColor colour = told;
-    for (double share = 1.0 - step; contrast(colour, background) < legibleContrast && share > 0; share -= step) {
-        colour = mixed(told, Qt::white, share);
-    }
-    return colour;
+    return isDark(background) ? movedAway(told, Qt::white, background) : told;
 }
 
 QColor warningColour(const QPalette& palette) {
-    return legible(QColor(176, 80, 0), palette.color(QPalette::Base));
+    return legible(warning, palette.color(QPalette::Base));
+}
+
+QColor warningColourOn(const QColor& background) {
+    return movedAway(warning, isDark(background) ? Qt::white : Qt::black, background);
+}
+
+QPalette progressPalette(QPalette palette) {
+    palette.setColor(QPalette::Window, QColor(236, 241, 248));
+    palette.setColor(QPalette::ButtonText, Qt::black);
+    return palette;
 }
 
 QColor faultColour(const QPalette& palette) {

@@ -23,6 +23,11 @@ inline constexpr double legibleContrast = 4.5;
 [[nodiscard]] QColor faultColour(const QPalette& palette);
 [[nodiscard]] QColor fineColour(const QPalette& palette);
 
+/// The warning colour for text on any background, dark or light, to legibleContrast.
+[[nodiscard]] QColor warningColourOn(const QColor& background);
+/// A palette for a progress bar, whose light green bears dark text only.
+[[nodiscard]] QPalette progressPalette(QPalette palette);
+
 /// Background and text of a selected row.
 struct SelectionColours {
     QColor background;

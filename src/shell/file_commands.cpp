@@ -6,6 +6,7 @@
 #include "core/load_pipeline.h"
 #include "core/tables.h"
 #include "foundation/busy_pointer.h"
+#include "foundation/disk.h"
 #include "foundation/log.h"
 #include "foundation/path_text.h"
 #include "foundation/progress.h"
@@ -17,6 +18,7 @@
 #include "shell/life.h"
 #include "shell/lists.h"
 #include "shell/rescue_keeper.h"
+#include "shell/status_line.h"
 #include "shell/workspace.h"
 #include "simulator/fs_aircraft.h"
 #include "simulator/missing_aircraft.h"
@@ -78,9 +80,10 @@ class FileCommands::SplashSteps final : public LoadSteps {
 };
 
 FileCommands::FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
-                           Life& life, RescueKeeper& rescue)
+                           Life& life, RescueKeeper& rescue, StatusLine& status)
     : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_life(life),
-      m_rescue(rescue) {
+      m_rescue(rescue), m_status(status),
+      m_plans(window, *ui.cmdLoadFlightPlan, [this](const std::string& file) { loadGiven(file); }) {
     using Self = FileCommands;
     runner.command(ui.cmdReload, {"sub cmdreload_click", module}, this, &Self::reload);
     runner.command(ui.cmdLoadFlightPlan, loadSelectedProcedure, this, &Self::loadSelected);
@@ -150,24 +153,44 @@ void FileCommands::loadAll(RescueKeeper::Loading& loading, const std::function<T
 }
 
 std::string FileCommands::reload(const StandardTrap& /*trap*/) {
-    if (!m_workspace.unsavedchanges || host().askYesNo("You will lose any changes if you do this. Are you sure?")) {
+    if (!m_workspace.unsavedchanges || agreesToLose()) {
         loaddata();
         return loaded();
     }
     return {};
 }
 
+bool FileCommands::agreesToLose() const {
+    return host().askYesNo("You will lose any changes if you do this. Are you sure?");
+}
+
 std::string FileCommands::loadSelected(const StandardTrap& trap) {
+    cSharedFileSel selection;
+    selection.Filepattern("*.TXT");
+    selection.SetCaption("Choose a flight plan");
+    selection.GetExistingFilename();
+    return selection.Cancelled() ? "" : loadOrEnd(trap, selection.Path(), selection.Filename());
+}
+
+void FileCommands::loadGiven(const std::string& file) {
+    m_runner.run(loadSelectedProcedure, [&](const StandardTrap& trap) -> std::string {
+        if (!FileExists(file)) {
+            return "There is no " + file;
+        }
+        // The aircraft may go as well, with the associated files.
+        if ((m_workspace.unsavedchanges || m_rescue.pending()) && !agreesToLose()) {
+            return {};
+        }
+        const std::size_t end = file.rfind('\\');
+        return loadOrEnd(trap, file.substr(0, end), file.substr(end + 1));
+    });
+}
+
+std::string FileCommands::loadOrEnd(const StandardTrap& trap, const std::string& folder, const std::string& name) {
     // Quirk: no trap catches a fault of this command: it ends the program, unlike one of "Load Default Plans".
     try {
-        cSharedFileSel selection;
-        selection.Filepattern("*.TXT");
-        selection.SetCaption("Choose a flight plan");
-        selection.GetExistingFilename();
-        if (!selection.Cancelled()) {
-            loadChosen(selection.Path(), selection.Filename());
-            return loaded();
-        }
+        loadChosen(folder, name);
+        return loaded();
     } catch (...) {
         endFatally(trap, currentError());
     }
@@ -176,6 +199,7 @@ std::string FileCommands::loadSelected(const StandardTrap& trap) {
 
 std::string FileCommands::loaded() {
     m_workspace.loadedMode = fsmode;
+    PlanFiles::remember(m_workspace.flightsname);
     return "Loaded " + m_workspace.flightsname;
 }
 
@@ -258,7 +282,8 @@ std::string FileCommands::saveFlights(const StandardTrap& trap) {
     std::optional<Error> failure;
     {
         const BusyPointer busy{trap};
-        failure = savesc(m_workspace.flightsname);
+        const StatusLine::Work work(m_status, "Saving the flight plans");
+        failure = savesc(m_workspace.flightsname, work.bar());
     }
     if (failure) {
         m_rescue.keepNow();
@@ -285,7 +310,8 @@ std::string FileCommands::saveAircraft(const StandardTrap& trap) {
     std::optional<Error> failure;
     {
         const BusyPointer busy{trap};
-        failure = saveaircraft();
+        const StatusLine::Work work(m_status, "Saving the aircraft");
+        failure = saveaircraft(work.bar());
     }
     // Quirk: it names the file in use, although the save goes to its fixed name.
     if (failure) {

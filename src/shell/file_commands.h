@@ -4,6 +4,7 @@
 
 #include "foundation/error.h"
 #include "foundation/trap.h"
+#include "shell/plan_files.h"
 #include "shell/rescue_keeper.h"
 
 #include <functional>
@@ -20,6 +21,7 @@ class frmMain;
 class CommandRunner;
 class Life;
 class Lists;
+class StatusLine;
 struct TrafficFiles;
 struct Workspace;
 
@@ -28,12 +30,14 @@ class FileCommands {
   public:
     /// Connects the buttons. `window` is the parent of splash and boxes; all of these must outlive the commands.
     FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
-                 Life& life, RescueKeeper& rescue);
+                 Life& life, RescueKeeper& rescue, StatusLine& status);
 
     /// Loads the default files of the mode; what a reader raises comes out of it.
     void loaddata();
     /// Loads the changes that were kept, against the files that they stand for: a save goes there. Gives what it did.
     std::string restore(const RescueKeeper::Offer& offer);
+    /// Loads a flight plan file (a path) as "Load Selected Plans" does, once the user agreed to lose changes.
+    void loadGiven(const std::string& file);
 
   private:
     std::string reload(const StandardTrap& trap);
@@ -42,11 +46,13 @@ class FileCommands {
     std::string saveAircraft(const StandardTrap& trap);
 
     class SplashSteps;
+    std::string loadOrEnd(const StandardTrap& trap, const std::string& folder, const std::string& name);
     void loadChosen(const std::string& folder, const std::string& name);
     void loadAll(RescueKeeper::Loading& loading, const std::function<TrafficFiles()>& chooseFiles);
     [[nodiscard]] bool mayOverwrite(const StandardTrap& trap, std::string_view file, std::string_view shown);
     void rememberLoaded();
     [[nodiscard]] std::string loaded();
+    [[nodiscard]] bool agreesToLose() const;
     void endFatally(const StandardTrap& trap, const Error& error);
 
     QWidget& m_window;
@@ -56,6 +62,8 @@ class FileCommands {
     Lists& m_lists;
     Life& m_life;
     RescueKeeper& m_rescue;
+    StatusLine& m_status;
+    PlanFiles m_plans;
 };
 
 } // namespace vantor

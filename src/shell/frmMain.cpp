@@ -49,8 +49,8 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
     m_views = std::make_unique<ViewCommands>(*this, *ui, m_runner, *m_lists);
     m_utilities = std::make_unique<UtilityCommands>(*ui, m_workspace, m_runner, *m_lists);
     m_aircraft = std::make_unique<AircraftCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
-    m_tools = std::make_unique<ToolCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
-    m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this, *m_rescue);
+    m_tools = std::make_unique<ToolCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *m_status);
+    m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this, *m_rescue, *m_status);
     m_updates = std::make_unique<UpdateCommands>(*this, *ui, m_workspace, m_runner, *this);
     m_undo = std::make_unique<UndoCommands>(*ui, m_workspace, m_runner, *m_lists);
     m_explorer = std::make_unique<ExplorerWindow>(*this, *ui, m_workspace, m_runner, *m_lists, *m_undo);

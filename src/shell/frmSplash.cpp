@@ -2,6 +2,7 @@
 
 #include "foundation/trap.h"
 #include "platform/code_page.h"
+#include "platform/colours.h"
 #include "platform/picture_box.h"
 #include "shell/application_settings.h"
 #include "shell/artwork.h"
@@ -42,13 +43,7 @@ void frmSplash::Form_Load() {
         light.setColor(QPalette::WindowText, Qt::white);
         m_ui->lblTitle->setPalette(light);
     });
-    trap([&] {
-        // The bar's light green bears dark text only.
-        QPalette bar = m_ui->picProgress->palette();
-        bar.setColor(QPalette::Window, QColor(236, 241, 248));
-        bar.setColor(QPalette::ButtonText, Qt::black);
-        m_ui->picProgress->setPalette(bar);
-    });
+    trap([&] { m_ui->picProgress->setPalette(progressPalette(m_ui->picProgress->palette())); });
     trap([&] { m_ui->lblTitle->setText(QStringLiteral("Vantor ") + toQString(appversion())); });
     trap([&] {
         const QSize size = splashSize(fontMetrics());

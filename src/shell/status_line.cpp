@@ -5,15 +5,17 @@
 #include "foundation/text.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
+#include "platform/colours.h"
 #include "platform/list_box.h"
-#include "shell/path_label.h"
 #include "platform/picture_box.h"
 #include "shell/documents.h"
+#include "shell/path_label.h"
 #include "shell/workspace.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPalette>
 
 namespace vantor {
 
@@ -39,13 +41,20 @@ LoadedCounts countLoaded() {
 
 } // namespace
 
-StatusLine::StatusLine(QWidget* parent) : QWidget(parent), m_happened(new PathLabel(this)) {
+StatusLine::StatusLine(QWidget* parent)
+    : QWidget(parent), m_happened(new PathLabel(this)), m_bar(new PictureBox(this)) {
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(2, 0, 4, 0);
     row->setSpacing(0);
     m_happened->setObjectName(QStringLiteral("lblHappened"));
     m_happened->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     row->addWidget(m_happened, 1);
+    m_bar->setObjectName(QStringLiteral("picWork"));
+    m_bar->setAccessibleName(QStringLiteral("Progress"));
+    m_bar->setFixedSize(16 * fontMetrics().averageCharWidth(), fontMetrics().height());
+    m_bar->setPalette(progressPalette(m_bar->palette()));
+    m_bar->hide();
+    row->addWidget(m_bar);
     const auto add = [&](const char* name) {
         auto* const label = new QLabel(this);
         label->setObjectName(QLatin1String(name));
@@ -61,6 +70,10 @@ StatusLine::StatusLine(QWidget* parent) : QWidget(parent), m_happened(new PathLa
     m_unsaved = add("lblUnsaved");
     m_offset = add("lblOffset");
     m_leastWantedFirst = {m_loaded, m_rows, m_file};
+    m_unsaved->setToolTip(QStringLiteral("There are changes that Save Flights (Ctrl+S) has not written yet"));
+    m_offset->setToolTip(QStringLiteral(
+        "Times are shown with this offset. Set it to 00:00 before you open the schedule editor (see the manual, F1)"));
+    colourWarnings();
 }
 
 void StatusLine::tell(const std::string& text) {
@@ -104,6 +117,48 @@ QSize StatusLine::minimumSizeHint() const {
     return {0, QWidget::minimumSizeHint().height()};
 }
 
+StatusLine::Work::Work(StatusLine& line, const std::string& what)
+    : m_line(line), m_text(line.m_happened->text()), m_toolTip(line.m_happened->toolTip()) {
+    say(what);
+}
+
+StatusLine::Work::~Work() {
+    m_line.m_bar->hide();
+    m_line.m_happened->setPath(m_text);
+    m_line.m_happened->setToolTip(m_toolTip);
+    m_line.makeRoom();
+}
+
+void StatusLine::Work::say(const std::string& what) {
+    m_line.m_happened->setPath(toQString(what));
+}
+
+Canvas* StatusLine::Work::bar() const {
+    m_line.m_bar->clear();
+    m_line.m_bar->show();
+    m_line.makeRoom();
+    return m_line.m_bar;
+}
+
+void StatusLine::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        colourWarnings();
+    }
+}
+
+// Bold as well, since not everyone tells colours apart.
+void StatusLine::colourWarnings() {
+    for (QLabel* const label : {m_unsaved, m_offset}) {
+        QPalette colours = palette();
+        colours.setColor(QPalette::WindowText, warningColourOn(colours.color(QPalette::Window)));
+        label->setPalette(colours);
+        QFont bold = font();
+        bold.setBold(true);
+        label->setFont(bold);
+    }
+}
+
 void StatusLine::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     makeRoom();
@@ -116,7 +171,7 @@ void StatusLine::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void StatusLine::makeRoom() {
-    int needed = m_happened->minimumSizeHint().width();
+    int needed = m_happened->minimumSizeHint().width() + (m_bar->isHidden() ? 0 : m_bar->width());
     for (QLabel* const label : findChildren<QLabel*>()) {
         if (label != m_happened) {
             label->setVisible(!label->text().isEmpty());

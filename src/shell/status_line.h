@@ -12,8 +12,10 @@ class QLabel;
 
 namespace vantor {
 
+class Canvas;
 class ListBox;
 class PathLabel;
+class PictureBox;
 struct Workspace;
 
 /// Knows no command: it is told what happened, and looks at the rest when it is refreshed.
@@ -31,17 +33,38 @@ class StatusLine : public QWidget {
     /// Shows how many rows a list has and how many are selected.
     void showRows(const ListBox& list);
 
+    /// A long command tells here what it does and how far it is while this lives; then the line is as it was.
+    class Work {
+      public:
+        Work(StatusLine& line, const std::string& what);
+        ~Work();
+        Work(const Work&) = delete;
+        Work& operator=(const Work&) = delete;
+
+        void say(const std::string& what);
+        /// Shows a bar, to be drawn by showprogress.
+        [[nodiscard]] Canvas* bar() const;
+
+      private:
+        StatusLine& m_line;
+        QString m_text; // what stood there
+        QString m_toolTip;
+    };
+
     /// Narrower windows than all of it show less.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
   protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void makeRoom();
+    void colourWarnings();
 
     PathLabel* m_happened;
+    PictureBox* m_bar;
     QLabel* m_loaded;
     QLabel* m_rows;
     QLabel* m_file;

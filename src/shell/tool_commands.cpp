@@ -10,10 +10,15 @@
 #include "shell/command_runner.h"
 #include "shell/frmSettings.h"
 #include "shell/lists.h"
+#include "shell/status_line.h"
 #include "shell/workspace.h"
 #include "simulator/aircraft_report.h"
 #include "simulator/traffic_tool.h"
 #include "ui_frmMain.h"
+
+#include <QElapsedTimer>
+
+#include <utility>
 
 namespace vantor {
 
@@ -35,8 +40,9 @@ std::string updateQuestion() {
 
 } // namespace
 
-ToolCommands::ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
-    : m_owner(owner), m_ui(ui), m_workspace(workspace), m_lists(lists) {
+ToolCommands::ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
+                           StatusLine& status)
+    : m_owner(owner), m_ui(ui), m_workspace(workspace), m_lists(lists), m_status(status) {
     using Self = ToolCommands;
     connectMode(ui.optFS2k2, {"sub optfs2k2_click", module}, 2, runner);
     connectMode(ui.optFS2k4, {"sub optfs2k4_click", module}, 4, runner);
@@ -111,14 +117,26 @@ std::string ToolCommands::decompile(const StandardTrap& trap) {
 
 void ToolCommands::runTool(const StandardTrap& trap, const std::string& command) {
     const BusyPointer busy{trap};
+    StatusLine::Work work(m_status, "TrafficTools is running");
+    QElapsedTimer since;
+    since.start();
+    qint64 told = 0;
     // Keys and clicks meanwhile are lost: carried out afterwards, they would meet what nobody aimed at.
-    const auto repaint = [&] { trap(&Host::pumpEvents, host(), Pump::DropInput); };
+    const auto repaint = [&] {
+        if (const qint64 seconds = since.elapsed() / 1000; seconds != std::exchange(told, seconds)) {
+            trap([&] { work.say("TrafficTools has been running for " + std::to_string(seconds) + " s"); });
+        }
+        trap(&Host::pumpEvents, host(), Pump::DropInput);
+    };
     trap(ExecCmd, command, repaint);
     repaint();
 }
 
 std::string ToolCommands::report(const StandardTrap& /*trap*/) {
-    modACReport();
+    {
+        const StatusLine::Work work(m_status, "Looking through the aircraft folders");
+        modACReport(work.bar());
+    }
     // In small letters, unlike the name it was written under.
     host().viewTextFile(programFolder() + "\\aclog.txt");
     return "Reported on the aircraft folders in ACLOG.TXT";

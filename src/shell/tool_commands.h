@@ -17,13 +17,15 @@ class frmMain;
 }
 class CommandRunner;
 class Lists;
+class StatusLine;
 struct Workspace;
 
 /// Chooses the mode and runs what works on the simulator's files.
 class ToolCommands {
   public:
     /// Connects options and buttons. `owner` is the parent of the dialogs; all of these must outlive the commands.
-    ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+    ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
+                 StatusLine& status);
 
     /// Options, tool buttons and captions for fsmode as it stands.
     void setupformwithcurrentmode() noexcept;
@@ -44,6 +46,7 @@ class ToolCommands {
     Ui::frmMain& m_ui;
     Workspace& m_workspace;
     Lists& m_lists;
+    StatusLine& m_status;
 };
 
 } // namespace vantor

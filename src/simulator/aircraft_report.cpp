@@ -5,6 +5,7 @@
 #include "foundation/disk.h"
 #include "foundation/native_path.h"
 #include "foundation/path_text.h"
+#include "foundation/progress.h"
 #include "foundation/text.h"
 #include "simulator/folders.h"
 
@@ -110,13 +111,16 @@ class AircraftCheck {
     std::vector<std::string> m_used; // one entry per occurrence
 };
 
-void writeReport() {
+void writeReport(Canvas* progress) {
     OutputFile report(programFolder() + "\\ACLOG.TXT");
     std::vector<std::string> files;
     fillfolders(fsaircraftpath, files, true);
-    for (const std::string& cfg : files) {
+    for (std::size_t looked = 0; const std::string& cfg : files) {
         if (FileExists(cfg)) {
             AircraftCheck(report, pathonly(cfg)).run(cfg);
+        }
+        if (progress != nullptr) {
+            showprogressstring(progress, static_cast<double>(++looked), static_cast<double>(files.size()), "");
         }
     }
     report.close();
@@ -124,9 +128,9 @@ void writeReport() {
 
 } // namespace
 
-void modACReport() noexcept {
+void modACReport(Canvas* progress) noexcept {
     try {
-        writeReport();
+        writeReport(progress);
     } catch (...) { // NOLINT(bugprone-empty-catch): the report ends where it is, and its files are closed
     }
 }

@@ -51,6 +51,7 @@ class StatusAndActions : public MainWindowFixture {
                 texts += entry->isSeparator() ? "" : (entry->isEnabled() ? text : "[" + text + "]") + "|";
                 chosen = entry->text() == taken ? entry : chosen;
             }
+            menu->close();
             if (chosen != nullptr) {
                 chosen->trigger();
             }
@@ -60,7 +61,6 @@ class StatusAndActions : public MainWindowFixture {
         EXPECT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
         list(name).setFocus();
         key(Qt::Key_F10, Qt::ShiftModifier);
-            menu->close();
         return texts;
     }
 };
