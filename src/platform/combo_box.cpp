@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCompleter>
 #include <QFontMetrics>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QScreen>
@@ -248,6 +249,21 @@ int ComboBox::popupWidth() const {
 void ComboBox::showPopup() {
     view()->setMinimumWidth(popupWidth());
     QComboBox::showPopup();
+}
+
+void ComboBox::showEvent(QShowEvent* event) {
+    QComboBox::showEvent(event);
+    if (!isEditable() || parentWidget() == nullptr) {
+        return;
+    }
+    // The focus is in the line edit, which has no name of its own in the accessibility tree.
+    QString name = accessibleName();
+    for (const QLabel* const label : parentWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly)) {
+        if (name.isEmpty() && label->buddy() == this) {
+            name = label->text().remove(u'&');
+        }
+    }
+    lineEdit()->setAccessibleName(name);
 }
 
 void ComboBox::wheelEvent(QWheelEvent* event) {

@@ -67,6 +67,7 @@ class ComboBox : public QComboBox {
     void rowClicked();
 
   protected:
+    void showEvent(QShowEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -4,6 +4,7 @@
 
 #include "platform/code_page.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -24,9 +25,36 @@ QColor toQColor(Colour colour) {
     return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }
 
+// The accessibility tree's word for it: one that takes the focus is a button that shows a picture.
+class PictureNode : public QAccessibleWidget {
+  public:
+    explicit PictureNode(PictureBox& box)
+        : QAccessibleWidget(&box, isButton(box) ? QAccessible::Button : QAccessible::Graphic), m_box(box) {}
+
+    [[nodiscard]] QStringList actionNames() const override {
+        return isButton(m_box) ? QStringList(pressAction()) : QStringList();
+    }
+    void doAction(const QString& action) override {
+        if (action == pressAction()) {
+            Q_EMIT m_box.clicked();
+        }
+    }
+
+    static QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
+        auto* const box = qobject_cast<PictureBox*>(object);
+        return box != nullptr ? new PictureNode(*box) : nullptr;
+    }
+
+  private:
+    static bool isButton(const PictureBox& box) { return box.focusPolicy() != Qt::NoFocus; }
+
+    PictureBox& m_box;
+};
+
 } // namespace
 
 PictureBox::PictureBox(QWidget* parent) : QFrame(parent) {
+    [[maybe_unused]] static const bool known = (QAccessible::installFactory(&PictureNode::make), true);
     setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 

@@ -37,15 +37,23 @@ RowDelegate::RowDelegate(const RowModel& model, QObject* parent) : QStyledItemDe
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyleOptionViewItem row = option;
-    if (option.state.testFlag(QStyle::State_Selected) && option.state.testFlag(QStyle::State_Enabled)) {
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    if (selected && enabled) {
         const bool focused = option.widget != nullptr && option.widget->hasFocus();
         const SelectionColours colours = selectionColours(option.palette, focused);
         painter->fillRect(option.rect, colours.background);
         row.palette.setColor(QPalette::Text, colours.text);
-        row.state &= ~(QStyle::State_Selected | QStyle::State_MouseOver);
+        row.state &= ~QStyle::State_MouseOver;
     }
+    row.state &= ~QStyle::State_Selected;
     row.state &= ~QStyle::State_HasFocus;
     QStyledItemDelegate::paint(painter, row, index);
+    if (selected && !enabled) {
+        // A frame: on the greyed background of styles its greyed text could not be read.
+        painter->setPen(row.palette.color(QPalette::Disabled, QPalette::Text));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         painter->setPen(QPen(row.palette.color(QPalette::Text), 1, Qt::DotLine));
         painter->drawRect(option.rect.adjusted(0, 0, -1, -1));

@@ -159,12 +159,43 @@ void Actions::connectBoxes() {
             const int row = box->view()->indexAt(place).row();
             const std::string code = extractcode(box->rowText(row));
             addFlights(shown, box == m_ui.cmbAC ? code : "", box == m_ui.cmbAC ? "" : code);
-            shown.exec(rows->mapToGlobal(place));
+            offerOverList(shown, *box, row, rows->mapToGlobal(place));
         });
     };
     menu(m_ui.cmbAC, {m_ui.cmdFind0, m_ui.cmdListACnum, m_ui.cmdListUniqueAC, m_ui.cmdAddFS, m_ui.cmdDeleteAC});
     menu(m_ui.cmbICAO, {m_ui.cmdFind1, m_ui.cmdListICAO, m_ui.cmdListUniqueICAO, m_ui.cmdTimeTable, m_ui.cmdGates,
                         m_ui.cmdChart, m_ui.cmdMap});
+}
+
+void Actions::offerOverList(QMenu& menu, ComboBox& box, int row, const QPoint& place) {
+    for (QAction* const entry : menu.actions()) {
+        entry->blockSignals(true); // they wait until the list is out of the way
+    }
+    if (QAction* const taken = menu.exec(place); taken != nullptr) {
+        box.hidePopup();
+        if (taken->data().toBool() && row >= 0) {
+            box.setCurrentRow(row); // the buttons act on what stands in the box
+        }
+        taken->blockSignals(false);
+        taken->trigger();
+    }
+}
+
+void Actions::openManual() {
+    const StandardTrap trap{"sub manual_click", module};
+    trap([this] {
+        const std::string file = manualFile();
+        if (file.empty()) {
+            m_status.tell("The manual is missing: it belongs into the folder Vantor-manual beside Vantor");
+            return;
+        }
+        m_status.tell("Opening the manual");
+        host().openFile(file, [status = QPointer(&m_status), file] {
+            if (status) {
+                status->tell("No program opens the manual, " + file);
+            }
+        });
+    });
 }
 
 void Actions::offerMenu(ListBox& list, const QPoint& place) {
@@ -204,7 +235,9 @@ void Actions::addUndo(QMenu& menu) {
 
 void Actions::addButtons(QMenu& menu, const std::vector<QAbstractButton*>& buttons) {
     for (QAbstractButton* const button : buttons) {
-        menu.addAction(button->text(), button, &QAbstractButton::click)->setEnabled(button->isEnabled());
+        QAction* const entry = menu.addAction(button->text(), button, &QAbstractButton::click);
+        entry->setEnabled(button->isEnabled());
+        entry->setData(true);
     }
     menu.addSeparator();
 }

@@ -49,6 +49,9 @@ class Actions {
 
     void offerMenu(ListBox& list, const QPoint& place);
     void addUndo(QMenu& menu);
+    /// Shows the menu of a row in a box's list that is dropped down.
+    static void offerOverList(QMenu& menu, ComboBox& box, int row, const QPoint& place);
+    /// Entries that press buttons; their data is true.
     static void addButtons(QMenu& menu, const std::vector<QAbstractButton*>& buttons);
     /// Of an aircraft, or else of an airport with its map; nothing for neither.
     void addFlights(QMenu& menu, std::string_view aircraftCode, std::string_view airportCode);

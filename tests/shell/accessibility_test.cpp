@@ -38,7 +38,9 @@ void expectNames(const QWidget& window) {
         }
         const QAccessibleInterface& node = *QAccessible::queryAccessibleInterface(control);
         QString name = node.text(QAccessible::Name);
-        if (qobject_cast<const ComboBox*>(control) != nullptr) { // tells its row there, and its label by a relation
+        if (const auto* const box = qobject_cast<const ComboBox*>(control)) { // tells its row there
+            EXPECT_FALSE(box->isEditable() && box->isVisible() && box->lineEdit()->accessibleName().isEmpty())
+                << "the text of " << fromQString(control->objectName());
             const auto labels = node.relations(QAccessible::Label);
             const bool named = !control->accessibleName().isEmpty() || labels.isEmpty();
             name = named ? control->accessibleName() : labels.constFirst().first->text(QAccessible::Name);

@@ -3,11 +3,15 @@
 #include "core/tables.h"
 #include "foundation/host.h"
 #include "platform/code_page.h"
+#include "platform/colours.h"
 #include "support/main_window.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QTimer>
 
 namespace vantor::test {
@@ -35,7 +39,8 @@ class StatusAndActions : public MainWindowFixture {
     void key(Qt::Key pressed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
         pressKey(*form().focusWidget(), pressed, modifiers);
     }
-    /// What a list's menu offers, greyed entries in brackets; then the entry of this text is taken.
+    /// What the menu of a control, or of the second row of a box's list, offers, greyed entries in brackets; then the
+    /// entry of this text is taken.
     [[nodiscard]] std::string menuOf(const char* name, const QString& taken) const {
         std::string texts;
         QTimer look;
@@ -51,16 +56,23 @@ class StatusAndActions : public MainWindowFixture {
                 texts += entry->isSeparator() ? "" : (entry->isEnabled() ? text : "[" + text + "]") + "|";
                 chosen = entry->text() == taken ? entry : chosen;
             }
-            menu->close();
             if (chosen != nullptr) {
-                chosen->trigger();
+                menu->setActiveAction(chosen);
+                pressKey(*menu, Qt::Key_Return);
             }
+            menu->close();
         });
         look.start(0);
         form().activateWindow(); // a menu took that away
         EXPECT_TRUE(waitFor([this] { return form().isActiveWindow(); }));
-        list(name).setFocus();
-        key(Qt::Key_F10, Qt::ShiftModifier);
+        auto* where = &control<QWidget>(form(), name);
+        where->setFocus();
+        if (auto* const box = qobject_cast<ComboBox*>(where)) {
+            box->showPopup();
+            box->view()->setCurrentIndex(box->model()->index(1, 0));
+            where = box->view();
+        }
+        pressKey(*where, Qt::Key_F10, Qt::ShiftModifier);
         return texts;
     }
 };
@@ -92,6 +104,14 @@ TEST_F(StatusAndActions, TheLineTellsWhatHappenedAndWhatIsLoaded) {
     press("cmdListall");
     EXPECT_EQ(state(), "0 schedules, 0 legs, 4 aircraft, 4 airports|5 rows, 1 selected|Flightplans.txt|"
                        "loaded for FS2002|unsaved|(GMT+1:30)|");
+    const auto& offset = control<QLabel>(form(), "lblOffset");
+    EXPECT_TRUE(offset.font().bold());
+    for (const QColor& paper : {QColor(239, 239, 239), QColor(160, 160, 160), QColor(32, 32, 32)}) {
+        QPalette palette = form().palette();
+        palette.setColor(QPalette::Window, paper);
+        form().setPalette(palette);
+        EXPECT_GE(contrast(offset.palette().color(QPalette::WindowText), paper), legibleContrast);
+    }
     form().resize(form().minimumSize());
     EXPECT_TRUE(waitFor([&] { return label("lblLoaded").empty(); })) << "the least wanted goes first";
     EXPECT_EQ(form().size(), form().minimumSize());
@@ -136,6 +156,51 @@ TEST_F(StatusAndActions, KeysGoWhereTheHandExpects) {
     key(Qt::Key_F, Qt::ControlModifier);
 }
 
+TEST_F(StatusAndActions, TheManualOpensOrTheLineTellsWhyNot) {
+    useHost(&recorder);
+    key(Qt::Key_F1);
+    EXPECT_TRUE(label("lblHappened").starts_with("The manual is missing"));
+    writeFile("Vantor-manual\\manual.html", "");
+    key(Qt::Key_F1);
+    EXPECT_EQ(recorder.openedFiles, std::vector<std::string>{path("Vantor-manual\\manual.html")});
+    recorder.opensFiles = false;
+    key(Qt::Key_F1);
+    EXPECT_EQ(label("lblHappened"), "No program opens the manual, " + path("Vantor-manual\\manual.html"));
+}
+
+TEST_F(StatusAndActions, FlightPlansAreDroppedAndPickedAmongTheLatest) {
+    writeFile("other\\Flightplans.txt", schedule("AC#1,GZZZ", "LFPG", "EGLL"));
+    writeFile("picture.png", "");
+    const auto drop = [this](const char* file) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(toQtPath(path(file)))});
+        auto& box = *combo("cmbAC").lineEdit(); // which would take a text
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent dropped(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&box, &enter);
+        QCoreApplication::sendEvent(&box, &dropped);
+        QCoreApplication::processEvents();
+    };
+    const std::string loses = "You will lose any changes if you do this. Are you sure?";
+    drop("other\\Flightplans.txt");
+    drop("picture.png");
+    EXPECT_EQ(label("lblHappened"), "Loaded " + path("other\\Flightplans.txt"));
+    form().workspace().unsavedchanges = true;
+    {
+        const Expectation boxes = answerBoxes({{loses, QMessageBox::No}});
+        drop("Flightplans.txt");
+    }
+    EXPECT_EQ(schedulecount, 1);
+    const std::string front = "1  Flightplans.txt   " + path("other\\") + "|";
+    const std::string second = "2  Flightplans.txt   " + path("");
+    const Expectation boxes = answerBoxes({{loses, QMessageBox::Yes}});
+    EXPECT_EQ(menuOf("cmdLoadFlightPlan", toQString("&" + second)), front + second + "|");
+    EXPECT_EQ(schedulecount, 4);
+    std::filesystem::remove_all(folder() / "other");
+    EXPECT_EQ(menuOf("cmdLoadFlightPlan", {}),
+              "1  Flightplans.txt   " + path("") + "|[2  Flightplans.txt   " + path("other\\") + "]|");
+}
+
 TEST_F(StatusAndActions, ContextMenusOfferWhatTheButtonsDo) {
     press("cmdListall");
     EXPECT_EQ(menuOf("List1", QStringLiteral("Select all")),
@@ -152,6 +217,9 @@ TEST_F(StatusAndActions, ContextMenusOfferWhatTheButtonsDo) {
     EXPECT_TRUE(
         menuOf("List3", QStringLiteral("Undo Delete 1 schedule")).starts_with("Undo Delete 1 schedule|[Redo]|"));
     EXPECT_FALSE(schedules.peek(2).deleted);
+    (void)menuOf("cmbAC", QStringLiteral("Fli&ghts"));
+    EXPECT_EQ(combo("cmbAC").text() + seen(), "AC#2 - \"Gone\"[2] 3 .||----++") << "of that row, and not of the box";
+    EXPECT_FALSE(combo("cmbAC").view()->isVisible());
 }
 
 } // namespace
