@@ -137,7 +137,7 @@ void Journal::record(std::int32_t row, const AircraftRec& before, const Aircraft
 
 void Journal::willStoreAll(const OneBased<AircraftRec>& before, const OneBased<AircraftRec>& after) {
     ++m_aircraftRevision;
-    if (after.size() == 0) {
+    if (after.size() == 0 && !m_replaying) { // an undo can lead back to an empty table
         clear();
     }
     if (!takes() || before == after) {

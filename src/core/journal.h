@@ -75,6 +75,7 @@ class Journal {
     /// All rows are about to become others; without any, a load begins.
     void willStoreAll(const OneBased<AircraftRec>& before, const OneBased<AircraftRec>& after);
     void willStoreAll(const OneBased<ScheduleRec>& /*before*/, const OneBased<ScheduleRec>& /*after*/) noexcept {
+        ++m_revision;
         clear();
     }
     void willStoreAll(const OneBased<AirportRec>& /*before*/, const OneBased<AirportRec>& /*after*/) noexcept {}
@@ -125,6 +126,8 @@ class Journal {
     [[nodiscard]] std::int64_t aircraftRevision() const noexcept { return m_aircraftRevision; }
     /// Whether a step is open, so that state() does not tell what was written in it yet.
     [[nodiscard]] bool isOpen() const noexcept { return m_depth > 0; }
+    /// Whether the open step has changed anything so far.
+    [[nodiscard]] bool openChanges() const noexcept { return m_open && !m_open->entries.empty(); }
     /// Bytes that all steps take.
     [[nodiscard]] std::size_t bytes() const noexcept { return m_bytes; }
 

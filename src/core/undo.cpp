@@ -26,7 +26,7 @@ void setCounts(const TableCounts& counts) {
 
 std::size_t tableBytes() {
     std::size_t sum = static_cast<std::size_t>(aircraft.size()) * sizeof(AircraftRec);
-    for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
+    for (std::int32_t recnum = 1; recnum <= std::min(schedulecount, schedules.RecordCount()); ++recnum) {
         sum += sizeof(ScheduleRec) + static_cast<std::size_t>(schedules.peek(recnum).legs.size()) * sizeof(LegRec);
     }
     return sum;

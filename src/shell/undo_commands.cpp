@@ -66,7 +66,7 @@ void UndoCommands::go(Procedure procedure, std::optional<StepRecords> (*way)(), 
 void UndoCommands::show(const StepRecords& changed) {
     if (changed.aircraft) {
         refill(*m_ui.cmbAC, aircraftRows(true));
-        m_ui.List3->setRows(checkmissing());
+        m_ui.List3->setRows(missingRows()); // a flag set here would be a change of its own
     }
     m_lists.refresh(0);
     std::vector<int> rows;

@@ -79,9 +79,10 @@ std::int32_t appendNewAircraft(const StandardTrap& trap, std::int32_t newcount) 
             break; // none of those behind would find a code either
         }
     }
-    aircraftcount = table.size();
+    const std::int32_t count = table.size();
     aircraft.replace(std::move(table));
-    return aircraftcount - before;
+    aircraftcount = count;
+    return count - before;
 }
 
 } // namespace

@@ -9,7 +9,11 @@
 
 namespace vantor {
 
-ListRows checkmissing() {
+namespace {
+
+// The rows of the missing aircraft; `visit` is called with the table's row of each.
+template <class Visit>
+ListRows listMissing(const Visit& visit) {
     const StandardTrap trap{"sub checkmissing", "modMissingAircraft"};
     std::unordered_set<std::string_view> titles;
     for (std::int32_t i = 1; i <= fsaircraftcount; ++i) {
@@ -18,17 +22,29 @@ ListRows checkmissing() {
     ListRows rows;
     for (std::int32_t i = 1; i <= aircraftcount; ++i) {
         trap([&] {
-            AircraftRec record = aircraft[i];
+            const AircraftRec& record = aircraft[i];
             if (!record.deleted && !titles.contains(record.title.raw())) {
                 rows.push_back({std::string(record.acnum.text()) + " - " + std::string(record.title.text()), 0});
-                if (!record.missing) {
-                    record.missing = true;
-                    aircraft.put(i, record);
-                }
+                visit(i);
             }
         });
     }
     return rows;
+}
+
+} // namespace
+
+ListRows checkmissing() {
+    return listMissing([](std::int32_t row) {
+        if (AircraftRec record = aircraft[row]; !record.missing) {
+            record.missing = true;
+            aircraft.put(row, record);
+        }
+    });
+}
+
+ListRows missingRows() {
+    return listMissing([](std::int32_t) {});
 }
 
 } // namespace vantor

@@ -11,4 +11,7 @@ namespace vantor {
 /// is never taken back.
 [[nodiscard]] ListRows checkmissing();
 
+/// The same rows, with the flags left as they are.
+[[nodiscard]] ListRows missingRows();
+
 } // namespace vantor

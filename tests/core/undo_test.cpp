@@ -123,6 +123,20 @@ TEST_F(Undo, BringsEachStateBackBitForBit) {
     EXPECT_FALSE(undo());
 }
 
+TEST_F(Undo, LeadsBackToAnEmptyTableOfAircraft) {
+    aircraft.replace({});
+    {
+        const Step step("Add 1 aircraft");
+        OneBased<AircraftRec> rows;
+        rows.resize(1);
+        aircraft.replace(rows);
+    }
+    ASSERT_TRUE(undo());
+    EXPECT_EQ(aircraft.size(), 0);
+    ASSERT_TRUE(redo());
+    EXPECT_EQ(aircraft.size(), 1);
+}
+
 TEST_F(Undo, KeepsNamesAndForgetsWhatCannotBeTakenBack) {
     const auto remove = [](std::string name, std::int32_t recnum) {
         const Step step("Delete");

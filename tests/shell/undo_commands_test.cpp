@@ -38,6 +38,11 @@ TEST_F(UndoCommandsTest, TakesSchedulesBackAndShowsThem) {
 }
 
 TEST_F(UndoCommandsTest, TakesAircraftBackWithTheirBoxes) {
+    for (std::int32_t row = 1; row <= aircraftcount; ++row) { // as behind a load that broke off
+        AircraftRec record = aircraft[row];
+        record.missing = false;
+        aircraft.put(row, record);
+    }
     const std::string missing = rowsOf(list("List3").rows());
     const std::string offered = rowsOf(combo("cmbAC").rows());
     combo("cmbAC").setText("AC#5 - \"Lost\"");
