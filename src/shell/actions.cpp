@@ -4,6 +4,7 @@
 #include "core/tables.h"
 #include "core/undo.h"
 #include "foundation/host.h"
+#include "foundation/text.h"
 #include "platform/code_page.h"
 #include "schedule/list_rows.h"
 #include "shell/command_runner.h"
@@ -198,6 +199,15 @@ void Actions::openManual() {
     });
 }
 
+namespace {
+
+// The schedule that a row leads to; null where there is none.
+const ScheduleRec* scheduleAt(std::int32_t recnum) {
+    return recnum >= 1 && recnum <= schedules.RecordCount() ? &schedules.peek(recnum) : nullptr;
+}
+
+} // namespace
+
 void Actions::offerMenu(ListBox& list, const QPoint& place) {
     QMenu menu(&m_window);
     menu.setObjectName(QStringLiteral("contextMenu"));
@@ -207,13 +217,19 @@ void Actions::offerMenu(ListBox& list, const QPoint& place) {
         addButtons(menu,
                    {m_ui.cmdAddSchedule, m_ui.cmdEditSchedule, m_ui.cmdCopy, m_ui.cmdDeleteSchedule, m_ui.cmdSwapAC});
         const ScheduleListRow kind = kindOfRow(id, list.currentText());
-        const std::string code = extractcode(list.currentText());
-        addFlights(menu, kind == ScheduleListRow::schedule || kind == ScheduleListRow::aircraftRow ? code : "",
-                   kind == ScheduleListRow::airportRow ? code : "");
+        if (const ScheduleRec* const schedule = scheduleAt(id); kind == ScheduleListRow::schedule && schedule) {
+            addFlights(menu, upper(schedule->acnum.text()), ""); // its row may begin with a mark
+        } else if (kind == ScheduleListRow::aircraftRow || kind == ScheduleListRow::airportRow) {
+            const std::string code = extractcode(list.currentText());
+            const bool ofAirport = kind == ScheduleListRow::airportRow;
+            addFlights(menu, ofAirport ? "" : code, ofAirport ? code : "");
+        }
     } else if (&list == m_ui.List2) {
         addButtons(menu, {m_ui.cmdEditLeg, m_ui.cmdDeleteLeg, m_ui.cmdPrint});
-        if (const LegId leg = extractindexes(id).value_or(LegId{}); leg) {
-            const LegRec& flight = schedules.peek(leg.recnum).legs[leg.leg];
+        // A row can lead to a leg that is not there, as after a leg ahead of it was deleted in the editor.
+        const LegId leg = extractindexes(id).value_or(LegId{});
+        if (const ScheduleRec* const schedule = scheduleAt(leg.recnum); schedule && schedule->legs.has(leg.leg)) {
+            const LegRec& flight = schedule->legs[leg.leg];
             addFlights(menu, "", flight.fromicao.text());
             addFlights(menu, "", flight.toicao.text());
         }
