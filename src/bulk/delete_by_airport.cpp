@@ -3,6 +3,8 @@
 #include "core/schedule_walk.h"
 #include "foundation/text.h"
 
+#include <algorithm>
+
 namespace vantor {
 
 namespace {
@@ -21,7 +23,8 @@ Match matchOf(const LegRec& leg, std::string_view pattern) {
     return leg.fromicao.text().starts_with(pattern) ? Match::Origin : Match::None;
 }
 
-// Marks the legs that match and repairs their neighbours. The repair of leg 1 changes the last leg before its turn.
+// Marks the legs that match, counts them, and repairs their neighbours. The repair of leg 1 changes the last leg before
+// its turn.
 std::int32_t deleteMatchingLegs(ScheduleRec& schedule, std::string_view pattern) {
     std::int32_t matched = 0;
     for (std::int32_t i = 1; i <= schedule.legcount; ++i) {
@@ -40,15 +43,17 @@ std::int32_t deleteMatchingLegs(ScheduleRec& schedule, std::string_view pattern)
 }
 
 // Legs that the repair turned into a flight from a place to itself go as well.
-std::int32_t deleteStandingLegs(ScheduleRec& schedule) {
-    std::int32_t standing = 0;
+void deleteStandingLegs(ScheduleRec& schedule) {
     for (LegRec& leg : schedule.flown()) {
         if (leg.toicao.text() == leg.fromicao.text()) {
-            standing += leg.deleted ? 0 : 1;
             leg.deleted = true;
         }
     }
-    return standing;
+}
+
+std::int32_t deletedLegs(const ScheduleRec& schedule) {
+    return static_cast<std::int32_t>(
+        std::ranges::count_if(schedule.flown(), [](const LegRec& leg) { return static_cast<bool>(leg.deleted); }));
 }
 
 } // namespace
@@ -69,8 +74,8 @@ AirportDeletionCounts deleteByAirport(const StandardTrap& trap, std::string_view
         changeSchedules(
             trap, schedulecount, [](const ScheduleRec&) { return true; },
             [&](ScheduleRec& schedule) {
+                counts.schedules += schedule.recnum != 0 && !schedule.deleted ? 1 : 0;
                 schedule.deleted = true;
-                ++counts.schedules;
             });
         return counts;
     }
@@ -80,12 +85,13 @@ AirportDeletionCounts deleteByAirport(const StandardTrap& trap, std::string_view
             return anyLeg(schedule, [&](const LegRec& leg) { return matchOf(leg, pattern) != Match::None; });
         },
         [&](ScheduleRec& schedule) {
-            const std::int32_t matched = deleteMatchingLegs(schedule, pattern);
-            if (matched == schedule.legcount) {
+            const std::int32_t goneBefore = deletedLegs(schedule);
+            if (deleteMatchingLegs(schedule, pattern) == schedule.legcount) {
+                counts.schedules += schedule.deleted ? 0 : 1;
                 schedule.deleted = true;
-                ++counts.schedules;
             } else {
-                counts.legs += matched + deleteStandingLegs(schedule);
+                deleteStandingLegs(schedule);
+                counts.legs += deletedLegs(schedule) - goneBefore;
             }
         });
     return counts;

@@ -2,11 +2,14 @@
 
 #include "foundation/clock.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vantor {
 
 namespace {
+
+constexpr std::string_view debugMark = "DBG: ";
 
 std::string described(std::string_view text, std::string_view procedure, std::string_view module) {
     std::string result(text);
@@ -53,11 +56,23 @@ void logaction(std::string_view text, std::string_view procedure, std::string_vi
 }
 
 void logdebug(std::string_view text, std::string_view procedure, std::string_view module) {
-    actionRing().put(described(std::string("DBG: ").append(text), procedure, module), false);
+    actionRing().put(described(std::string(debugMark).append(text), procedure, module), false);
 }
 
 std::int64_t actionCount() {
     return actionRing().count();
+}
+
+std::string faultSince(std::int64_t count) {
+    const ActionRing& ring = actionRing();
+    int place = ring.newest();
+    for (std::int64_t behind = std::min<std::int64_t>(ring.count() - count, recentActions); behind > 0; --behind) {
+        if (const std::string& text = ring.at(place).text; !text.starts_with(debugMark)) {
+            return text;
+        }
+        place = place == 1 ? recentActions : place - 1;
+    }
+    return {};
 }
 
 } // namespace vantor

@@ -52,5 +52,7 @@ void logaction(std::string_view text, std::string_view procedure, std::string_vi
 void logdebug(std::string_view text, std::string_view procedure, std::string_view module);
 /// How many entries the ring has taken: two equal counts tell that nothing failed in between.
 [[nodiscard]] std::int64_t actionCount();
+/// The newest entry that is no debug note among those that came behind the first `count`; empty for none.
+[[nodiscard]] std::string faultSince(std::int64_t count);
 
 } // namespace vantor

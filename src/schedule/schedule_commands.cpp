@@ -58,13 +58,17 @@ void copyschedule(const StandardTrap& trap, std::int32_t recnum) noexcept {
     addschedule(trap, schedule);
 }
 
-void deleteschedbyrecnum(std::int32_t recnum) noexcept {
+std::optional<bool> deleteschedbyrecnum(std::int32_t recnum) noexcept {
     const StandardTrap trap{"sub deleteschedbyrecnum", deleteModule};
+    std::optional<bool> deleted;
     trap([&] {
         ScheduleRec schedule = schedules.HashGetSlot(recnum);
-        schedule.deleted = !schedule.deleted;
+        const bool goes = !schedule.deleted;
+        schedule.deleted = goes;
         schedules.HashPutSlot(recnum, std::move(schedule));
+        deleted = goes;
     });
+    return deleted;
 }
 
 void deleteschedbyac(std::string_view acnum) noexcept {
@@ -76,12 +80,16 @@ void deleteschedbyac(std::string_view acnum) noexcept {
         [](ScheduleRec& schedule) { schedule.deleted = true; });
 }
 
-void toggleleg(const StandardTrap& trap, LegId id, ScheduleRec& touched) noexcept {
+std::optional<bool> toggleleg(const StandardTrap& trap, LegId id, ScheduleRec& touched) noexcept {
+    std::optional<bool> deleted;
     trap([&] { // one trap for all steps: what could not be read must not be written
         touched = schedules.HashGetSlot(id.recnum);
-        touched.legs[id.leg].deleted = !touched.legs[id.leg].deleted;
+        const bool goes = !touched.legs[id.leg].deleted;
+        touched.legs[id.leg].deleted = goes;
         schedules.HashPutSlot(id.recnum, touched);
+        deleted = goes;
     });
+    return deleted;
 }
 
 } // namespace vantor

@@ -6,6 +6,7 @@
 #include "foundation/trap.h"
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace vantor {
@@ -19,13 +20,13 @@ void addschedule(const StandardTrap& trap, const ScheduleRec& schedule) noexcept
 /// Adds a copy of schedule `recnum` under the next number. Its legs keep the hashindex of the source.
 void copyschedule(const StandardTrap& trap, std::int32_t recnum) noexcept;
 
-/// Deletes or undeletes a schedule.
-void deleteschedbyrecnum(std::int32_t recnum) noexcept;
+/// Deletes or undeletes a schedule. Whether it is deleted now; nothing after a fault.
+std::optional<bool> deleteschedbyrecnum(std::int32_t recnum) noexcept;
 /// Marks all schedules of an aircraft (a row or code) as deleted; it sets and does not toggle.
 void deleteschedbyac(std::string_view acnum) noexcept;
 
-/// Deletes or undeletes one leg. `touched` becomes the schedule it belongs to. A leg that does not exist is a fault in
-/// the ring.
-void toggleleg(const StandardTrap& trap, LegId id, ScheduleRec& touched) noexcept;
+/// Deletes or undeletes one leg. `touched` becomes the schedule it belongs to. Whether the leg is deleted now; nothing,
+/// and a fault in the ring, for a leg that does not exist.
+std::optional<bool> toggleleg(const StandardTrap& trap, LegId id, ScheduleRec& touched) noexcept;
 
 } // namespace vantor

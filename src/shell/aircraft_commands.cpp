@@ -96,6 +96,9 @@ std::string AircraftCommands::addFromSimulator(const StandardTrap& trap) {
         trap(&AircraftCommands::refillAircraft, this);
     }
     m_ui.cmbAC->setCurrentRow(0);
+    if (result.found == 0) {
+        return {};
+    }
     const std::string did = "Add " + counted(result.added, "aircraft", "aircraft");
     return result.added == result.found
                ? did
@@ -114,6 +117,7 @@ std::string AircraftCommands::deleteChosen(const StandardTrap& trap) {
     deleteschedbyac(text);
     trap(&AircraftCommands::refillAircraft, this);
     m_lists.clear();
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
     return "Delete " + extractcode(text);
 }
 

@@ -1,5 +1,7 @@
 #include "shell/command_runner.h"
 
+#include "foundation/action_ring.h"
+
 #include <utility>
 
 namespace vantor {
@@ -24,10 +26,11 @@ bool CommandRunner::run(Procedure procedure, const Command& command) {
     const Running running(*this);
     ++m_begun;
     const StandardTrap trap{procedure};
+    const std::int64_t actions = actionCount();
     std::string did;
     trap([&] { did = command(trap); });
     if (ended) {
-        trap(ended, did);
+        trap([&] { ended(did, faultSince(actions)); });
     }
     return true;
 }

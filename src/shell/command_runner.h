@@ -38,8 +38,8 @@ class CommandRunner {
         CommandRunner& m_runner;
     };
 
-    /// Called at the end of each command with what it did.
-    std::function<void(const std::string& did)> ended;
+    /// Called at the end of each command with what it did, and the fault that it met last; each may be empty.
+    std::function<void(const std::string& did, const std::string& fault)> ended;
 
     /// Whether a command runs.
     [[nodiscard]] bool busy() const noexcept { return m_running > 0; }

@@ -77,9 +77,9 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
 frmMain::~frmMain() = default;
 
 void frmMain::connectStatus() {
-    m_runner.ended = [this](const std::string& did) {
-        if (std::exchange(m_actionsTold, actionCount()) != actionCount()) {
-            m_status->tellFault(actionRing().at(actionRing().newest()).text);
+    m_runner.ended = [this](const std::string& did, const std::string& fault) {
+        if (!fault.empty()) {
+            m_status->tellFault(fault);
         } else if (!did.empty()) {
             m_status->tell(did);
         }

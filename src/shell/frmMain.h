@@ -85,7 +85,6 @@ class frmMain : public QMainWindow, public Life {
     std::unique_ptr<UndoCommands> m_undo;
     std::unique_ptr<ExplorerWindow> m_explorer;
     std::unique_ptr<Actions> m_actions;
-    std::int64_t m_actionsTold = 0; // entries of the ring that the status line has seen
     bool m_opened = false;
     bool m_ended = false;
 };

@@ -31,10 +31,10 @@ class FocusBack {
     ListBox* m_list;
 };
 
-// "Delete 2 legs and undelete 1"
+// "Delete 2 legs and undelete 1"; empty for none.
 std::string toggledText(std::int32_t gone, std::int32_t back, std::string_view noun) {
     if (back == 0) {
-        return "Delete " + counted(gone, noun);
+        return gone == 0 ? std::string() : "Delete " + counted(gone, noun);
     }
     return gone == 0 ? "Undelete " + counted(back, noun)
                      : "Delete " + counted(gone, noun) + " and undelete " + std::to_string(back);
@@ -134,8 +134,9 @@ std::string ScheduleCommands::toggleSelected(const StandardTrap& trap) {
     for (int row = 0; row < m_ui.List1->rowCount(); ++row) {
         const std::int32_t id = m_ui.List1->itemData(row);
         if (m_ui.List1->isRowSelected(row) && id != 0) {
-            deleteschedbyrecnum(id);
-            trap([&] { ++(schedules.peek(id).deleted ? gone : back); });
+            if (const std::optional<bool> deleted = deleteschedbyrecnum(id)) {
+                ++(*deleted ? gone : back);
+            }
         }
     }
     m_workspace.unsavedchanges = true; // even when no row counted
@@ -186,8 +187,9 @@ std::string ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
         id = extractindexes(m_ui.List2->currentItemData()).value_or(id);
         if (id) {
             m_workspace.unsavedchanges = true;
-            toggleleg(trap, id, touched);
-            trap([&] { ++(schedules.peek(id.recnum).legs[id.leg].deleted ? gone : back); });
+            if (const std::optional<bool> deleted = toggleleg(trap, id, touched)) {
+                ++(*deleted ? gone : back);
+            }
         }
     }
     if (const std::int32_t recnum = m_ui.List1->currentItemData(); recnum != 0) {

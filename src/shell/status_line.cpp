@@ -85,7 +85,8 @@ void StatusLine::tell(const std::string& text) {
 void StatusLine::tellFault(const std::string& action) {
     m_fault = true;
     m_happened->setCursor(Qt::PointingHandCursor);
-    m_happened->setPath(toQString(action.substr(0, action.rfind(") in ")) + ")"));
+    const std::size_t end = action.rfind(") in "); // behind it stands where it happened
+    m_happened->setPath(toQString(end == std::string::npos ? action : action.substr(0, end + 1)));
     m_happened->setToolTip(toQString(action).toHtmlEscaped() + QStringLiteral("<br>A click opens the log."));
 }
 

@@ -5,6 +5,7 @@
 #include "bulk/delete_by_airport.h"
 #include "bulk/flight_level.h"
 #include "core/codes.h"
+#include "core/journal.h"
 #include "foundation/busy_pointer.h"
 #include "platform/code_page.h"
 #include "shell/command_runner.h"
@@ -80,7 +81,10 @@ std::string UtilityCommands::finish(const BulkOutcome& outcome, const std::strin
     if (outcome.clearsLists) {
         m_lists.clear();
     }
-    return outcome.setsUnsaved ? did : std::string();
+    if (!outcome.setsUnsaved) {
+        return {};
+    }
+    return journal().openChanges() ? did : outcome.message; // the flag is set also where nothing matched
 }
 
 std::string UtilityCommands::changeLevel(const StandardTrap& trap) {

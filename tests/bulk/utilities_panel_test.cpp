@@ -20,6 +20,10 @@ TEST_F(UtilitiesPanel, EachChangeTellsItsCountAndMarksTheFlag) {
           {"txtNewFL=350"},
           {"cmdChangeFL", "*" + all, {{"Updated 2 legs."}}}});
     EXPECT_EQ(box("txtICAO1") + box("txtICAO2"), "EGLLLFPG");
+    auto& happened = control<QLabel>(form(), "lblHappened");
+    EXPECT_EQ(happened.text(), QStringLiteral("Flight level 350 from EGLL to LFPG"));
+    play({{"txtICAO1=eddf"}, {"cmdChangeFL", "*" + all, {{"Couldn't find any legs from EDDF to LFPG"}}}});
+    EXPECT_EQ(happened.text(), QStringLiteral("Couldn't find any legs from EDDF to LFPG"));
     form().workspace().unsavedchanges = false;
     play({{"optATCPercent"},
           {"txtATCAircraft=ac#2 "},

@@ -5,6 +5,7 @@
 #include "platform/code_page.h"
 #include "platform/colours.h"
 #include "support/main_window.h"
+#include "support/traffic.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -92,7 +93,7 @@ TEST_F(StatusAndActions, TheLineTellsWhatHappenedAndWhatIsLoaded) {
                  {"optDelByIcao", "Delete 2 schedules"},
                  {"txtDelByICAO=egll", "Delete 2 schedules"},
                  {"cmdDeleteByICAO",
-                  "Delete by ICAO EGLL: 4 schedules, 0 legs",
+                  "Delete by ICAO EGLL: 3 schedules, 0 legs",
                   {{"About to delete all flights matching 'EGLL'.  Are you sure?", QMessageBox::Yes}}},
                  {"optFS2k4", "Mode FS2004"}};
     for (const auto& step : steps) {
@@ -128,6 +129,12 @@ TEST_F(StatusAndActions, AFaultIsToldAndItsClickOpensTheLog) {
     click(happened);
     EXPECT_EQ(recorder.viewedFiles, std::vector<std::string>{path("log.txt")});
     EXPECT_EQ(logTexts().back(), "End of actions list") << "the fault is in it";
+    logdebug("A note", "", "");
+    logaction("A fault of another moment(9)", "", "");
+    press("cmdListall");
+    act("List1:1");
+    press("cmdDeleteSchedule");
+    EXPECT_EQ(label("lblHappened"), "Delete 1 schedule");
 }
 
 TEST_F(StatusAndActions, KeysGoWhereTheHandExpects) {
@@ -220,6 +227,16 @@ TEST_F(StatusAndActions, ContextMenusOfferWhatTheButtonsDo) {
     (void)menuOf("cmbAC", QStringLiteral("Fli&ghts"));
     EXPECT_EQ(combo("cmbAC").text() + seen(), "AC#2 - \"Gone\"[2] 3 .||----++") << "of that row, and not of the box";
     EXPECT_FALSE(combo("cmbAC").view()->isVisible());
+    changeSchedule(2, [](ScheduleRec& schedule) { // as the editor leaves it when leg 1 is deleted there
+        schedule.legs.erase(1);
+        schedule.legcount = 1;
+    });
+    press("cmdListall");
+    act("List1:1");
+    EXPECT_EQ(menuOf("List2", QStringLiteral("-")), "[Undo]|[Redo]|Edit|Delete|[Print]|Copy text|Select all|")
+        << "the row leads to no leg";
+    press("cmdDeleteSchedule");
+    EXPECT_NE(menuOf("List1", QStringLiteral("-")).find("|Flights of AC#2|"), std::string::npos);
 }
 
 } // namespace
