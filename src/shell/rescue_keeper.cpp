@@ -187,13 +187,12 @@ void RescueKeeper::slice() noexcept {
     if (m_loading || host().pumping()) {
         return;
     }
-    if (step()) {
+    if (step() != Went::On) {
         m_slices.stop();
     }
 }
 
-// True when the copy stands, or can't be written.
-bool RescueKeeper::step() {
+RescueKeeper::Went RescueKeeper::step() {
     const StandardTrap trap{"keepcopy", module};
     bool done = false;
     const bool well = trap([&] {
@@ -211,7 +210,10 @@ bool RescueKeeper::step() {
         m_offer->flightplans += ".1"; // the copy of others stepped aside
         m_offer->aircraft += ".1";
     }
-    return done || !well;
+    if (!well) {
+        return Went::Failed;
+    }
+    return done ? Went::Done : Went::On;
 }
 
 void RescueKeeper::keepNow() noexcept {
@@ -224,7 +226,8 @@ void RescueKeeper::keepNow() noexcept {
     if (!wanted) {
         dropNeedless();
     }
-    while (wanted && journal().revision() != m_kept && !step()) {
+    // The copy that was under way may lack the latest changes: then another follows.
+    while (wanted && journal().revision() != m_kept && step() != Went::Failed) {
     }
     m_slices.stop();
 }

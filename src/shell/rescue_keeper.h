@@ -90,7 +90,8 @@ class RescueKeeper : public QObject {
     void takePlaces();
     void look();
     void slice() noexcept;
-    [[nodiscard]] bool step();
+    enum class Went { On, Done, Failed };
+    [[nodiscard]] Went step();
     [[nodiscard]] bool flightplansPending() const noexcept;
     [[nodiscard]] bool aircraftPending() const;
     [[nodiscard]] RescueNote note() const;

@@ -113,7 +113,9 @@ bool UpdateCommands::restartForInstall() noexcept {
     stop();
     WriteTextFile(programFolder() + "\\updater.ini", setupName);
     trap([&] { host().startProgram(installer, fromQString(m_window.windowTitle())); });
-    m_life.giveUpChanges();
+    if (m_workspace.unsavedchanges) { // only then was the user asked; the exit keeps what else was changed
+        m_life.giveUpChanges();
+    }
     m_life.exitprog();
     return true;
 }
