@@ -63,7 +63,7 @@ std::uint64_t hashOf(const ScheduleRec& schedule) {
     mix(hash, schedule.percent);
     mix(hash, schedule.period);
     mix(hash, schedule.rules);
-    for (const LegRec& leg : schedule.legs) {
+    for (const LegRec& leg : numberedLegs(schedule)) {
         if (!leg.deleted) {
             mix(hash, leg.dep);
             mix(hash, leg.toicao);
@@ -87,7 +87,7 @@ bool sameContent(const ScheduleRec& a, const ScheduleRec& b) {
     }
     const auto flown = [](const ScheduleRec& schedule) {
         std::vector<const LegRec*> legs;
-        for (const LegRec& leg : schedule.legs) {
+        for (const LegRec& leg : numberedLegs(schedule)) {
             if (!leg.deleted) {
                 legs.push_back(&leg);
             }
@@ -159,7 +159,7 @@ void Checks::add(CheckKind kind, LegId where, std::int32_t detail) {
 
 void Checks::lookAt(std::int32_t recnum, const ScheduleRec& schedule) {
     lookAtHeader(recnum, schedule);
-    if (schedule.legs.size() == 0) {
+    if (numberedLegs(schedule).empty()) {
         add(CheckKind::NoLegs, {recnum, 0});
         return;
     }
@@ -203,8 +203,9 @@ void Checks::lookAtLegs(std::int32_t recnum, const ScheduleRec& schedule) {
         add(CheckKind::MissingAircraft, {recnum, 0});
     }
     m_flown.clear();
-    for (std::int32_t number = 1; number <= schedule.legs.size(); ++number) {
-        const LegRec& leg = schedule.legs[number];
+    std::int32_t number = 0;
+    for (const LegRec& leg : numberedLegs(schedule)) {
+        ++number;
         if (leg.deleted) {
             continue;
         }

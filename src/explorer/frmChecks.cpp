@@ -36,7 +36,7 @@ bool leaves(LegMatcher& matcher, LegNumber where) {
     if (const LegRec* const leg = legOf(*schedule, where)) {
         return matcher.matches(recnum, *schedule, *leg);
     }
-    return matcher.matches(recnum, *schedule) || std::ranges::any_of(schedule->legs, [&](const LegRec& leg) {
+    return matcher.matches(recnum, *schedule) || std::ranges::any_of(numberedLegs(*schedule), [&](const LegRec& leg) {
                return matcher.matches(recnum, *schedule, leg);
            });
 }

@@ -64,14 +64,15 @@ void LegIndex::lookAtSchedule(std::int32_t recnum) {
         return;
     }
     const std::size_t before = m_legs.size();
-    const std::int32_t count = std::min(schedule->legs.size(), mostLegsNumbered);
-    for (std::int32_t leg = 1; leg <= count; ++leg) {
-        if (m_matcher.matches(recnum, *schedule, schedule->legs[leg])) {
-            m_legs.push_back(legNumber({recnum, leg}));
+    LegId id{recnum, 0};
+    for (const LegRec& leg : numberedLegs(*schedule)) {
+        ++id.leg;
+        if (m_matcher.matches(recnum, *schedule, leg)) {
+            m_legs.push_back(legNumber(id));
         }
     }
     if (m_kind == RowKind::Schedules &&
-        (m_legs.size() > before || (count == 0 && m_matcher.matches(recnum, *schedule)))) {
+        (m_legs.size() > before || (id.leg == 0 && m_matcher.matches(recnum, *schedule)))) {
         m_schedules.push_back(own);
     }
 }

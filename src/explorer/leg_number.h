@@ -5,7 +5,9 @@
 #include "core/records.h"
 #include "core/tables.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <span>
 
 namespace vantor {
 
@@ -34,6 +36,11 @@ inline constexpr std::int32_t mostSchedulesNumbered = (1 << 22) - 1;
     }
     const ScheduleRec& schedule = schedules.peek(recnum);
     return schedule.recnum != 0 ? &schedule : nullptr; // lines that the reader dropped leave blank records
+}
+
+/// The legs that have a number. Blank ones that stand behind those that count are not among them.
+[[nodiscard]] inline std::span<const LegRec> numberedLegs(const ScheduleRec& schedule) {
+    return schedule.legs.first(std::min({std::int32_t{schedule.legcount}, schedule.legs.size(), mostLegsNumbered}));
 }
 
 /// The leg of a number in place, null when the tables have none (any more), and for a schedule.

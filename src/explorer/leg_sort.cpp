@@ -140,13 +140,14 @@ class ColumnKeys {
         if (m_column == LegColumn::Flight) {
             return keyOf(schedule.legcount);
         }
-        if (schedule.legs.size() == 0) {
+        const std::span<const LegRec> legs = numberedLegs(schedule);
+        if (legs.empty()) {
             return noValue;
         }
         std::uint64_t days = 0;
         double miles = 0;
-        std::int16_t level = schedule.legs[1].flightlevel;
-        for (const LegRec& leg : schedule.legs) {
+        std::int16_t level = legs.front().flightlevel;
+        for (const LegRec& leg : legs) {
             days |=
                 schedule.weekly && leg.depday >= 0 && leg.depday <= 6 ? 64ULL >> static_cast<unsigned>(leg.depday) : 0;
             miles += static_cast<double>(leg.distance);
@@ -160,9 +161,9 @@ class ColumnKeys {
         case LegColumn::Level:
             return keyOf(level);
         case LegColumn::Arrival:
-            return ofLeg(schedule, schedule.legs[schedule.legs.size()]);
+            return ofLeg(schedule, legs.back());
         default:
-            return ofLeg(schedule, schedule.legs[1]);
+            return ofLeg(schedule, legs.front());
         }
     }
 
@@ -176,7 +177,7 @@ class ColumnKeys {
                           : row_state::unknownAirport;
         };
         if (folded) {
-            std::ranges::for_each(schedule.legs, addAirports);
+            std::ranges::for_each(numberedLegs(schedule), addAirports);
         } else if (leg != nullptr) {
             addAirports(*leg);
         }
@@ -209,9 +210,10 @@ void eachRow(RowKind kind, const Visit& visit) {
             visit(*schedule, nullptr, legNumber({recnum, 0}));
             continue;
         }
-        const std::int32_t legs = std::min(schedule->legs.size(), mostLegsNumbered);
-        for (std::int32_t leg = 1; leg <= legs; ++leg) {
-            visit(*schedule, &schedule->legs[leg], legNumber({recnum, leg}));
+        LegId id{recnum, 0};
+        for (const LegRec& leg : numberedLegs(*schedule)) {
+            ++id.leg;
+            visit(*schedule, &leg, legNumber(id));
         }
     }
 }

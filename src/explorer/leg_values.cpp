@@ -86,7 +86,7 @@ std::string legText(const ScheduleRec& schedule, const LegRec& leg, LegColumn co
 
 std::string airportsText(const ScheduleRec& schedule) {
     std::string text;
-    for (const LegRec& leg : schedule.legs) {
+    for (const LegRec& leg : numberedLegs(schedule)) {
         text.append(text.empty() ? "" : " ").append(leg.toicao.text());
     }
     return text;
@@ -94,7 +94,7 @@ std::string airportsText(const ScheduleRec& schedule) {
 
 std::string daysText(const ScheduleRec& schedule) {
     std::array<bool, 7> days{};
-    for (const LegRec& leg : schedule.legs) {
+    for (const LegRec& leg : numberedLegs(schedule)) {
         if (schedule.weekly && leg.depday >= 0 && leg.depday <= 6) {
             days.at(static_cast<std::size_t>(leg.depday)) = true;
         }
@@ -114,33 +114,33 @@ std::string foldedText(const ScheduleRec& schedule, LegColumn column) {
     }
     if (column == LegColumn::Status) {
         unsigned states = recordStates(schedule, nullptr) | aircraftStates(schedule.acnum.text());
-        for (const LegRec& leg : schedule.legs) {
+        for (const LegRec& leg : numberedLegs(schedule)) {
             states |= airportStates(leg);
         }
         return statesText(states);
     }
-    if (schedule.legs.size() == 0) {
+    const std::span<const LegRec> legs = numberedLegs(schedule);
+    if (legs.empty()) {
         return scheduleText(schedule, column);
     }
-    const LegRec& first = schedule.legs[1];
     switch (column) {
     case LegColumn::To:
         return airportsText(schedule);
     case LegColumn::Arrival:
-        return timeText(schedule.legs[schedule.legs.size()].arr);
+        return timeText(legs.back().arr);
     case LegColumn::Days:
         return daysText(schedule);
     case LegColumn::Distance: {
         double sum = 0;
-        for (const LegRec& leg : schedule.legs) {
+        for (const LegRec& leg : numberedLegs(schedule)) {
             sum += static_cast<double>(leg.distance);
         }
         return generalNumber(sum);
     }
     case LegColumn::Level:
-        return std::to_string(std::ranges::max(schedule.legs, {}, &LegRec::flightlevel).flightlevel);
+        return std::to_string(std::ranges::max(legs, {}, &LegRec::flightlevel).flightlevel);
     default:
-        return legText(schedule, first, column);
+        return legText(schedule, legs.front(), column);
     }
 }
 
