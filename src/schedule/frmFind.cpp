@@ -20,7 +20,7 @@ constexpr std::string_view module = "frmFind";
 
 void findstring(ComboBox& combo, QWidget* parent) noexcept {
     const StandardTrap trap{"sub findstring", "modFindString"};
-    trap([&] {
+    trap([&] { // one trap for all steps: without its rows there is nothing to ask
         frmFind form(combo, parent);
         trap(&frmFind::exec, &form);
         if (const std::optional<int> row = form.found()) {

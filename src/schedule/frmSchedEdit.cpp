@@ -51,7 +51,7 @@ std::optional<ScheduleRec> editSchedule(QWidget* parent, const ScheduleRec& reco
                                         int startRow) noexcept {
     const StandardTrap trap{"function editschedule", module};
     std::optional<ScheduleRec> edited;
-    trap([&] {
+    trap([&] { // one trap for all steps: an editor that holds no schedule must not be shown
         trap(busymouse);
         frmSchedEdit editor(parent, record, std::move(rows), startRow);
         trap(normalmouse);

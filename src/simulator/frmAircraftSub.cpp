@@ -1,5 +1,6 @@
 #include "simulator/frmAircraftSub.h"
 
+#include "foundation/busy_pointer.h"
 #include "foundation/host.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
@@ -21,8 +22,10 @@ constexpr std::string_view module = "frmAircraftSub";
 std::optional<ChosenAircraft> chooseAircraft(QWidget* parent, std::string_view current, ListRows rows) noexcept {
     const StandardTrap trap{"sub getsub", module};
     std::optional<ChosenAircraft> chosen;
-    trap([&] {
+    trap([&] { // one trap for all steps: without its rows there is nothing to ask
+        auto busy = std::make_optional<BusyPointer>(trap);
         frmAircraftSub dialog(parent, current, std::move(rows));
+        busy.reset();
         trap(&frmAircraftSub::exec, &dialog);
         chosen = dialog.chosen();
     });
