@@ -131,6 +131,7 @@ bool linkBackup(const std::filesystem::path& target) {
         std::filesystem::remove(link, failure);
         throw std::filesystem::filesystem_error("backup", why);
     }
+    std::filesystem::remove(link, failure); // renaming one name of a file to another of its names does nothing
     return true;
 }
 
