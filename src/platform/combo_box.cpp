@@ -55,6 +55,10 @@ void passOn(const QMouseEvent& press) {
         QCoreApplication::postEvent(
             below, new QMouseEvent(type, place, press.globalPosition(), press.button(), held, press.modifiers()));
     }
+    if (press.button() == Qt::RightButton) { // this too comes of the system's own events alone
+        QCoreApplication::postEvent(below, new QContextMenuEvent(QContextMenuEvent::Mouse, place.toPoint(),
+                                                                 press.globalPosition().toPoint(), press.modifiers()));
+    }
 }
 
 } // namespace

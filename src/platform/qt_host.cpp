@@ -62,6 +62,8 @@ class InputDropper : public QObject {
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
         case QEvent::Wheel:
+        case QEvent::ContextMenu: // its menu would wait for keys that are swallowed
+        case QEvent::Drop:
         case QEvent::TouchBegin:
         case QEvent::TouchUpdate:
         case QEvent::TouchEnd:

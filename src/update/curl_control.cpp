@@ -320,6 +320,10 @@ void CurlControl::turn() {
 }
 
 void CurlControl::countSeconds() {
+    if (m_question) { // nothing is asked of the server yet
+        m_ticker.restart();
+        return;
+    }
     if (!m_running || !m_awaitsResponse || m_requestTimeout <= 0 || !m_ticker.ticked()) {
         return;
     }
