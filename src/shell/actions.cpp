@@ -13,7 +13,7 @@
 #include "shell/status_line.h"
 #include "shell/undo_commands.h"
 #include "shell/view_commands.h"
-#include "ui_frmMain.h"
+#include "shell/window_boxes.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -72,10 +72,10 @@ class KeysEverywhere : public QObject {
 
 } // namespace
 
-Actions::Actions(QWidget& window, Ui::frmMain& ui, CommandRunner& runner, Lists& lists, ViewCommands& views,
+Actions::Actions(QWidget& window, WindowBoxes& boxes, CommandRunner& runner, Lists& lists, ViewCommands& views,
                  UndoCommands& undo, StatusLine& status)
-    : m_window(window), m_ui(ui), m_runner(runner), m_lists(lists), m_views(views), m_undo(undo), m_status(status),
-      m_everywhere(std::make_unique<KeysEverywhere>([this] { openManual(); })) {
+    : m_window(window), m_boxes(boxes), m_runner(runner), m_lists(lists), m_views(views), m_undo(undo),
+      m_status(status), m_everywhere(std::make_unique<KeysEverywhere>([this] { openManual(); })) {
     connectKeys();
     connectLists();
     connectBoxes();
@@ -83,27 +83,27 @@ Actions::Actions(QWidget& window, Ui::frmMain& ui, CommandRunner& runner, Lists&
 
 std::vector<Actions::KeyAction> Actions::keyTable() {
     const auto focus = [](QWidget* widget) { return [widget] { widget->setFocus(Qt::ShortcutFocusReason); }; };
-    const auto find = [this] { (m_airportLast ? m_ui.cmdFind1 : m_ui.cmdFind0)->click(); };
+    const auto find = [this] { (m_airportLast ? m_boxes.airport.cmdFind1 : m_boxes.aircraft.cmdFind0)->click(); };
     const auto row = [](ListBox* list) { return [list] { clickCurrent(*list); }; };
-    return {{Qt::Key_F5, nullptr, m_ui.cmdReload, {}},
-            {Qt::CTRL | Qt::Key_S, nullptr, m_ui.cmdSaveFlights, {}},
-            {Qt::CTRL | Qt::SHIFT | Qt::Key_S, nullptr, m_ui.cmdSaveAircraft, {}},
-            {Qt::CTRL | Qt::Key_L, nullptr, m_ui.cmdListall, {}},
-            {Qt::CTRL | Qt::Key_M, nullptr, m_ui.cmdMap, {}},
-            {Qt::CTRL | Qt::Key_P, nullptr, m_ui.cmdPrint, {}},
+    return {{Qt::Key_F5, nullptr, m_boxes.traffic.cmdReload, {}},
+            {Qt::CTRL | Qt::Key_S, nullptr, m_boxes.traffic.cmdSaveFlights, {}},
+            {Qt::CTRL | Qt::SHIFT | Qt::Key_S, nullptr, m_boxes.traffic.cmdSaveAircraft, {}},
+            {Qt::CTRL | Qt::Key_L, nullptr, m_boxes.traffic.cmdListall, {}},
+            {Qt::CTRL | Qt::Key_M, nullptr, m_boxes.airport.cmdMap, {}},
+            {Qt::CTRL | Qt::Key_P, nullptr, m_boxes.legs.cmdPrint, {}},
             {Qt::CTRL | Qt::Key_F, nullptr, nullptr, find},
             // A text box that has something to undo takes these three for itself.
             {Qt::CTRL | Qt::Key_Z, nullptr, nullptr, [this] { m_undo.undo(); }},
             {Qt::CTRL | Qt::Key_Y, nullptr, nullptr, [this] { m_undo.redo(); }},
             {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, nullptr, nullptr, [this] { m_undo.redo(); }},
-            {Qt::CTRL | Qt::Key_1, nullptr, nullptr, focus(m_ui.List1)},
-            {Qt::CTRL | Qt::Key_2, nullptr, nullptr, focus(m_ui.List2)},
-            {Qt::CTRL | Qt::Key_3, nullptr, nullptr, focus(m_ui.List3)},
-            {Qt::Key_Delete, m_ui.List1, m_ui.cmdDeleteSchedule, {}},
-            {Qt::Key_Delete, m_ui.List2, m_ui.cmdDeleteLeg, {}},
-            {Qt::Key_Space, m_ui.List1, nullptr, row(m_ui.List1)},
-            {Qt::Key_Space, m_ui.List2, nullptr, row(m_ui.List2)},
-            {Qt::Key_Space, m_ui.List3, nullptr, row(m_ui.List3)}};
+            {Qt::CTRL | Qt::Key_1, nullptr, nullptr, focus(m_boxes.schedules.List1)},
+            {Qt::CTRL | Qt::Key_2, nullptr, nullptr, focus(m_boxes.legs.List2)},
+            {Qt::CTRL | Qt::Key_3, nullptr, nullptr, focus(m_boxes.missing.List3)},
+            {Qt::Key_Delete, m_boxes.schedules.List1, m_boxes.schedules.cmdDeleteSchedule, {}},
+            {Qt::Key_Delete, m_boxes.legs.List2, m_boxes.legs.cmdDeleteLeg, {}},
+            {Qt::Key_Space, m_boxes.schedules.List1, nullptr, row(m_boxes.schedules.List1)},
+            {Qt::Key_Space, m_boxes.legs.List2, nullptr, row(m_boxes.legs.List2)},
+            {Qt::Key_Space, m_boxes.missing.List3, nullptr, row(m_boxes.missing.List3)}};
 }
 
 void Actions::connectKeys() {
@@ -116,11 +116,11 @@ void Actions::connectKeys() {
             QObject::connect(shortcut, &QShortcut::activated, &m_window, action.own);
         }
     }
-    QObject::connect(qApp, &QApplication::focusChanged, &m_window, [this](const QWidget* /*old*/, const QWidget* now) {
-        for (const QWidget* at = now; at != nullptr; at = at->parentWidget()) {
-            m_airportLast = at == m_ui.FrameIcao || (m_airportLast && at != m_ui.frameAC);
-        }
-    });
+    QObject::connect(
+        qApp, &QApplication::focusChanged, m_everywhere.get(), [this](const QWidget* /*old*/, const QWidget* now) {
+            const auto inBoxOf = [now](const QWidget* control) { return control->parentWidget()->isAncestorOf(now); };
+            m_airportLast = inBoxOf(m_boxes.airport.cmbICAO) || (m_airportLast && !inBoxOf(m_boxes.aircraft.cmbAC));
+        });
 }
 
 void Actions::connectLists() {
@@ -133,9 +133,9 @@ void Actions::connectLists() {
             button->click();
         });
     };
-    activates(m_ui.List1, m_ui.cmdEditSchedule);
-    activates(m_ui.List2, m_ui.cmdEditLeg);
-    for (ListBox* const list : {m_ui.List1, m_ui.List2, m_ui.List3}) {
+    activates(m_boxes.schedules.List1, m_boxes.schedules.cmdEditSchedule);
+    activates(m_boxes.legs.List2, m_boxes.legs.cmdEditLeg);
+    for (ListBox* const list : {m_boxes.schedules.List1, m_boxes.legs.List2, m_boxes.missing.List3}) {
         list->setContextMenuPolicy(Qt::CustomContextMenu);
         QObject::connect(list, &QWidget::customContextMenuRequested, list,
                          [this, list](const QPoint& place) { offerMenu(*list, place); });
@@ -148,8 +148,8 @@ void Actions::connectBoxes() {
         QObject::connect(box->lineEdit(), &QLineEdit::returnPressed, button, &QAbstractButton::click,
                          Qt::QueuedConnection);
     };
-    enter(m_ui.cmbAC, m_ui.cmdListACnum);
-    enter(m_ui.cmbICAO, m_ui.cmdListICAO);
+    enter(m_boxes.aircraft.cmbAC, m_boxes.aircraft.cmdListACnum);
+    enter(m_boxes.airport.cmbICAO, m_boxes.airport.cmdListICAO);
     const auto menu = [this](ComboBox* box, std::vector<QAbstractButton*> buttons) {
         QWidget* const rows = box->view();
         rows->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -159,13 +159,16 @@ void Actions::connectBoxes() {
             addButtons(shown, buttons);
             const int row = box->view()->indexAt(place).row();
             const std::string code = extractcode(box->rowText(row));
-            addFlights(shown, box == m_ui.cmbAC ? code : "", box == m_ui.cmbAC ? "" : code);
+            addFlights(shown, box == m_boxes.aircraft.cmbAC ? code : "", box == m_boxes.aircraft.cmbAC ? "" : code);
             offerOverList(shown, *box, row, rows->mapToGlobal(place));
         });
     };
-    menu(m_ui.cmbAC, {m_ui.cmdFind0, m_ui.cmdListACnum, m_ui.cmdListUniqueAC, m_ui.cmdAddFS, m_ui.cmdDeleteAC});
-    menu(m_ui.cmbICAO, {m_ui.cmdFind1, m_ui.cmdListICAO, m_ui.cmdListUniqueICAO, m_ui.cmdTimeTable, m_ui.cmdGates,
-                        m_ui.cmdChart, m_ui.cmdMap});
+    menu(m_boxes.aircraft.cmbAC,
+         {m_boxes.aircraft.cmdFind0, m_boxes.aircraft.cmdListACnum, m_boxes.aircraft.cmdListUniqueAC,
+          m_boxes.aircraft.cmdAddFS, m_boxes.aircraft.cmdDeleteAC});
+    menu(m_boxes.airport.cmbICAO,
+         {m_boxes.airport.cmdFind1, m_boxes.airport.cmdListICAO, m_boxes.airport.cmdListUniqueICAO,
+          m_boxes.airport.cmdTimeTable, m_boxes.airport.cmdGates, m_boxes.airport.cmdChart, m_boxes.airport.cmdMap});
 }
 
 void Actions::offerOverList(QMenu& menu, ComboBox& box, int row, const QPoint& place) {
@@ -213,9 +216,9 @@ void Actions::offerMenu(ListBox& list, const QPoint& place) {
     menu.setObjectName(QStringLiteral("contextMenu"));
     addUndo(menu);
     const std::int32_t id = list.currentItemData();
-    if (&list == m_ui.List1) {
-        addButtons(menu,
-                   {m_ui.cmdAddSchedule, m_ui.cmdEditSchedule, m_ui.cmdCopy, m_ui.cmdDeleteSchedule, m_ui.cmdSwapAC});
+    if (&list == m_boxes.schedules.List1) {
+        addButtons(menu, {m_boxes.schedules.cmdAddSchedule, m_boxes.schedules.cmdEditSchedule,
+                          m_boxes.schedules.cmdCopy, m_boxes.schedules.cmdDeleteSchedule, m_boxes.schedules.cmdSwapAC});
         const ScheduleListRow kind = kindOfRow(id, list.currentText());
         if (const ScheduleRec* const schedule = scheduleAt(id); kind == ScheduleListRow::schedule && schedule) {
             addFlights(menu, upper(schedule->acnum.text()), ""); // its row may begin with a mark
@@ -224,8 +227,8 @@ void Actions::offerMenu(ListBox& list, const QPoint& place) {
             const bool ofAirport = kind == ScheduleListRow::airportRow;
             addFlights(menu, ofAirport ? "" : code, ofAirport ? code : "");
         }
-    } else if (&list == m_ui.List2) {
-        addButtons(menu, {m_ui.cmdEditLeg, m_ui.cmdDeleteLeg, m_ui.cmdPrint});
+    } else if (&list == m_boxes.legs.List2) {
+        addButtons(menu, {m_boxes.legs.cmdEditLeg, m_boxes.legs.cmdDeleteLeg, m_boxes.legs.cmdPrint});
         // A row can lead to a leg that is not there, as after a leg ahead of it was deleted in the editor.
         const LegId leg = extractindexes(id).value_or(LegId{});
         if (const ScheduleRec* const schedule = scheduleAt(leg.recnum); schedule && schedule->legs.has(leg.leg)) {
@@ -234,7 +237,7 @@ void Actions::offerMenu(ListBox& list, const QPoint& place) {
             addFlights(menu, "", flight.toicao.text());
         }
     } else {
-        addButtons(menu, {m_ui.cmdSubAC});
+        addButtons(menu, {m_boxes.missing.cmdSubAC});
         addFlights(menu, extractcode(list.currentText()), "");
     }
     addTexts(menu, list);
@@ -267,7 +270,7 @@ void Actions::addFlights(QMenu& menu, std::string_view aircraftCode, std::string
     menu.addAction(menuText("Flights of " + code), &m_window, [this, code, ofAirport] {
         m_runner.run({"sub menuflights_click", module}, [&](const StandardTrap&) {
             m_lists.displaylist(ofAirport ? code : "", ofAirport ? "" : code, false, 0);
-            m_ui.List1->setFocus();
+            m_boxes.schedules.List1->setFocus();
             return std::string();
         });
     });

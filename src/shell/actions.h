@@ -15,9 +15,6 @@ class QWidget;
 
 namespace vantor {
 
-namespace Ui {
-class frmMain;
-}
 class ComboBox;
 class CommandRunner;
 class ListBox;
@@ -25,12 +22,13 @@ class Lists;
 class StatusLine;
 class UndoCommands;
 class ViewCommands;
+struct WindowBoxes;
 
 /// Stands for buttons by pressing them, so that a disabled command stays out of reach, and has some of its own.
 class Actions {
   public:
     /// Makes keys and menus. All of these must outlive the actions.
-    Actions(QWidget& window, Ui::frmMain& ui, CommandRunner& runner, Lists& lists, ViewCommands& views,
+    Actions(QWidget& window, WindowBoxes& boxes, CommandRunner& runner, Lists& lists, ViewCommands& views,
             UndoCommands& undo, StatusLine& status);
 
   private:
@@ -58,13 +56,13 @@ class Actions {
     static void addTexts(QMenu& menu, ListBox& list);
 
     QWidget& m_window;
-    Ui::frmMain& m_ui;
+    WindowBoxes& m_boxes;
     CommandRunner& m_runner;
     Lists& m_lists;
     ViewCommands& m_views;
     UndoCommands& m_undo;
     StatusLine& m_status;
-    std::unique_ptr<QObject> m_everywhere; // keys of all windows
+    std::unique_ptr<QObject> m_everywhere; // keys of all windows; the watch over the focus ends with it
     bool m_airportLast = false;            // which of the two boxes had the focus last, for Find
 };
 

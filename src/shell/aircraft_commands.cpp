@@ -12,7 +12,7 @@
 #include "simulator/aircraft_changes.h"
 #include "simulator/frmAircraftSub.h"
 #include "simulator/missing_aircraft.h"
-#include "ui_frmMain.h"
+#include "ui_aircraft_box.h"
 
 #include <vector>
 
@@ -43,13 +43,13 @@ std::vector<std::int32_t> selectedSchedules(const ListBox& list) {
 
 } // namespace
 
-AircraftCommands::AircraftCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
+AircraftCommands::AircraftCommands(QWidget& owner, const Controls& ui, Workspace& workspace, CommandRunner& runner,
                                    Lists& lists)
     : m_owner(owner), m_ui(ui), m_workspace(workspace), m_lists(lists) {
     using Self = AircraftCommands;
     runner.command(ui.cmdSubAC, {"sub cmdsubac_click", module}, this, &Self::substitute);
-    runner.command(ui.cmdAddFS, {"sub cmdaddfs_click", module}, this, &Self::addFromSimulator);
-    runner.command(ui.cmdDeleteAC, {"sub cmddeleteac_click", module}, this, &Self::deleteChosen);
+    runner.command(ui.aircraft.cmdAddFS, {"sub cmdaddfs_click", module}, this, &Self::addFromSimulator);
+    runner.command(ui.aircraft.cmdDeleteAC, {"sub cmddeleteac_click", module}, this, &Self::deleteChosen);
     runner.command(ui.cmdSwapAC, {"sub cmdswapac_click", module}, this, &Self::swap);
 }
 
@@ -69,12 +69,12 @@ std::string AircraftCommands::substitute(const StandardTrap& trap) {
 }
 
 bool AircraftCommands::takeSubstitute(const StandardTrap& trap, const std::string& substitutetext) {
-    const int row = rowWithText(*m_ui.cmbAC, m_ui.List3->currentText());
+    const int row = rowWithText(*m_ui.aircraft.cmbAC, m_ui.List3->currentText());
     if (row < 0) {
         return false;
     }
-    m_ui.cmbAC->setRowText(row, substitutetext);
-    m_ui.cmbAC->setText(substitutetext);
+    m_ui.aircraft.cmbAC->setRowText(row, substitutetext);
+    m_ui.aircraft.cmbAC->setText(substitutetext);
     const bool took = substituteAircraft(trap, substitutetext);
     m_workspace.unsavedchanges = m_workspace.unsavedchanges || took;
     return took;
@@ -95,7 +95,7 @@ std::string AircraftCommands::addFromSimulator(const StandardTrap& trap) {
         trap(SortAircraft);
         trap(&AircraftCommands::refillAircraft, this);
     }
-    m_ui.cmbAC->setCurrentRow(0);
+    m_ui.aircraft.cmbAC->setCurrentRow(0);
     if (result.found == 0) {
         return {};
     }
@@ -106,7 +106,7 @@ std::string AircraftCommands::addFromSimulator(const StandardTrap& trap) {
 }
 
 std::string AircraftCommands::deleteChosen(const StandardTrap& trap) {
-    const std::string text = m_ui.cmbAC->text();
+    const std::string text = m_ui.aircraft.cmbAC->text();
     if (text.empty() || !host().askYesNo("Are you sure?  This will also delete all schedules for this aircraft.")) {
         return {};
     }
@@ -144,8 +144,8 @@ std::string AircraftCommands::swap(const StandardTrap& trap) {
 
 // Missing aircraft are in the box as well.
 void AircraftCommands::refillAircraft() {
-    m_ui.cmbAC->setRows(aircraftRows(true));
-    m_ui.cmbAC->setCurrentRow(0);
+    m_ui.aircraft.cmbAC->setRows(aircraftRows(true));
+    m_ui.aircraft.cmbAC->setCurrentRow(0);
 }
 
 } // namespace vantor

@@ -7,22 +7,33 @@
 #include <string>
 #include <string_view>
 
+class QAbstractButton;
 class QWidget;
 
 namespace vantor {
 
 namespace Ui {
-class frmMain;
+class AircraftBox;
 }
 class CommandRunner;
+class ListBox;
 class Lists;
 struct Workspace;
 
 /// Substitutes, adds, deletes and swaps aircraft.
 class AircraftCommands {
   public:
+    /// What they read, fill and press in the window.
+    struct Controls {
+        Ui::AircraftBox& aircraft;
+        ListBox* List1;
+        ListBox* List3;
+        QAbstractButton* cmdSubAC;
+        QAbstractButton* cmdSwapAC;
+    };
+
     /// Connects the buttons. `owner` is the parent of the dialogs; all of these must outlive the commands.
-    AircraftCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+    AircraftCommands(QWidget& owner, const Controls& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
 
   private:
     std::string substitute(const StandardTrap& trap);
@@ -34,7 +45,7 @@ class AircraftCommands {
     void refillAircraft();
 
     QWidget& m_owner;
-    Ui::frmMain& m_ui;
+    Controls m_ui;
     Workspace& m_workspace;
     Lists& m_lists;
 };

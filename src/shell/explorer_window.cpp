@@ -15,7 +15,6 @@
 #include "shell/undo_commands.h"
 #include "shell/workspace.h"
 #include "simulator/frmAircraftSub.h"
-#include "ui_frmMain.h"
 
 #include <QShortcut>
 
@@ -49,7 +48,7 @@ std::string countedSchedules(const std::vector<std::int32_t>& recnums) {
 
 } // namespace
 
-ExplorerWindow::ExplorerWindow(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
+ExplorerWindow::ExplorerWindow(QWidget& window, const Controls& ui, Workspace& workspace, CommandRunner& runner,
                                Lists& lists, UndoCommands& undo)
     : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_undo(undo) {
     auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), &window);

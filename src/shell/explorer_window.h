@@ -15,10 +15,9 @@ class QWidget;
 
 namespace vantor {
 
-namespace Ui {
-class frmMain;
-}
+class ComboBox;
 class CommandRunner;
+class ListBox;
 class frmExplorer;
 class Lists;
 class UndoCommands;
@@ -27,8 +26,15 @@ struct Workspace;
 /// Ctrl+T opens it. Its commands are those of the main window, for the rows that are selected in it.
 class ExplorerWindow {
   public:
+    /// What they read, fill and press in the window.
+    struct Controls {
+        ListBox* List1;
+        ListBox* List2;
+        ComboBox* cmbICAO;
+    };
+
     /// `window` is the main window; all of these must outlive this.
-    ExplorerWindow(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
+    ExplorerWindow(QWidget& window, const Controls& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
                    UndoCommands& undo);
     ~ExplorerWindow();
     ExplorerWindow(const ExplorerWindow&) = delete;
@@ -57,7 +63,7 @@ class ExplorerWindow {
     void refresh(const StandardTrap& trap);
 
     QWidget& m_window;
-    Ui::frmMain& m_ui;
+    Controls m_ui;
     Workspace& m_workspace;
     CommandRunner& m_runner;
     Lists& m_lists;

@@ -22,7 +22,7 @@
 #include "shell/workspace.h"
 #include "simulator/fs_aircraft.h"
 #include "simulator/missing_aircraft.h"
-#include "ui_frmMain.h"
+#include "ui_traffic_box.h"
 
 #include <QMessageBox>
 
@@ -44,7 +44,7 @@ void pumpPaint() {
 // What a load fills in the window, behind its splash. The splash goes with it, also when a reader raises.
 class FileCommands::SplashSteps final : public LoadSteps {
   public:
-    SplashSteps(QWidget& window, Ui::frmMain& ui) : m_ui(ui), m_splash(&window) {}
+    SplashSteps(QWidget& window, const Controls& ui) : m_ui(ui), m_splash(&window) {}
     ~SplashSteps() override {
         m_splash.hide();
         pumpPaint();
@@ -75,20 +75,20 @@ class FileCommands::SplashSteps final : public LoadSteps {
     }
 
   private:
-    Ui::frmMain& m_ui;
+    const Controls& m_ui;
     frmSplash m_splash;
 };
 
-FileCommands::FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
-                           Life& life, RescueKeeper& rescue, StatusLine& status)
+FileCommands::FileCommands(QWidget& window, const Controls& ui, Workspace& workspace, CommandRunner& runner,
+                           Lists& lists, Life& life, RescueKeeper& rescue, StatusLine& status)
     : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_life(life),
       m_rescue(rescue), m_status(status),
-      m_plans(window, *ui.cmdLoadFlightPlan, [this](const std::string& file) { loadGiven(file); }) {
+      m_plans(window, *ui.traffic.cmdLoadFlightPlan, [this](const std::string& file) { loadGiven(file); }) {
     using Self = FileCommands;
-    runner.command(ui.cmdReload, {"sub cmdreload_click", module}, this, &Self::reload);
-    runner.command(ui.cmdLoadFlightPlan, loadSelectedProcedure, this, &Self::loadSelected);
-    runner.command(ui.cmdSaveFlights, {"sub cmdsaveflights_click", module}, this, &Self::saveFlights);
-    runner.command(ui.cmdSaveAircraft, {"sub cmdsaveaircraft_click", module}, this, &Self::saveAircraft);
+    runner.command(ui.traffic.cmdReload, {"sub cmdreload_click", module}, this, &Self::reload);
+    runner.command(ui.traffic.cmdLoadFlightPlan, loadSelectedProcedure, this, &Self::loadSelected);
+    runner.command(ui.traffic.cmdSaveFlights, {"sub cmdsaveflights_click", module}, this, &Self::saveFlights);
+    runner.command(ui.traffic.cmdSaveAircraft, {"sub cmdsaveaircraft_click", module}, this, &Self::saveAircraft);
 }
 
 void FileCommands::loaddata() {
@@ -223,8 +223,8 @@ void FileCommands::loadChosen(const std::string& folder, const std::string& name
             m_workspace.stamps.remember(aircraftfile);
             loadAssociatedFiles(splash);
         }
-        m_ui.cmdSaveFlights->setText(QStringLiteral("Save &Flights"));
-        m_ui.cmdSaveAircraft->setText(QStringLiteral("Sa&ve Aircraft"));
+        m_ui.traffic.cmdSaveFlights->setText(QStringLiteral("Save &Flights"));
+        m_ui.traffic.cmdSaveAircraft->setText(QStringLiteral("Sa&ve Aircraft"));
         m_lists.clear();
         m_ui.List3->clear();
         loadChosenFlightPlans(splash, file);

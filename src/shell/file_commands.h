@@ -16,9 +16,11 @@ class QWidget;
 namespace vantor {
 
 namespace Ui {
-class frmMain;
+class TrafficBox;
 }
+class ComboBox;
 class CommandRunner;
+class ListBox;
 class Life;
 class Lists;
 class StatusLine;
@@ -28,8 +30,16 @@ struct Workspace;
 /// Loads and saves.
 class FileCommands {
   public:
+    /// What they read, fill and press in the window.
+    struct Controls {
+        Ui::TrafficBox& traffic;
+        ComboBox* cmbAC;
+        ComboBox* cmbICAO;
+        ListBox* List3;
+    };
+
     /// Connects the buttons. `window` is the parent of splash and boxes; all of these must outlive the commands.
-    FileCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
+    FileCommands(QWidget& window, const Controls& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
                  Life& life, RescueKeeper& rescue, StatusLine& status);
 
     /// Loads the default files of the mode; what a reader raises comes out of it.
@@ -56,7 +66,7 @@ class FileCommands {
     void endFatally(const StandardTrap& trap, const Error& error);
 
     QWidget& m_window;
-    Ui::frmMain& m_ui;
+    Controls m_ui;
     Workspace& m_workspace;
     CommandRunner& m_runner;
     Lists& m_lists;

@@ -24,6 +24,7 @@
 #include "shell/update_commands.h"
 #include "shell/utility_commands.h"
 #include "shell/view_commands.h"
+#include "shell/window_boxes.h"
 #include "ui_frmMain.h"
 
 #include <QCloseEvent>
@@ -39,22 +40,15 @@ namespace {
 constexpr std::string_view module = "frmMain";
 } // namespace
 
-frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()) {
+frmMain::frmMain(QWidget* parent)
+    : QMainWindow(parent), ui(std::make_unique<Ui::frmMain>()), m_boxes(std::make_unique<WindowBoxes>()) {
     ui->setupUi(this);
+    setUpBoxes();
     m_rescue = std::make_unique<RescueKeeper>(m_workspace);
     m_status = new StatusLine(this);
     ui->layMain->addWidget(m_status);
-    m_lists = std::make_unique<Lists>(*ui, m_workspace, m_runner);
-    m_schedules = std::make_unique<ScheduleCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
-    m_views = std::make_unique<ViewCommands>(*this, *ui, m_runner, *m_lists);
-    m_utilities = std::make_unique<UtilityCommands>(*ui, m_workspace, m_runner, *m_lists);
-    m_aircraft = std::make_unique<AircraftCommands>(*this, *ui, m_workspace, m_runner, *m_lists);
-    m_tools = std::make_unique<ToolCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *m_status);
-    m_files = std::make_unique<FileCommands>(*this, *ui, m_workspace, m_runner, *m_lists, *this, *m_rescue, *m_status);
-    m_updates = std::make_unique<UpdateCommands>(*this, *ui, m_workspace, m_runner, *this);
-    m_undo = std::make_unique<UndoCommands>(*ui, m_workspace, m_runner, *m_lists);
-    m_explorer = std::make_unique<ExplorerWindow>(*this, *ui, m_workspace, m_runner, *m_lists, *m_undo);
-    connect(ui->cmdExit, &QPushButton::clicked, this, [this] {
+    makeGroups();
+    connect(m_boxes->traffic.cmdExit, &QPushButton::clicked, this, [this] {
         m_runner.run({"sub cmdexit_click", module}, [this](const StandardTrap&) {
             exitprog();
             return std::string();
@@ -66,7 +60,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
             return std::string();
         });
     });
-    m_actions = std::make_unique<Actions>(*this, *ui, m_runner, *m_lists, *m_views, *m_undo, *m_status);
+    m_actions = std::make_unique<Actions>(*this, *m_boxes, m_runner, *m_lists, *m_views, *m_undo, *m_status);
     connectStatus();
     m_offer = new RescueOffer(this);
     ui->layMain->insertWidget(ui->layMain->indexOf(m_status), m_offer);
@@ -76,6 +70,50 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent), ui(std::make_unique<Ui:
 
 frmMain::~frmMain() = default;
 
+// In the order of the tab key, which goes from one control to the one that was made next.
+void frmMain::setUpBoxes() {
+    m_boxes->traffic.setupUi(ui->fraPlans);
+    m_boxes->mode.setupUi(ui->frameFSMode);
+    m_boxes->compile.setupUi(ui->FrameCompile);
+    m_boxes->schedules.setupUi(ui->fraList1);
+    m_boxes->legs.setupUi(ui->fraList2);
+    m_boxes->aircraft.setupUi(ui->frameAC);
+    m_boxes->airport.setupUi(ui->FrameIcao);
+    m_boxes->missing.setupUi(ui->FrameFSAC);
+    m_boxes->utilities.setupUi(ui->FrameUtils);
+}
+
+void frmMain::makeGroups() {
+    auto& [traffic, mode, compile, schedules, legs, aircraft, airport, missing, utilities] = *m_boxes;
+    m_lists = std::make_unique<Lists>(Lists::Controls{schedules, legs, aircraft, airport, ui->fraList1, ui->fraList2,
+                                                      traffic.cmdListall, missing.List3, utilities.txtICAO1},
+                                      m_workspace, m_runner);
+    m_schedules =
+        std::make_unique<ScheduleCommands>(*this,
+                                           ScheduleCommands::Controls{schedules, legs, aircraft.cmbAC, airport.cmbICAO,
+                                                                      aircraft.cmdFind0, airport.cmdFind1},
+                                           m_workspace, m_runner, *m_lists);
+    m_views = std::make_unique<ViewCommands>(*this, airport, legs.List2, legs.cmdPrint, m_runner, *m_lists);
+    m_utilities =
+        std::make_unique<UtilityCommands>(utilities, aircraft.cmbAC, airport.cmbICAO, m_workspace, m_runner, *m_lists);
+    m_aircraft = std::make_unique<AircraftCommands>(
+        *this,
+        AircraftCommands::Controls{aircraft, schedules.List1, missing.List3, missing.cmdSubAC, schedules.cmdSwapAC},
+        m_workspace, m_runner, *m_lists);
+    m_tools = std::make_unique<ToolCommands>(
+        *this, ToolCommands::Controls{mode, compile, missing, ui->FrameFSAC, traffic.cmdSettings, schedules.List1},
+        m_workspace, m_runner, *m_lists, *m_status);
+    m_files = std::make_unique<FileCommands>(
+        *this, FileCommands::Controls{traffic, aircraft.cmbAC, airport.cmbICAO, missing.List3}, m_workspace, m_runner,
+        *m_lists, *this, *m_rescue, *m_status);
+    m_updates = std::make_unique<UpdateCommands>(*this, *traffic.cmdCheckUpdate, m_workspace, m_runner, *this);
+    m_undo = std::make_unique<UndoCommands>(UndoCommands::Controls{aircraft.cmbAC, schedules.List1, missing.List3},
+                                            m_workspace, m_runner, *m_lists);
+    m_explorer =
+        std::make_unique<ExplorerWindow>(*this, ExplorerWindow::Controls{schedules.List1, legs.List2, airport.cmbICAO},
+                                         m_workspace, m_runner, *m_lists, *m_undo);
+}
+
 void frmMain::connectStatus() {
     m_runner.ended = [this](const std::string& did, const std::string& fault) {
         if (!fault.empty()) {
@@ -84,18 +122,16 @@ void frmMain::connectStatus() {
             m_status->tell(did);
         }
         m_status->showState(m_workspace);
-        m_status->showRows(*ui->List1);
+        m_status->showRows(*m_boxes->schedules.List1);
         m_explorer->commandEnded();
     };
-    connect(ui->List1, &ListBox::rowClicked, m_status, [this] { m_status->showRows(*ui->List1); });
+    connect(m_boxes->schedules.List1, &ListBox::rowClicked, m_status,
+            [this] { m_status->showRows(*m_boxes->schedules.List1); });
 }
 
 void frmMain::formLoad() {
     try {
-        for (int percent = 0; percent <= 100; percent += 5) {
-            ui->cmbPC1->addRow(std::to_string(percent) + "%");
-        }
-        ui->cmbPC1->setCurrentRow(0);
+        m_utilities->fillShares();
         schedules = clsHashSC();
         airports = clsHashAP();
         setWindowTitle(toQString("Vantor " + appversion()));

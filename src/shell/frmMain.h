@@ -31,6 +31,7 @@ class StatusLine;
 class UpdateCommands;
 class UtilityCommands;
 class ViewCommands;
+struct WindowBoxes;
 
 class frmMain : public QMainWindow, public Life {
     Q_OBJECT
@@ -64,11 +65,14 @@ class frmMain : public QMainWindow, public Life {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void setUpBoxes();
+    void makeGroups();
     void fitPanel();
     void showAbout();
     void connectStatus();
 
     std::unique_ptr<Ui::frmMain> ui;
+    std::unique_ptr<WindowBoxes> m_boxes;
     StatusLine* m_status;
     Workspace m_workspace;
     CommandRunner m_runner{*this};

@@ -9,19 +9,40 @@
 #include <string>
 #include <string_view>
 
+class QAbstractButton;
+class QGroupBox;
+class QLineEdit;
+
 namespace vantor {
 
 namespace Ui {
-class frmMain;
-}
+class AircraftBox;
+class AirportBox;
+class LegsBox;
+class SchedulesBox;
+} // namespace Ui
 class CommandRunner;
+class ListBox;
 struct Workspace;
 
 /// What the window shows in its lists. Its functions are for the commands of all groups.
 class Lists {
   public:
+    /// What they read, fill and press in the window.
+    struct Controls {
+        Ui::SchedulesBox& schedules;
+        Ui::LegsBox& legs;
+        Ui::AircraftBox& aircraft;
+        Ui::AirportBox& airport;
+        QGroupBox* fraList1;
+        QGroupBox* fraList2;
+        QAbstractButton* cmdListall;
+        ListBox* List3;
+        QLineEdit* txtICAO1;
+    };
+
     /// Connects the listing buttons and the clicks on rows. All three must outlive the lists.
-    Lists(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner);
+    Lists(const Controls& ui, Workspace& workspace, CommandRunner& runner);
 
     /// Fills List1 by filters (rows or codes, empty for none) and empties List2. `keepindex` becomes the current row
     /// without a click. A fault in it is told in a message box.
@@ -60,7 +81,7 @@ class Lists {
     void disableschedbuttons() noexcept;
     void disablelegbuttons() noexcept;
 
-    Ui::frmMain& m_ui;
+    Controls m_ui;
     Workspace& m_workspace;
     bool m_ignorelist1click = false; // while displaylist itself moves the current row of List1
     std::string m_timetableicao;

@@ -10,7 +10,8 @@
 #include "shell/command_runner.h"
 #include "shell/lists.h"
 #include "shell/workspace.h"
-#include "ui_frmMain.h"
+#include "ui_legs_box.h"
+#include "ui_schedules_box.h"
 
 namespace vantor {
 
@@ -52,16 +53,17 @@ std::string tailOf(std::int32_t recnum) {
 
 } // namespace
 
-ScheduleCommands::ScheduleCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
+ScheduleCommands::ScheduleCommands(QWidget& owner, const Controls& ui, Workspace& workspace, CommandRunner& runner,
                                    Lists& lists)
     : m_owner(owner), m_ui(ui), m_workspace(workspace), m_lists(lists) {
     using Self = ScheduleCommands;
-    runner.command(ui.cmdAddSchedule, {"sub cmdaddschedule_click", module}, this, &Self::add);
-    runner.command(ui.cmdCopy, {"sub cmdcopy_click", module}, this, &Self::copy);
-    runner.command(ui.cmdEditSchedule, {"sub cmdeditschedule_click", module}, this, &Self::edit);
-    runner.command(ui.cmdDeleteSchedule, {"sub cmddeleteschedule_click", module}, this, &Self::toggleSelected);
-    runner.command(ui.cmdEditLeg, {"sub cmdeditleg_click", module}, this, &Self::editLeg);
-    runner.command(ui.cmdDeleteLeg, {"sub cmddeleteleg_click", module}, this, &Self::toggleSelectedLegs);
+    runner.command(ui.schedules.cmdAddSchedule, {"sub cmdaddschedule_click", module}, this, &Self::add);
+    runner.command(ui.schedules.cmdCopy, {"sub cmdcopy_click", module}, this, &Self::copy);
+    runner.command(ui.schedules.cmdEditSchedule, {"sub cmdeditschedule_click", module}, this, &Self::edit);
+    runner.command(ui.schedules.cmdDeleteSchedule, {"sub cmddeleteschedule_click", module}, this,
+                   &Self::toggleSelected);
+    runner.command(ui.legs.cmdEditLeg, {"sub cmdeditleg_click", module}, this, &Self::editLeg);
+    runner.command(ui.legs.cmdDeleteLeg, {"sub cmddeleteleg_click", module}, this, &Self::toggleSelectedLegs);
     runner.command(ui.cmdFind0, {"sub cmdfind_click", module}, this, &Self::findAircraft);
     runner.command(ui.cmdFind1, {"sub cmdfind_click", module}, this, &Self::findAirport);
 }
@@ -72,13 +74,13 @@ std::optional<ScheduleRec> ScheduleCommands::askForEdit(const ScheduleRec& sched
 }
 
 std::string ScheduleCommands::add(const StandardTrap& trap) {
-    const FocusBack focus{m_ui.List1};
+    const FocusBack focus{m_ui.schedules.List1};
     ScheduleRec schedule;
     trap([&] { schedule = defaultschedule(m_ui.cmbAC->text()); });
     if (const std::optional<ScheduleRec> edited = askForEdit(schedule)) {
         m_workspace.unsavedchanges = true;
         addschedule(trap, *edited);
-        trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
+        trap(&Lists::refresh, m_lists, m_ui.schedules.List1->currentRow());
         m_lists.displaylegs(schedulecount, "");
         return "Add " + std::string(edited->tailnumber.text());
     }
@@ -86,29 +88,29 @@ std::string ScheduleCommands::add(const StandardTrap& trap) {
 }
 
 std::string ScheduleCommands::copy(const StandardTrap& trap) {
-    const FocusBack focus{m_ui.List1};
-    const std::int32_t id = m_ui.List1->currentItemData();
+    const FocusBack focus{m_ui.schedules.List1};
+    const std::int32_t id = m_ui.schedules.List1->currentItemData();
     if (id == 0) {
         // Quirk: the guard is that of cmdEditSchedule, and so it is that button which is disabled.
-        m_ui.cmdEditSchedule->setEnabled(false);
+        m_ui.schedules.cmdEditSchedule->setEnabled(false);
         return {};
     }
     const BusyPointer busy{trap};
     copyschedule(trap, id);
     m_workspace.unsavedchanges = true;
-    trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
+    trap(&Lists::refresh, m_lists, m_ui.schedules.List1->currentRow());
     m_lists.displaylegs(id, "");
     return "Copy " + tailOf(id);
 }
 
 std::string ScheduleCommands::edit(const StandardTrap& trap) {
-    const FocusBack focus{m_ui.List1};
-    const std::int32_t id = m_ui.List1->currentItemData();
+    const FocusBack focus{m_ui.schedules.List1};
+    const std::int32_t id = m_ui.schedules.List1->currentItemData();
     if (id == 0) {
-        m_ui.cmdEditSchedule->setEnabled(false);
+        m_ui.schedules.cmdEditSchedule->setEnabled(false);
         return {};
     }
-    const int saved = m_ui.List1->currentRow();
+    const int saved = m_ui.schedules.List1->currentRow();
     ScheduleRec schedule;
     std::optional<ScheduleRec> edited;
     // A schedule that can't be read must not be overwritten by a blank one.
@@ -122,35 +124,35 @@ std::string ScheduleCommands::edit(const StandardTrap& trap) {
     }
     // After a Cancel too. On a filtered list the saved row may be another schedule by now.
     trap(&Lists::refresh, m_lists, saved);
-    m_lists.displaylegs(m_ui.List1->currentItemData(), "");
+    m_lists.displaylegs(m_ui.schedules.List1->currentItemData(), "");
     return edited ? "Edit " + tailOf(id) : std::string();
 }
 
 std::string ScheduleCommands::toggleSelected(const StandardTrap& trap) {
-    const FocusBack focus{m_ui.List1};
-    const int saved = m_ui.List1->currentRow();
+    const FocusBack focus{m_ui.schedules.List1};
+    const int saved = m_ui.schedules.List1->currentRow();
     std::int32_t gone = 0;
     std::int32_t back = 0;
-    for (int row = 0; row < m_ui.List1->rowCount(); ++row) {
-        const std::int32_t id = m_ui.List1->itemData(row);
-        if (m_ui.List1->isRowSelected(row) && id != 0) {
+    for (int row = 0; row < m_ui.schedules.List1->rowCount(); ++row) {
+        const std::int32_t id = m_ui.schedules.List1->itemData(row);
+        if (m_ui.schedules.List1->isRowSelected(row) && id != 0) {
             if (const std::optional<bool> deleted = deleteschedbyrecnum(id)) {
                 ++(*deleted ? gone : back);
             }
         }
     }
     m_workspace.unsavedchanges = true; // even when no row counted
-    trap(&Lists::refresh, m_lists, m_ui.List1->currentRow());
-    m_ui.List2->clear();
+    trap(&Lists::refresh, m_lists, m_ui.schedules.List1->currentRow());
+    m_ui.legs.List2->clear();
     if (saved >= 0) {
-        m_ui.List1->selectRow(saved);
+        m_ui.schedules.List1->selectRow(saved);
     }
     return toggledText(gone, back, "schedule");
 }
 
 std::string ScheduleCommands::editLeg(const StandardTrap& trap) {
-    const FocusBack focus{m_ui.List2};
-    const LegId id = extractindexes(m_ui.List2->currentItemData()).value_or(LegId{});
+    const FocusBack focus{m_ui.legs.List2};
+    const LegId id = extractindexes(m_ui.legs.List2->currentItemData()).value_or(LegId{});
     if (!id) {
         return {};
     }
@@ -161,8 +163,8 @@ std::string ScheduleCommands::editLeg(const StandardTrap& trap) {
     // overwrite.
     if (trap([&] { schedule = schedules.HashGetSlot(id.recnum); }) && schedule.recnum != 0) {
         // Quirk: the row counts and not the leg: on a filtered list the editor may open on another leg.
-        const bool fits = m_ui.List2->rowCount() <= schedule.legcount;
-        edited = askForEdit(schedule, fits ? m_ui.List2->currentRow() : 0);
+        const bool fits = m_ui.legs.List2->rowCount() <= schedule.legcount;
+        edited = askForEdit(schedule, fits ? m_ui.legs.List2->currentRow() : 0);
     }
     const BusyPointer busy{trap};
     if (edited) {
@@ -173,18 +175,18 @@ std::string ScheduleCommands::editLeg(const StandardTrap& trap) {
 }
 
 std::string ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
-    const FocusBack focus{m_ui.List2};
+    const FocusBack focus{m_ui.legs.List2};
     ScheduleRec touched;
     LegId id;
     std::int32_t gone = 0;
     std::int32_t back = 0;
-    for (int row = 0; row < m_ui.List2->rowCount(); ++row) {
-        if (!m_ui.List2->isRowSelected(row)) {
+    for (int row = 0; row < m_ui.legs.List2->rowCount(); ++row) {
+        if (!m_ui.legs.List2->isRowSelected(row)) {
             continue;
         }
-        m_ui.List2->setCurrentRow(row);
+        m_ui.legs.List2->setCurrentRow(row);
         // Quirk: a row without a leg's number keeps the one of the row before, whose leg is toggled back.
-        id = extractindexes(m_ui.List2->currentItemData()).value_or(id);
+        id = extractindexes(m_ui.legs.List2->currentItemData()).value_or(id);
         if (id) {
             m_workspace.unsavedchanges = true;
             if (const std::optional<bool> deleted = toggleleg(trap, id, touched)) {
@@ -192,12 +194,12 @@ std::string ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
             }
         }
     }
-    if (const std::int32_t recnum = m_ui.List1->currentItemData(); recnum != 0) {
+    if (const std::int32_t recnum = m_ui.schedules.List1->currentItemData(); recnum != 0) {
         m_lists.displaylegs(recnum, "");
     } else {
         trap([&] { m_lists.fillsecondlist(touched.acnum.text(), m_ui.cmbICAO->text()); });
     }
-    if (m_ui.List2->rowCount() > 0) {
+    if (m_ui.legs.List2->rowCount() > 0) {
         m_lists.enablelegbuttons();
     }
     return toggledText(gone, back, "leg");

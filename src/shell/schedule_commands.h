@@ -8,13 +8,15 @@
 #include <optional>
 #include <string>
 
+class QAbstractButton;
 class QWidget;
 
 namespace vantor {
 
 namespace Ui {
-class frmMain;
-}
+class LegsBox;
+class SchedulesBox;
+} // namespace Ui
 class ComboBox;
 class CommandRunner;
 class Lists;
@@ -23,8 +25,18 @@ struct Workspace;
 /// Adds, copies, edits and deletes schedules and legs.
 class ScheduleCommands {
   public:
+    /// What they read, fill and press in the window.
+    struct Controls {
+        Ui::SchedulesBox& schedules;
+        Ui::LegsBox& legs;
+        ComboBox* cmbAC;
+        ComboBox* cmbICAO;
+        QAbstractButton* cmdFind0;
+        QAbstractButton* cmdFind1;
+    };
+
     /// Connects the buttons. `owner` is the parent of the dialogs; all of these must outlive the commands.
-    ScheduleCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+    ScheduleCommands(QWidget& owner, const Controls& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
 
   private:
     std::string add(const StandardTrap& trap);
@@ -39,7 +51,7 @@ class ScheduleCommands {
     [[nodiscard]] std::optional<ScheduleRec> askForEdit(const ScheduleRec& schedule, int startRow = 0);
 
     QWidget& m_owner;
-    Ui::frmMain& m_ui;
+    Controls m_ui;
     Workspace& m_workspace;
     Lists& m_lists;
 };

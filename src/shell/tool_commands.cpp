@@ -14,7 +14,9 @@
 #include "shell/workspace.h"
 #include "simulator/aircraft_report.h"
 #include "simulator/traffic_tool.h"
-#include "ui_frmMain.h"
+#include "ui_compile_box.h"
+#include "ui_missing_aircraft_box.h"
+#include "ui_mode_box.h"
 
 #include <QElapsedTimer>
 
@@ -40,15 +42,15 @@ std::string updateQuestion() {
 
 } // namespace
 
-ToolCommands::ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
-                           StatusLine& status)
+ToolCommands::ToolCommands(QWidget& owner, const Controls& ui, Workspace& workspace, CommandRunner& runner,
+                           Lists& lists, StatusLine& status)
     : m_owner(owner), m_ui(ui), m_workspace(workspace), m_lists(lists), m_status(status) {
     using Self = ToolCommands;
-    connectMode(ui.optFS2k2, {"sub optfs2k2_click", module}, 2, runner);
-    connectMode(ui.optFS2k4, {"sub optfs2k4_click", module}, 4, runner);
-    runner.command(ui.cmdCompile, {"sub cmdcompile_click", module}, this, &Self::compile);
-    runner.command(ui.cmdDecompile, {"sub cmddecompile_click", module}, this, &Self::decompile);
-    runner.command(ui.cmdACReport, {"sub cmdacreport_click", module}, this, &Self::report);
+    connectMode(ui.mode.optFS2k2, {"sub optfs2k2_click", module}, 2, runner);
+    connectMode(ui.mode.optFS2k4, {"sub optfs2k4_click", module}, 4, runner);
+    runner.command(ui.compile.cmdCompile, {"sub cmdcompile_click", module}, this, &Self::compile);
+    runner.command(ui.compile.cmdDecompile, {"sub cmddecompile_click", module}, this, &Self::decompile);
+    runner.command(ui.missing.cmdACReport, {"sub cmdacreport_click", module}, this, &Self::report);
     runner.command(ui.cmdSettings, {"sub cmdsettings_click", module}, this, &Self::settings);
 }
 
@@ -64,7 +66,7 @@ void ToolCommands::connectMode(QRadioButton* option, Procedure procedure, std::i
 }
 
 void ToolCommands::markMode() {
-    (fsmode == 2 ? m_ui.optFS2k2 : m_ui.optFS2k4)->setChecked(true);
+    (fsmode == 2 ? m_ui.mode.optFS2k2 : m_ui.mode.optFS2k4)->setChecked(true);
 }
 
 void ToolCommands::setupformwithcurrentmode() noexcept {
@@ -75,10 +77,10 @@ void ToolCommands::setupformwithcurrentmode() noexcept {
     }
     // Selecting a mode stores it, also at the start: a first run that ends without a choice has chosen the default.
     sset(keys::fsMode, fsmode);
-    trap([&] { m_ui.cmdCompile->setEnabled(FileExists(compiletool)); });
-    trap([&] { m_ui.cmdDecompile->setEnabled(FileExists(decompiletool)); });
-    m_ui.cmdSubAC->setVisible(true);
-    m_ui.List3->setEnabled(true);
+    trap([&] { m_ui.compile.cmdCompile->setEnabled(FileExists(compiletool)); });
+    trap([&] { m_ui.compile.cmdDecompile->setEnabled(FileExists(decompiletool)); });
+    m_ui.missing.cmdSubAC->setVisible(true);
+    m_ui.missing.List3->setEnabled(true);
     m_ui.FrameFSAC->setTitle(toQString("AI Aircraft missing from FS200" + std::to_string(fsmode)));
 }
 

@@ -8,14 +8,19 @@
 #include <string>
 
 class QRadioButton;
+class QAbstractButton;
+class QGroupBox;
 class QWidget;
 
 namespace vantor {
 
 namespace Ui {
-class frmMain;
-}
+class CompileBox;
+class MissingAircraftBox;
+class ModeBox;
+} // namespace Ui
 class CommandRunner;
+class ListBox;
 class Lists;
 class StatusLine;
 struct Workspace;
@@ -23,8 +28,18 @@ struct Workspace;
 /// Chooses the mode and runs what works on the simulator's files.
 class ToolCommands {
   public:
+    /// What they read, fill and press in the window.
+    struct Controls {
+        Ui::ModeBox& mode;
+        Ui::CompileBox& compile;
+        Ui::MissingAircraftBox& missing;
+        QGroupBox* FrameFSAC;
+        QAbstractButton* cmdSettings;
+        ListBox* List1;
+    };
+
     /// Connects options and buttons. `owner` is the parent of the dialogs; all of these must outlive the commands.
-    ToolCommands(QWidget& owner, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
+    ToolCommands(QWidget& owner, const Controls& ui, Workspace& workspace, CommandRunner& runner, Lists& lists,
                  StatusLine& status);
 
     /// Options, tool buttons and captions for fsmode as it stands.
@@ -43,7 +58,7 @@ class ToolCommands {
     void markMode();
 
     QWidget& m_owner;
-    Ui::frmMain& m_ui;
+    Controls m_ui;
     Workspace& m_workspace;
     Lists& m_lists;
     StatusLine& m_status;

@@ -7,7 +7,6 @@
 #include "shell/lists.h"
 #include "shell/workspace.h"
 #include "simulator/missing_aircraft.h"
-#include "ui_frmMain.h"
 
 #include <algorithm>
 
@@ -30,7 +29,7 @@ void refill(ComboBox& box, const ListRows& rows) {
 
 } // namespace
 
-UndoCommands::UndoCommands(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
+UndoCommands::UndoCommands(const Controls& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
     : m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists) {}
 
 std::string UndoCommands::undoCaption() {

@@ -10,17 +10,23 @@
 
 namespace vantor {
 
-namespace Ui {
-class frmMain;
-}
+class ComboBox;
 class CommandRunner;
+class ListBox;
 class Lists;
 struct Workspace;
 
 class UndoCommands {
   public:
+    /// What they read, fill and press in the window.
+    struct Controls {
+        ComboBox* cmbAC;
+        ListBox* List1;
+        ListBox* List3;
+    };
+
     /// All must outlive the group.
-    UndoCommands(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+    UndoCommands(const Controls& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
 
     /// The caption of the command, as in "Undo Delete 3 schedules"; "Undo" alone where there is nothing to undo.
     [[nodiscard]] static std::string undoCaption();
@@ -33,7 +39,7 @@ class UndoCommands {
     void go(Procedure procedure, std::optional<StepRecords> (*way)(), std::string_view done);
     void show(const StepRecords& changed);
 
-    Ui::frmMain& m_ui;
+    Controls m_ui;
     Workspace& m_workspace;
     CommandRunner& m_runner;
     Lists& m_lists;

@@ -8,10 +8,10 @@
 #include "shell/command_runner.h"
 #include "shell/life.h"
 #include "shell/workspace.h"
-#include "ui_frmMain.h"
 #include "update/automatic_check.h"
 #include "update/fSHAREDUpdater.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QTimer>
 
@@ -41,11 +41,11 @@ bool agreesToLose(const StandardTrap& trap) {
 
 } // namespace
 
-UpdateCommands::UpdateCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner,
-                               Life& life)
+UpdateCommands::UpdateCommands(QWidget& window, QAbstractButton& cmdCheckUpdate, Workspace& workspace,
+                               CommandRunner& runner, Life& life)
     : m_window(window), m_workspace(workspace), m_runner(runner), m_life(life), m_timer3(new QTimer(&window)) {
     // It waits with everything let through and takes nobody's turn: commands run meanwhile, and a close ends it.
-    QObject::connect(ui.cmdCheckUpdate, &QPushButton::clicked, &window, [this] {
+    QObject::connect(&cmdCheckUpdate, &QAbstractButton::clicked, &window, [this] {
         if (!m_runner.busy()) {
             check();
         }

@@ -7,14 +7,12 @@
 #include <functional>
 #include <memory>
 
+class QAbstractButton;
 class QTimer;
 class QWidget;
 
 namespace vantor {
 
-namespace Ui {
-class frmMain;
-}
 class CommandRunner;
 class Life;
 class TransferControl;
@@ -25,7 +23,8 @@ struct Workspace;
 class UpdateCommands {
   public:
     /// Connects the button and makes the timer of the automatic check. All of these must outlive the commands.
-    UpdateCommands(QWidget& window, Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Life& life);
+    UpdateCommands(QWidget& window, QAbstractButton& cmdCheckUpdate, Workspace& workspace, CommandRunner& runner,
+                   Life& life);
 
     /// Lets the automatic check come some seconds from now.
     void start();

@@ -11,7 +11,7 @@
 #include "shell/command_runner.h"
 #include "shell/lists.h"
 #include "shell/workspace.h"
-#include "ui_frmMain.h"
+#include "ui_utilities_box.h"
 
 #include <array>
 
@@ -21,8 +21,8 @@ namespace {
 
 constexpr std::string_view module = "frmMain";
 
-std::array<QWidget*, 5> framesOf(Ui::frmMain& ui) {
-    return {ui.frameMassUpdate, ui.frameSetATCPercent, ui.frameDelByIcao, ui.frameSplit, ui.frameSplitAC};
+std::array<QWidget*, 5> framesOf(const Ui::UtilitiesBox& box) {
+    return {box.frameMassUpdate, box.frameSetATCPercent, box.frameDelByIcao, box.frameSplit, box.frameSplitAC};
 }
 
 std::string textOf(const QLineEdit* box) {
@@ -38,8 +38,9 @@ void rewrite(QLineEdit* box, std::string_view text) {
 
 } // namespace
 
-UtilityCommands::UtilityCommands(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists)
-    : m_ui(ui), m_workspace(workspace), m_lists(lists) {
+UtilityCommands::UtilityCommands(Ui::UtilitiesBox& ui, ComboBox* cmbAC, ComboBox* cmbICAO, Workspace& workspace,
+                                 CommandRunner& runner, Lists& lists)
+    : m_ui(ui), m_cmbAC(cmbAC), m_cmbICAO(cmbICAO), m_workspace(workspace), m_lists(lists) {
     using Self = UtilityCommands;
     const std::array options = {ui.optmass, ui.optATCPercent, ui.optDelByIcao, ui.optSplit, ui.optSplitAC};
     for (std::size_t i = 0; i < options.size(); ++i) {
@@ -51,9 +52,16 @@ UtilityCommands::UtilityCommands(Ui::frmMain& ui, Workspace& workspace, CommandR
     runner.command(ui.cmdDeleteByICAO, {"sub cmddeletebyicao_click", module}, this, &Self::deleteByIcao);
     runner.command(ui.cmdDoSplit, {"sub cmddosplit_click", module}, this, &Self::split);
     runner.command(ui.cmdSplitAC, {"sub cmdsplitac_click", module}, this, &Self::splitByAircraft);
-    CommandRunner::rowClick(ui.cmbAC, {"sub cmbac_click", module}, this, &Self::takeAircraft);
-    CommandRunner::rowClick(ui.cmbICAO, {"sub cmbicao_click", module}, this, &Self::takeAirport);
+    CommandRunner::rowClick(cmbAC, {"sub cmbac_click", module}, this, &Self::takeAircraft);
+    CommandRunner::rowClick(cmbICAO, {"sub cmbicao_click", module}, this, &Self::takeAirport);
     CommandRunner::rowClick(ui.cmbPC1, {"sub cmbpc1_click", module}, this, &Self::takeShare);
+}
+
+void UtilityCommands::fillShares() {
+    for (int percent = 0; percent <= 100; percent += 5) {
+        m_ui.cmbPC1->addRow(std::to_string(percent) + "%");
+    }
+    m_ui.cmbPC1->setCurrentRow(0);
 }
 
 void UtilityCommands::fitFrames() {
@@ -140,11 +148,11 @@ std::string UtilityCommands::splitByAircraft(const StandardTrap& trap) {
 }
 
 void UtilityCommands::takeAircraft(const StandardTrap& /*trap*/) {
-    m_ui.txtATCAircraft->setText(toQString(extractcode(m_ui.cmbAC->text())));
+    m_ui.txtATCAircraft->setText(toQString(extractcode(m_cmbAC->text())));
 }
 
 void UtilityCommands::takeAirport(const StandardTrap& trap) {
-    trap([&] { m_ui.txtICAO1->setText(toQString(extractcode(m_ui.cmbICAO->text()))); });
+    trap([&] { m_ui.txtICAO1->setText(toQString(extractcode(m_cmbICAO->text()))); });
     for (QLineEdit* const box : {m_ui.txtSplitICAO, m_ui.txtSplitIcao1, m_ui.txtDelByICAO, m_ui.txtSplitACICAO}) {
         box->setText(m_ui.txtICAO1->text());
     }

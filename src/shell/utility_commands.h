@@ -12,8 +12,9 @@ class QWidget;
 namespace vantor {
 
 namespace Ui {
-class frmMain;
+class UtilitiesBox;
 }
+class ComboBox;
 class CommandRunner;
 class Lists;
 struct BulkOutcome;
@@ -23,8 +24,11 @@ struct Workspace;
 class UtilityCommands {
   public:
     /// Connects options, buttons and the picks that the boxes follow. All of these must outlive the commands.
-    UtilityCommands(Ui::frmMain& ui, Workspace& workspace, CommandRunner& runner, Lists& lists);
+    UtilityCommands(Ui::UtilitiesBox& ui, ComboBox* cmbAC, ComboBox* cmbICAO, Workspace& workspace,
+                    CommandRunner& runner, Lists& lists);
 
+    /// Puts the shares of a split into their box.
+    void fillShares();
     /// One size for the five frames of which one shows at a time, so that nothing moves when another is chosen.
     void fitFrames();
 
@@ -41,7 +45,9 @@ class UtilityCommands {
     void showFrame(QWidget& frame);
     [[nodiscard]] std::string finish(const BulkOutcome& outcome, const std::string& did);
 
-    Ui::frmMain& m_ui;
+    Ui::UtilitiesBox& m_ui;
+    ComboBox* m_cmbAC;
+    ComboBox* m_cmbICAO;
     Workspace& m_workspace;
     Lists& m_lists;
 };

@@ -9,7 +9,7 @@
 #include "shell/command_runner.h"
 #include "shell/lists.h"
 #include "shell/schedule_print.h"
-#include "ui_frmMain.h"
+#include "ui_airport_box.h"
 #include "views/frmChart.h"
 #include "views/frmMap.h"
 #include "views/gates.h"
@@ -21,10 +21,11 @@ namespace {
 constexpr std::string_view module = "frmMain";
 } // namespace
 
-ViewCommands::ViewCommands(QWidget& owner, Ui::frmMain& ui, CommandRunner& runner, Lists& lists)
-    : m_owner(owner), m_ui(ui), m_lists(lists) {
+ViewCommands::ViewCommands(QWidget& owner, Ui::AirportBox& ui, ListBox* list2, QAbstractButton* cmdPrint,
+                           CommandRunner& runner, Lists& lists)
+    : m_owner(owner), m_ui(ui), m_list2(list2), m_lists(lists) {
     runner.command(ui.cmdTimeTable, {"sub cmdtimetable_click", module}, this, &ViewCommands::showTimetable);
-    runner.command(ui.cmdPrint, {"sub cmdprint_click", module}, this, &ViewCommands::print);
+    runner.command(cmdPrint, {"sub cmdprint_click", module}, this, &ViewCommands::print);
     runner.command(ui.cmdGates, {"sub cmdgates_click", module}, this, &ViewCommands::showGates);
     runner.command(ui.cmdChart, {"sub cmdchart_click", module}, this, &ViewCommands::showChart);
     runner.command(ui.cmdMap, {"sub cmdmap_click", module}, this, &ViewCommands::showMap);
@@ -39,8 +40,8 @@ void ViewCommands::displaytimetable(std::string_view icao) noexcept {
     const StandardTrap trap{"sub displaytimetable", module};
     std::string code;
     trap([&] { code = extractcode(icao); });
-    m_ui.List2->setEnabled(true); // off while the legs of a deleted schedule are shown
-    trap([&] { m_ui.List2->setRows(timetableRows(trap, code)); });
+    m_list2->setEnabled(true); // off while the legs of a deleted schedule are shown
+    trap([&] { m_list2->setRows(timetableRows(trap, code)); });
     trap(&Lists::settimetableicao, m_lists, code);
 }
 
@@ -52,7 +53,7 @@ std::string ViewCommands::print(const StandardTrap& /*trap*/) {
         }
         // Quirk: whatever becomes of the dialog, the printing goes on.
         chooseprinter(&m_owner, "Schedule");
-        printSchedule(currentPrinter(), schedulePrintout(m_lists.timetableicao(), m_ui.List2->rows()));
+        printSchedule(currentPrinter(), schedulePrintout(m_lists.timetableicao(), m_list2->rows()));
         return "Printed the timetable of " + m_lists.timetableicao();
     } catch (...) {
         const Error error = currentError();
@@ -68,9 +69,9 @@ std::string ViewCommands::showGates(const StandardTrap& /*trap*/) {
 
 void ViewCommands::displaymaxgates(std::string_view icao) noexcept {
     const StandardTrap trap{"sub displaymaxgates", module};
-    m_ui.List2->clear();
-    m_ui.List2->setEnabled(true);
-    trap([&] { m_ui.List2->setRows(gateRows(trap, extractcode(icao))); });
+    m_list2->clear();
+    m_list2->setEnabled(true);
+    trap([&] { m_list2->setRows(gateRows(trap, extractcode(icao))); });
 }
 
 std::string ViewCommands::showChart(const StandardTrap& /*trap*/) {

@@ -7,21 +7,24 @@
 #include <string>
 #include <string_view>
 
+class QAbstractButton;
 class QWidget;
 
 namespace vantor {
 
 namespace Ui {
-class frmMain;
+class AirportBox;
 }
 class CommandRunner;
+class ListBox;
 class Lists;
 
 /// Shows an airport's traffic in List2 and in windows of its own.
 class ViewCommands {
   public:
     /// Connects the buttons. `owner` is the parent of the dialogs; all of these must outlive the commands.
-    ViewCommands(QWidget& owner, Ui::frmMain& ui, CommandRunner& runner, Lists& lists);
+    ViewCommands(QWidget& owner, Ui::AirportBox& ui, ListBox* list2, QAbstractButton* cmdPrint, CommandRunner& runner,
+                 Lists& lists);
 
     /// Fills List2 with the timetable of an airport (a row or code) and enables cmdPrint.
     void displaytimetable(std::string_view icao) noexcept;
@@ -41,7 +44,8 @@ class ViewCommands {
     void openMap(int row);
 
     QWidget& m_owner;
-    Ui::frmMain& m_ui;
+    Ui::AirportBox& m_ui;
+    ListBox* m_list2;
     Lists& m_lists;
 };
 
