@@ -10,10 +10,7 @@ namespace vantor {
 
 void swapAircraft(const StandardTrap& trap, const std::vector<std::int32_t>& recnums,
                   std::string_view substituteRow) noexcept {
-    std::string code;
-    if (!trap([&] { code = extractcode(substituteRow); })) {
-        return;
-    }
+    const std::string code = extractcode(substituteRow);
     for (const std::int32_t recnum : recnums) {
         trap([&] { // one trap for all steps: a schedule that can't be read must not be overwritten
             ScheduleRec schedule = schedules.HashGetSlot(recnum);

@@ -82,7 +82,7 @@ BulkOutcome splitAirport(const StandardTrap& trap, SplitBoxes& boxes) {
     boxes.icao1 = upper(trim(boxes.icao1));
     boxes.icao2 = upper(trim(boxes.icao2));
     std::int16_t percent = 0;
-    trap([&] { percent = toInt16(val(boxes.percent)); });
+    trap.set(percent, valInt16, boxes.percent);
     if (std::string refusal = refusalOf(boxes); !refusal.empty()) {
         return {.message = std::move(refusal)};
     }

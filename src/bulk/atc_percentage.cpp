@@ -8,7 +8,7 @@ namespace vantor {
 
 BulkOutcome updateAtcPercentage(const StandardTrap& trap, std::string_view percentText, std::string_view aircraftText) {
     std::int32_t percent = 0;
-    trap([&] { percent = toInt32(val(percentText)); });
+    trap.set(percent, valInt32, percentText);
     if (percent < 1 || percent > 100) {
         return {.message = "Please enter a percentage from 1 to 100"};
     }

@@ -17,7 +17,7 @@ bool flies(const LegRec& leg, std::string_view first, std::string_view second) {
 
 BulkOutcome changeFlightLevel(const StandardTrap& trap, FlightLevelBoxes& boxes) {
     std::int32_t level = 0;
-    trap([&] { level = toInt32(val(boxes.newFL)); });
+    trap.set(level, valInt32, boxes.newFL);
     if (level == 0) {
         return {.message = "Please enter a valid Flight Level first"};
     }

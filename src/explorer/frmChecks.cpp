@@ -56,7 +56,7 @@ frmChecks::frmChecks(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<U
     m_ui->split->setSizes({44 * character, 80 * character});
     m_ui->split->setStretchFactor(1, 1);
     m_timer.setInterval(0);
-    connect(&m_timer, &QTimer::timeout, this, [this] { trap([this] { goOn(); }); });
+    connect(&m_timer, &QTimer::timeout, this, [this] { trap(&frmChecks::goOn, this); });
     connect(m_ui->cmdCheck, &QPushButton::clicked, this, [this] { check(); });
     connect(m_ui->cmdSaveReport, &QPushButton::clicked, this, [this] { saveReport(); });
     connect(m_ui->spnTurnaround, &QSpinBox::valueChanged, this, [this] {
@@ -199,7 +199,7 @@ void frmChecks::edit() {
 void frmChecks::saveReport() {
     const std::string file = askforFilename("Choose a file for the report", "checks.txt", "*.txt");
     if (!file.empty()) {
-        trap([&] { writeReport(file); });
+        trap(&frmChecks::writeReport, this, file);
     }
 }
 

@@ -40,7 +40,7 @@ frmExplorer::frmExplorer(QWidget* parent)
     m_ui->tabs->addTab(m_routes, tr("&Routes"));
     m_ui->tabs->addTab(m_checks, tr("Chec&ks"));
     m_timer.setInterval(0);
-    connect(&m_timer, &QTimer::timeout, this, [this] { trap([this] { goOn(); }); });
+    connect(&m_timer, &QTimer::timeout, this, [this] { trap(&frmExplorer::goOn, this); });
     connect(m_ui->txtFilter, &QLineEdit::textChanged, this, [this] {
         m_filter = Filter(fromQString(m_ui->txtFilter->text()));
         showTerms();

@@ -129,7 +129,7 @@ const std::vector<LegNumber>* frmFlights::order() {
     }
     if (!m_order) {
         m_order.emplace();
-        trap([&] { *m_order = sortedRows(kind(), m_sort); });
+        trap.set(*m_order, sortedRows, kind(), m_sort);
     }
     return &*m_order;
 }
@@ -260,7 +260,7 @@ void frmFlights::copyText() {
 void frmFlights::exportRows() {
     const std::string file = askforFilename("Choose a file for the list", "flights.csv", "*.csv");
     if (!file.empty()) {
-        trap([&] { writeRows(file); });
+        trap(&frmFlights::writeRows, this, file);
     }
 }
 

@@ -75,7 +75,7 @@ void frmRoutes::showEvent(QShowEvent* event) {
 void frmRoutes::goOn() noexcept {
     const StandardTrap trap{"sub countroutes", module};
     const auto until = std::chrono::steady_clock::now() + slice;
-    const bool went = trap([&] { countOn([&] { return std::chrono::steady_clock::now() >= until; }); });
+    const bool went = trap(&frmRoutes::countOn, this, [&] { return std::chrono::steady_clock::now() >= until; });
     if (!went || isCounted()) {
         m_counting.stop();
     }
@@ -111,8 +111,7 @@ void frmRoutes::countOn(const std::function<bool()>& enough) {
 }
 
 void frmRoutes::cmbColour_Change(int row) noexcept {
-    const StandardTrap trap{"sub cmbColour_change", module};
-    trap([&] { m_ui->map->setColouring(static_cast<RouteColouring>(row)); });
+    m_ui->map->setColouring(static_cast<RouteColouring>(row));
     if (m_scene) {
         m_pending = true; // its lines are worked out for the old meaning
         m_scene.reset();
@@ -161,8 +160,8 @@ void frmRoutes::cmdSavePicture_Click() noexcept {
     const std::string path =
         askforSaveFilename("Save the map as a picture", addbackslash(programFolder()) + "Routes.png",
                            "PNG picture (*.png);;SVG picture (*.svg)");
-    if (!path.empty() && !trap([&] { savePicture(path); })) {
-        trap([&] { host().message("The picture could not be saved as " + path); });
+    if (!path.empty() && !trap(&frmRoutes::savePicture, this, path)) {
+        trap(&Host::message, host(), "The picture could not be saved as " + path);
     }
 }
 

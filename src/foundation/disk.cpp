@@ -83,13 +83,17 @@ std::optional<bool> firstMatchIsFolder(std::string_view path) {
     return isFolder;
 }
 
+void removeFile(const std::filesystem::path& path) {
+    std::filesystem::remove(path);
+}
+
 } // namespace
 
 bool FileExists(std::string_view path) noexcept {
     const StandardTrap trap{"function fileexists", fileModule};
-    bool exists = false;
-    trap([&] { exists = firstMatchIsFolder(path) == false; });
-    return exists;
+    std::optional<bool> isFolder;
+    trap.set(isFolder, firstMatchIsFolder, path);
+    return isFolder == false;
 }
 
 bool FolderExists(std::string_view path) noexcept {
@@ -165,7 +169,7 @@ void EraseFile(std::string_view path) noexcept {
     const StandardTrap trap{"sub erasefile", fileModule};
     if (FileExists(path)) {
         MakeReadWrite(path);
-        trap([&] { std::filesystem::remove(nativePath(path)); });
+        trap(removeFile, nativePath(path));
     }
 }
 

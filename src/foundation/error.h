@@ -47,6 +47,11 @@ class Error : public std::exception {
     std::string m_description;
 };
 
+/// Throws an error, as a step of a trap.
+[[noreturn]] inline void raiseError(const Error& error) {
+    throw error;
+}
+
 /// The error for a failed call of the system: `value` is its errno.
 [[nodiscard]] Error errorFromErrno(int value);
 

@@ -40,11 +40,11 @@ void showerr(std::string_view text, std::string_view topic) noexcept {
     const StandardTrap trap{procedureName, moduleName};
     if (showing) {
         // A failure met while one is shown goes to the ring: dialogs never pile up.
-        trap([&] { logaction(text, procedureName, moduleName); });
+        trap(logaction, text, procedureName, moduleName);
         return;
     }
     showing = true;
-    trap([&] { show(text, topic); });
+    trap(show, text, topic);
     showing = false;
 }
 

@@ -48,6 +48,13 @@ std::string nameOf(const SystemVersion& version) {
     return "";
 }
 
+void putLine(std::string_view text, bool create) {
+    if (logFile().empty()) {
+        setlogfile();
+    }
+    writelogline(logFile(), text, create);
+}
+
 } // namespace
 
 std::string& logFile() noexcept {
@@ -59,11 +66,12 @@ void setlogfile() {
     logFile() = programFolder() + "\\log.txt";
 }
 
-void logit(std::string_view text, bool create) {
-    if (logFile().empty()) {
-        setlogfile();
-    }
-    writelogline(logFile(), text, create);
+void logit(std::string_view text) {
+    putLine(text, false);
+}
+
+void beginLog(std::string_view text) {
+    putLine(text, true);
 }
 
 void writelogline(std::string_view path, std::string_view text, bool create) {

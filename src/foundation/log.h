@@ -13,8 +13,10 @@ namespace vantor {
 [[nodiscard]] std::string& logFile() noexcept;
 /// Sets the log's path to "log.txt" in the program's folder.
 void setlogfile();
-/// Appends one line to the log; with `create` a new log with its header is begun. Raises what the file raises.
-void logit(std::string_view text, bool create = false);
+/// Appends one line to the log. Raises what the file raises.
+void logit(std::string_view text);
+/// Begins a new log, with its header and then this line. Raises what the file raises.
+void beginLog(std::string_view text);
 /// The writer behind logit: opens the file for this one line. A log that can't be erased is appended to.
 void writelogline(std::string_view path, std::string_view text, bool create);
 /// Writes the ring of actions to the log, oldest first. The ring keeps its entries.

@@ -200,6 +200,14 @@ std::int32_t toInt32(double value) {
     return toWhole<std::int32_t>(value);
 }
 
+std::int16_t valInt16(std::string_view text) {
+    return toInt16(val(text));
+}
+
+std::int32_t valInt32(std::string_view text) {
+    return toInt32(val(text));
+}
+
 float toSingle(double value) {
     // Half a step above the largest float: what lies below rounds to it, as its own shortest text does.
     constexpr double beyond = 0x1.ffffffp+127;

@@ -23,6 +23,9 @@ namespace vantor {
 /// Rounded to a whole number, halves to even; outside the type (or not a number) is error 6 (Overflow).
 [[nodiscard]] std::int16_t toInt16(double value);
 [[nodiscard]] std::int32_t toInt32(double value);
+/// `val` of a text as a whole number: raises as those two do.
+[[nodiscard]] std::int16_t valInt16(std::string_view text);
+[[nodiscard]] std::int32_t valInt32(std::string_view text);
 /// The nearest 32-bit float; beyond the type is error 6 (Overflow).
 [[nodiscard]] float toSingle(double value);
 /// Rounded to a whole number, halves to even.

@@ -34,53 +34,49 @@ void showprogress(Canvas* box, double value, double total, std::string_view text
     const StandardTrap trap{"sub showprogress", progressModule};
     const bool captioned = !text.empty() || percent;
     const Colour barColour = captioned && bar == 0 ? defaultBarColour : bar;
-    bool tooEarly = false;
-    trap([&] { tooEarly = !force && timer() < pumpTimes().nextdraw && value != total; });
-    if (tooEarly) {
+    if (!force && timer() < pumpTimes().nextdraw && value != total) {
         return;
     }
-    trap([&] { pumpTimes().nextdraw = timer() + secondsPerDraw; });
+    pumpTimes().nextdraw = timer() + secondsPerDraw;
     const double fraction = std::max(value / (total == 0 ? 1 : total), 0.0); // Quirk: above 1 it draws past the edge
     if (box == nullptr) {
-        trap([] { throw missingBox(); });
+        trap(raiseError, missingBox());
     } else {
-        trap([&] { box->useSystemColours(); });
+        trap(&Canvas::useSystemColours, box);
         if (fraction != 0) {
-            trap([&] { box->fillBox(0, 0, box->innerWidth() * fraction, box->innerHeight(), barColour); });
+            trap(&Canvas::fillBox, box, 0.0, 0.0, box->innerWidth() * fraction, box->innerHeight(), barColour);
         } else {
-            trap([&] { box->clear(); });
+            trap(&Canvas::clear, box);
         }
         if (captioned) {
             std::string caption(text);
             if (percent) {
-                trap([&] { caption = fixedNumber(roundHalfEven(fraction * 100), 0) + "%"; });
+                caption = fixedNumber(roundHalfEven(fraction * 100), 0) + "%";
             }
             PrintCentered(box, caption, false, bar, back);
         }
     }
-    trap([] { timedevents(); });
+    trap(timedevents);
 }
 
 void PrintCentered(Canvas* box, std::string_view text, bool clear, Colour textColour, Colour back) noexcept {
     const StandardTrap trap{"sub printcentered", progressModule};
     if (box == nullptr) {
-        trap([] { throw missingBox(); });
+        trap(raiseError, missingBox());
         return;
     }
     if (clear) {
-        trap([&] { box->clear(); });
+        trap(&Canvas::clear, box);
     }
     if (back != 0) {
-        trap([&] { box->setBackColour(back); });
+        trap(&Canvas::setBackColour, box, back);
     }
     if (textColour != 0) {
-        trap([&] { box->setTextColour(textColour); });
+        trap(&Canvas::setTextColour, box, textColour);
     }
-    trap([&] {
-        const double x = (box->innerWidth() - box->textWidth(text)) / 2;
-        const double y = (box->innerHeight() - box->textHeight(text)) / 2;
-        box->drawText(x, y, text);
-    });
+    const double x = (box->innerWidth() - box->textWidth(text)) / 2;
+    const double y = (box->innerHeight() - box->textHeight(text)) / 2;
+    trap(&Canvas::drawText, box, x, y, text);
 }
 
 void timedevents() {

@@ -135,6 +135,10 @@ bool linkBackup(const std::filesystem::path& target) {
     return true;
 }
 
+void putBack(const std::filesystem::path& target) {
+    std::filesystem::rename(backupOf(target), target);
+}
+
 // Replaces the target and keeps what it was.
 void moveOverWithBackup(const std::filesystem::path& temporary, const std::filesystem::path& target) {
     const StandardTrap trap{"movewithbackup", "replacing_file"};
@@ -151,7 +155,7 @@ void moveOverWithBackup(const std::filesystem::path& temporary, const std::files
         moveOver(temporary, target);
     } catch (...) {
         if (moved) {
-            trap([&] { std::filesystem::rename(backupOf(target), target); });
+            trap(putBack, target);
         }
         throw;
     }

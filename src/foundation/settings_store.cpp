@@ -90,19 +90,18 @@ class SaveAttempt {
     bool handled(const Error& error) noexcept {
         const StandardTrap trap{"sub savesettings", storeModule};
         if (error.is(ErrorCode::BadFileName) || error.is(ErrorCode::PathFileAccess)) {
-            trap([] { host().message("Unable to write to settings file - possibly read-only?"); });
+            trap(&Host::message, host(), "Unable to write to settings file - possibly read-only?");
             return false;
         }
         if (error.is(ErrorCode::DiskFull)) {
             m_output.reset();
             m_outcome = Outcome::Again;
-            trap([&] {
-                host().message("You've run out of disk space on drive " + driveOf(m_file) +
-                               ":\rPlease clear some space and then click OK to attempt to save again.");
-            });
+            trap(&Host::message, host(),
+                 "You've run out of disk space on drive " + driveOf(m_file) +
+                     ":\rPlease clear some space and then click OK to attempt to save again.");
             return false;
         }
-        trap([&] { showerr(std::to_string(error.number()) + " - " + error.description() + " in SaveSettings", ""); });
+        showerr(std::to_string(error.number()) + " - " + error.description() + " in SaveSettings", "");
         return true;
     }
 
@@ -110,6 +109,10 @@ class SaveAttempt {
     std::unique_ptr<ReplacingFile> m_output;
     Outcome m_outcome = Outcome::Ended;
 };
+
+std::string nameAt(const std::vector<cSHAREDSetting>& settings, std::int32_t index) {
+    return settings.at(static_cast<std::size_t>(index) - 1).KeyName;
+}
 
 } // namespace
 
@@ -120,7 +123,7 @@ std::int32_t cSHAREDSettings::SettingsCount() const noexcept {
 std::string cSHAREDSettings::SettingNameByIndex(std::int32_t index) const noexcept {
     const StandardTrap trap{"property get settingnamebyindex", storeModule};
     std::string name;
-    trap([&] { name = m_settings.at(static_cast<std::size_t>(index) - 1).KeyName; });
+    trap.set(name, nameAt, m_settings, index);
     return name;
 }
 
@@ -130,7 +133,7 @@ void cSHAREDSettings::sSet(std::string_view key, const SettingValue& value) noex
 
 void cSHAREDSettings::StoreSetting(std::string_view key, const SettingValue& value) noexcept {
     const StandardTrap trap{"sub storesetting", storeModule};
-    trap([&] { addsetting(upper(key), value); });
+    trap(&cSHAREDSettings::addsetting, this, upper(key), value);
 }
 
 SettingValue cSHAREDSettings::RetrieveWithDefault(std::string_view key, const SettingValue& fallback) const noexcept {
@@ -176,12 +179,9 @@ void cSHAREDSettings::LoadSettings(std::string_view file) noexcept {
         try {
             body();
         } catch (...) {
-            const StandardTrap trap{"sub loadsettings", storeModule};
-            trap([&] {
-                showerr("Error " + std::to_string(currentError().number()) +
-                            " in setting file. Line: " + std::string(line) + " of " + std::string(file),
-                        "");
-            });
+            showerr("Error " + std::to_string(currentError().number()) +
+                        " in setting file. Line: " + std::string(line) + " of " + std::string(file),
+                    "");
         }
     };
     DeleteAllSettings();

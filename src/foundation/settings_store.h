@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -104,6 +105,18 @@ struct SettingKey {
 template <class Value>
 [[nodiscard]] SettingValue sget(const SettingKey<Value>& key) noexcept {
     return sget(key.name, key.fallback);
+}
+/// The value of a key in the type of its default, or the default. Raises what the conversion raises.
+template <class Value>
+[[nodiscard]] Value setting(const SettingKey<Value>& key) {
+    const SettingValue value = sget(key);
+    if constexpr (std::is_same_v<Value, bool>) {
+        return value.flag();
+    } else if constexpr (std::is_same_v<Value, std::int16_t>) {
+        return value.int16();
+    } else {
+        return value.single();
+    }
 }
 /// Stores a value in memory; the file is written by savesettings. On a store that was never created: a fault in the
 /// ring.

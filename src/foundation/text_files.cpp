@@ -52,10 +52,10 @@ std::unique_ptr<ReplacingFile> createoutputfile(std::string_view path) {
 void WriteTextFile(std::string_view path, std::string_view text) noexcept {
     const StandardTrap trap{"sub writetextfile", fileModule};
     std::unique_ptr<ReplacingFile> file;
-    trap([&] { file = createoutputfile(path); });
+    trap.set(file, createoutputfile, path);
     if (file) {
-        trap([&] { file->write(text); });
-        trap([&] { file->commit(); });
+        trap(&ReplacingFile::write, file, text);
+        trap(&ReplacingFile::commit, file, OldFile::Drop);
     }
 }
 

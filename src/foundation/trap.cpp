@@ -7,7 +7,7 @@
 
 namespace vantor {
 
-void StandardTrap::recordCurrent() const noexcept {
+void StandardTrap::noteCurrent() const noexcept {
     try {
         const Error error = currentError();
         logaction(error.description() + "(" + std::to_string(error.number()) + ")", m_procedure, m_module);

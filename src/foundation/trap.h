@@ -14,10 +14,34 @@ struct Procedure {
     std::string_view module;
 };
 
+/// What every trap can do; `Note` puts the exception that is being handled down, by its `noteCurrent`.
+template <class Note>
+class Trap {
+  public:
+    /// Calls `step` with its arguments; false when it failed. A member function takes its object as first argument. The
+    /// arguments are worked out ahead of the call, where nothing guards them.
+    template <class Step, class... Arguments>
+    bool operator()(Step&& step, Arguments&&... arguments) const noexcept {
+        try {
+            static_cast<void>(std::invoke(std::forward<Step>(step), std::forward<Arguments>(arguments)...));
+            return true;
+        } catch (...) {
+            static_cast<const Note&>(*this).noteCurrent();
+            return false;
+        }
+    }
+
+    /// Sets `target` to what a step gives back; it keeps its value when the step fails, and false is the result.
+    template <class Target, class Step, class... Arguments>
+    bool set(Target& target, Step&& step, Arguments&&... arguments) const noexcept {
+        return (*this)([&] { target = std::invoke(std::forward<Step>(step), std::forward<Arguments>(arguments)...); });
+    }
+};
+
 /// The trap that nearly every procedure carries. Hand it one step at a time: a fault inside it is put into the ring as
 /// "{description}({number}) in {procedure} of module {module}", and the caller goes on with the next step. What the
 /// failed step would have set keeps its value. Nothing escapes a trap.
-class StandardTrap {
+class StandardTrap : public Trap<StandardTrap> {
   public:
     explicit constexpr StandardTrap(Procedure procedure) noexcept : StandardTrap(procedure.name, procedure.module) {}
     /// Both names must outlive the trap (they are literals everywhere).
@@ -27,21 +51,10 @@ class StandardTrap {
     /// The trap of another procedure of the same module.
     [[nodiscard]] constexpr StandardTrap of(std::string_view procedure) const noexcept { return {procedure, m_module}; }
 
-    /// Calls `step` with its arguments; false when it failed. A member function takes its object as first argument.
-    template <class Step, class... Arguments>
-    bool operator()(Step&& step, Arguments&&... arguments) const noexcept {
-        try {
-            static_cast<void>(std::invoke(std::forward<Step>(step), std::forward<Arguments>(arguments)...));
-            return true;
-        } catch (...) {
-            recordCurrent();
-            return false;
-        }
-    }
+    /// Puts the exception that is being handled into the ring.
+    void noteCurrent() const noexcept;
 
   private:
-    void recordCurrent() const noexcept;
-
     std::string_view m_procedure;
     std::string_view m_module;
 };

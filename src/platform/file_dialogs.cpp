@@ -124,17 +124,16 @@ void cSharedFileSel::DisplayDialog(Kind kind) {
 }
 
 std::string askforFilename(std::string_view title, std::string_view startFile, std::string_view pattern) noexcept {
-    const StandardTrap trap{"function askforfilename$", "mSHAREDFileSelect"};
     std::string result;
     cSharedFileSel chooser;
     if (!pattern.empty()) {
-        trap([&] { chooser.Filepattern(pattern); });
+        chooser.Filepattern(pattern);
     }
-    trap([&] { chooser.DefaultPath(pathonly(startFile)); });
-    trap([&] { chooser.SetCaption(title); });
+    chooser.DefaultPath(pathonly(startFile));
+    chooser.SetCaption(title);
     chooser.GetFilename();
     if (!chooser.Cancelled()) {
-        trap([&] { result = chooser.Path() + "\\" + chooser.Filename(); });
+        result = chooser.Path() + "\\" + chooser.Filename();
     }
     return result;
 }

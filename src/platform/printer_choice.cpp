@@ -31,21 +31,18 @@ void dropPrinter() {
 
 void storedefaultprinter() noexcept {
     static std::optional<std::string> defaultPrinter;
-    const StandardTrap trap{"sub storedefaultprinter", "mSHAREDPrinter"};
     if (!defaultPrinter) {
-        trap([&] { defaultPrinter = fromQString(QPrinterInfo::defaultPrinterName()); });
+        defaultPrinter = fromQString(QPrinterInfo::defaultPrinterName());
     }
 }
 
 void chooseprinter(QWidget* owner, std::string_view title) noexcept {
     const StandardTrap trap{"sub chooseprinter", "mSHAREDPrinter"};
     storedefaultprinter();
-    trap([&] {
-        QPrintDialog dialog(&currentPrinter(), owner);
-        dialog.setObjectName(QStringLiteral("printDialog"));
-        dialog.setWindowTitle(toQString(title));
-        dialog.exec();
-    });
+    QPrintDialog dialog(&currentPrinter(), owner);
+    dialog.setObjectName(QStringLiteral("printDialog"));
+    dialog.setWindowTitle(toQString(title));
+    trap(&QPrintDialog::exec, &dialog);
 }
 
 QPrinter& currentPrinter() {

@@ -92,14 +92,14 @@ void frmFind::keyPressEvent(QKeyEvent* event) {
 void frmFind::cmdOK_Click() noexcept {
     const StandardTrap trap{"sub cmdok_click", module};
     accept();
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
 }
 
 void frmFind::cmdExit_Click() noexcept {
     const StandardTrap trap{"sub cmdexit_click", module};
     ui->cmbList->setCurrentRow(-1);
     QDialog::reject();
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
 }
 
 void frmFind::reject() {

@@ -166,7 +166,7 @@ void frmSchedEdit::fillschedinfo() noexcept {
     if (const int row = aircraftrow(ui->cmbAircraft->rows(), sched.acnum.text()); row >= 0) {
         ui->cmbAircraft->setCurrentRow(row);
     }
-    trap([&] { ui->txtPercent->setText(toQString(generalNumber(val(sched.percent.text())))); });
+    ui->txtPercent->setText(toQString(generalNumber(val(sched.percent.text()))));
     const bool ifr = upper(sched.rules.text()) == "IFR";
     ui->optIFR->setChecked(ifr);
     ui->optVFR->setChecked(!ifr);
@@ -194,7 +194,7 @@ void frmSchedEdit::fillleglist(int selected) noexcept {
     if (m_draft.sched.legcount > 0) {
         ui->List1->setCurrentRow(selected < ui->List1->rowCount() ? selected : 0);
     }
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
 }
 
 // Without a word about what can't be shown: of a leg that isn't there the boxes keep all they have, and a time that is
@@ -233,7 +233,9 @@ void frmSchedEdit::showairport(ComboBox& box, std::string_view icao) {
 
 void frmSchedEdit::displaydistance(const LegRec& leg) noexcept {
     const StandardTrap trap{"sub displaydistance", module};
-    trap([&] { ui->lblDistance->setText(toQString(distancetext(leg))); });
+    if (std::string text; trap.set(text, distancetext, leg)) {
+        ui->lblDistance->setText(toQString(text));
+    }
     const bool over = isoveraday(leg);
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText, over ? faultColour(colours) : fineColour(colours));
@@ -378,7 +380,7 @@ void frmSchedEdit::cmdCancel_Click() noexcept {
     const StandardTrap trap{"sub cmdcancel_click", module};
     m_cancelled = true;
     QDialog::reject();
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
 }
 
 void frmSchedEdit::reject() {

@@ -48,12 +48,13 @@ void changeairport(const StandardTrap& trap, ScheduleDraft& draft, std::int16_t 
     if (draft.sched.legcount < 1) {
         return;
     }
+    const auto set = [&](int number, auto LegRec::*airport) { draft.leg(number).*airport = code; };
     if (end == LegEnd::Destination) {
-        trap([&] { draft.leg(leg).toicao = code; });
-        trap([&] { draft.leg(draft.sched.next(leg)).fromicao = code; });
+        trap(set, leg, &LegRec::toicao);
+        trap(set, draft.sched.next(leg), &LegRec::fromicao);
     } else {
-        trap([&] { draft.leg(leg).fromicao = code; });
-        trap([&] { draft.leg(draft.sched.previous(leg)).toicao = code; });
+        trap(set, leg, &LegRec::fromicao);
+        trap(set, draft.sched.previous(leg), &LegRec::toicao);
     }
 }
 
@@ -71,23 +72,33 @@ void addlegtosched(const StandardTrap& trap, ScheduleDraft& draft, bool atend, i
         return; // the statements below would overwrite a leg that is not new
     }
     const NewPlace place = neighbours(at, sched.legcount);
-    trap([&] { draft.leg(at).toicao = draft.leg(place.next).fromicao.raw(); });
-    trap([&] { draft.leg(at).fromicao = draft.leg(place.previous).toicao.raw(); });
-    trap([&] { draft.leg(at).flightlevel = draft.leg(place.previous).flightlevel; });
-    trap([&] { draft.leg(at).dep = draft.leg(place.previous).dep.raw(); });
+    const auto take = [&](auto LegRec::*field, int from, auto LegRec::*source) {
+        draft.leg(at).*field = draft.leg(from).*source;
+    };
+    const auto set = [&](auto LegRec::*field, auto value) { draft.leg(at).*field = value; };
+    trap(take, &LegRec::toicao, place.next, &LegRec::fromicao);
+    trap(take, &LegRec::fromicao, place.previous, &LegRec::toicao);
+    trap(take, &LegRec::flightlevel, place.previous, &LegRec::flightlevel);
+    trap(take, &LegRec::dep, place.previous, &LegRec::dep);
     // Quirk: the arrival of the leg before would be taken over with a fixed arrival, but it is the new leg's own mark
     // that decides, and a blank leg has none.
-    trap([&] { draft.leg(at).arr = midnight; });
-    trap([&] { draft.leg(at).flightnum = draft.leg(place.previous).flightnum.raw(); });
-    trap([&] { draft.leg(at).legtype = draft.leg(place.previous).legtype.raw(); });
-    trap([&] { draft.leg(at).tng = tng; });
+    trap(set, &LegRec::arr, midnight);
+    trap(take, &LegRec::flightnum, place.previous, &LegRec::flightnum);
+    trap(take, &LegRec::legtype, place.previous, &LegRec::legtype);
+    trap(set, &LegRec::tng, tng);
 }
+
+namespace {
+void blankLeg(ScheduleRec& rec, std::int32_t leg) {
+    rec.legs[leg] = LegRec{};
+}
+} // namespace
 
 void deleteleg(ScheduleRec& rec, std::int32_t leg) noexcept {
     const StandardTrap trap{"sub deleteleg", "modLegDelete"};
     if (rec.legcount == 1) {
         rec.legcount = 0;
-        trap([&] { rec.legs[1] = LegRec{}; });
+        trap(blankLeg, rec, 1);
     } else if (rec.legcount > 1) {
         trap([&] {
             rec.legs.erase(leg);

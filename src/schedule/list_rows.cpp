@@ -6,6 +6,7 @@
 #include "foundation/clock.h"
 #include "foundation/host.h"
 #include "foundation/numbers.h"
+#include "schedule/schedule_commands.h"
 
 #include <unordered_set>
 #include <utility>
@@ -218,18 +219,24 @@ void listSchedules(std::string_view icao, std::string_view ac, bool unique, List
     }
 }
 
-LegListing listLegs(std::int32_t recnum, std::string_view icao) {
+LegListing listLegs(std::int32_t recnum, std::string_view icao) noexcept {
     LegListing listing;
     addToListing(recnum, icao, listing);
     return listing;
 }
+
+namespace {
+const ScheduleRec* scheduleAt(std::int32_t recnum) {
+    return &schedules.peek(recnum);
+}
+} // namespace
 
 LegListing listLegsOfAircraft(const StandardTrap& trap, std::string_view ac, std::string_view icao) noexcept {
     const ScheduleRec blank;
     const ScheduleRec* schedule = &blank;
     LegListing listing;
     for (std::int32_t r = 1; r <= schedulecount; ++r) {
-        trap([&] { schedule = &schedules.peek(r); });
+        trap.set(schedule, scheduleAt, r);
         if (schedule->acnum.text() == ac) {
             addToListing(r, icao, listing);
         }
@@ -248,9 +255,9 @@ ScheduleButtons scheduleButtons(const StandardTrap& trap, std::size_t selectedRo
     buttons.deleteSchedule = true;
     // Quirk: the caption follows the current row alone, whatever else is selected.
     bool deleted = false;
-    trap([&] { deleted = schedules.peek(itemData).deleted; });
+    trap.set(deleted, scheduleDeleted, itemData);
     buttons.deleteCaption = deleted ? "Undelete" : "Delete";
-    trap([&] { buttons.swapAircraft = !extractaircraft(rowText).empty(); });
+    buttons.swapAircraft = !extractaircraft(rowText).empty();
     return buttons;
 }
 
@@ -261,7 +268,9 @@ LegButtons legButtons(const StandardTrap& trap, std::int32_t itemData) noexcept 
     }
     buttons.enable = true;
     if (const std::optional<LegId> id = extractindexes(itemData); id && *id) {
-        trap([&] { buttons.deleteCaption = schedules.peek(id->recnum).legs[id->leg].deleted ? "Undelete" : "Delete"; });
+        if (bool deleted = false; trap.set(deleted, legDeleted, *id)) {
+            buttons.deleteCaption = deleted ? "Undelete" : "Delete";
+        }
     }
     return buttons;
 }

@@ -50,12 +50,20 @@ void addschedule(const StandardTrap& trap, const ScheduleRec& schedule) noexcept
 
 void copyschedule(const StandardTrap& trap, std::int32_t recnum) noexcept {
     ScheduleRec schedule;
-    if (!trap([&] { schedule = schedules.HashGetSlot(recnum); })) {
+    if (!trap.set(schedule, &clsHashSC::HashGetSlot, schedules, recnum)) {
         return; // a row that leads nowhere must not become a blank schedule
     }
     // Quirk: the legs keep the hashindex of their source.
     schedule.recnum = schedulecount + 1;
     addschedule(trap, schedule);
+}
+
+bool scheduleDeleted(std::int32_t recnum) {
+    return schedules.peek(recnum).deleted;
+}
+
+bool legDeleted(LegId id) {
+    return schedules.peek(id.recnum).legs[id.leg].deleted;
 }
 
 std::optional<bool> deleteschedbyrecnum(std::int32_t recnum) noexcept {
@@ -73,8 +81,7 @@ std::optional<bool> deleteschedbyrecnum(std::int32_t recnum) noexcept {
 
 void deleteschedbyac(std::string_view acnum) noexcept {
     const StandardTrap trap{"sub deleteschedbyac", deleteModule};
-    std::string code;
-    trap([&] { code = upper(trim(extractcode(acnum))); });
+    const std::string code = upper(trim(extractcode(acnum)));
     changeSchedules(
         trap, schedulecount, [&](const ScheduleRec& schedule) { return upper(schedule.acnum.text()) == code; },
         [](ScheduleRec& schedule) { schedule.deleted = true; });

@@ -20,6 +20,10 @@ void addschedule(const StandardTrap& trap, const ScheduleRec& schedule) noexcept
 /// Adds a copy of schedule `recnum` under the next number. Its legs keep the hashindex of the source.
 void copyschedule(const StandardTrap& trap, std::int32_t recnum) noexcept;
 
+/// Whether a schedule, or one leg, is marked as deleted. Error 9 for one that does not exist.
+[[nodiscard]] bool scheduleDeleted(std::int32_t recnum);
+[[nodiscard]] bool legDeleted(LegId id);
+
 /// Deletes or undeletes a schedule. Whether it is deleted now; nothing after a fault.
 std::optional<bool> deleteschedbyrecnum(std::int32_t recnum) noexcept;
 /// Marks all schedules of an aircraft (a row or code) as deleted; it sets and does not toggle.

@@ -14,6 +14,7 @@
 #include "simulator/missing_aircraft.h"
 #include "ui_aircraft_box.h"
 
+#include <utility>
 #include <vector>
 
 namespace vantor {
@@ -63,7 +64,7 @@ std::string AircraftCommands::substitute(const StandardTrap& trap) {
     }
     const BusyPointer busy{trap};
     bool took = false;
-    trap([&] { took = takeSubstitute(trap, chosen->substitutetext); });
+    trap.set(took, &AircraftCommands::takeSubstitute, this, trap, chosen->substitutetext);
     m_ui.List3->removeRow(m_ui.List3->currentRow());
     return took ? "Substitute " + extractcode(chosen->substitutetext) : std::string();
 }
@@ -113,7 +114,9 @@ std::string AircraftCommands::deleteChosen(const StandardTrap& trap) {
     m_workspace.unsavedchanges = true;
     const BusyPointer busy{trap};
     deleteaircraft(text);
-    trap([&] { m_ui.List3->setRows(checkmissing()); });
+    if (ListRows missing; trap.set(missing, checkmissing)) {
+        m_ui.List3->setRows(std::move(missing));
+    }
     deleteschedbyac(text);
     trap(&AircraftCommands::refillAircraft, this);
     m_lists.clear();

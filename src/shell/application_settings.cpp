@@ -63,25 +63,24 @@ bool modeChosen() noexcept {
 
 void readsettings() noexcept {
     const StandardTrap trap{"sub readsettings", "modSettingsLoadAndSave"};
-    trap([&] { gmtoffset = sget(keys::gmtOffset).single(); });
-    trap([&] { fs2k2path = sget(keys::fs2k2Path).text(); });
-    trap([&] { fs2k4path = sget(keys::fs2k4Path).text(); });
-    trap([&] { logit("Flight Sim 2002 path set to " + fs2k2path); });
-    trap([&] { logit("Flight Sim 2004 path set to " + fs2k4path); });
-    trap([&] {
-        const std::int16_t mode = sget(keys::fsMode).int16();
+    trap.set(gmtoffset, setting<float>, keys::gmtOffset);
+    fs2k2path = sget(keys::fs2k2Path).text();
+    fs2k4path = sget(keys::fs2k4Path).text();
+    trap(logit, "Flight Sim 2002 path set to " + fs2k2path);
+    trap(logit, "Flight Sim 2004 path set to " + fs2k4path);
+    if (std::int16_t mode = 0; trap.set(mode, setting<std::int16_t>, keys::fsMode)) {
         fsmode = mode == 0 ? keys::fsMode.fallback : mode; // 0 stands for a mode not chosen yet
-    });
-    trap([&] { fspath = fsmode == 2 ? fs2k2path : fs2k4path; });
+    }
+    fspath = fsmode == 2 ? fs2k2path : fs2k4path;
     // A path without its trailing backslash runs together with what follows: none is added.
-    trap([&] { fsicaofile = fspath + "weather\\icao name.cfg"; });
-    trap([&] { fsaircraftpath = fspath + "aircraft\\"; });
-    trap([&] { compiletool = inProgramFolder("TTools.exe"); });
-    trap([&] { decompiletool = inProgramFolder("TTools.exe"); });
-    trap([&] { logit("FS mode: " + std::to_string(fsmode)); });
-    trap([&] { logit("FS Path: " + fspath); });
-    trap([&] { logit("FS ICAO File: " + fsicaofile); });
-    trap([&] { logit("FS Aircraft Path: " + fsaircraftpath); });
+    fsicaofile = fspath + "weather\\icao name.cfg";
+    fsaircraftpath = fspath + "aircraft\\";
+    compiletool = inProgramFolder("TTools.exe");
+    decompiletool = inProgramFolder("TTools.exe");
+    trap(logit, "FS mode: " + std::to_string(fsmode));
+    trap(logit, "FS Path: " + fspath);
+    trap(logit, "FS ICAO File: " + fsicaofile);
+    trap(logit, "FS Aircraft Path: " + fsaircraftpath);
 }
 
 GmtBoxes gmtBoxes(float offset) {

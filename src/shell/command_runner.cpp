@@ -28,7 +28,7 @@ bool CommandRunner::run(Procedure procedure, const Command& command) {
     const StandardTrap trap{procedure};
     const std::int64_t actions = actionCount();
     std::string did;
-    trap([&] { did = command(trap); });
+    trap.set(did, command, trap);
     if (ended) {
         trap([&] { ended(did, faultSince(actions)); });
     }

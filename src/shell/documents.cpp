@@ -49,7 +49,7 @@ std::string manualFile() {
 void showLog() noexcept {
     const StandardTrap trap{"sub showlog", "frmMain"};
     trap(dumpactions); // the latest may not have reached it yet
-    trap([] { host().viewTextFile(programFolder() + "\\log.txt"); });
+    trap(&Host::viewTextFile, host(), programFolder() + "\\log.txt");
 }
 
 std::vector<Licence> licences() {

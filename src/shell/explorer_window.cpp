@@ -42,6 +42,10 @@ std::vector<std::int32_t> schedulesOf(const std::vector<LegId>& rows) {
     return recnums;
 }
 
+std::string aircraftOf(std::int32_t recnum) {
+    return std::string(schedules.peek(recnum).acnum.text());
+}
+
 std::string countedSchedules(const std::vector<std::int32_t>& recnums) {
     return counted(static_cast<std::int64_t>(recnums.size()), "schedule");
 }
@@ -108,14 +112,14 @@ void ExplorerWindow::commandEnded() {
 std::string ExplorerWindow::edit(const StandardTrap& trap, LegId id) {
     ScheduleRec schedule;
     std::optional<ScheduleRec> edited;
-    if (trap([&] { schedule = schedules.HashGetSlot(id.recnum); }) && schedule.recnum != 0) {
+    if (trap.set(schedule, &clsHashSC::HashGetSlot, schedules, id.recnum) && schedule.recnum != 0) {
         edited = editSchedule(&form(), schedule, {aircraftRows(true), m_ui.cmbICAO->rows()}, std::max(0, id.leg - 1));
     }
     if (!edited) {
         return {};
     }
     const BusyPointer busy{trap};
-    trap([&] { schedules.HashPutSlot(id.recnum, *edited); });
+    trap(&clsHashSC::HashPutSlot, schedules, id.recnum, *edited);
     refresh(trap);
     return "Edit " + std::string(edited->tailnumber.text());
 }
@@ -139,7 +143,7 @@ std::string ExplorerWindow::remove(const StandardTrap& trap, const std::vector<L
 std::string ExplorerWindow::swap(const StandardTrap& trap, const std::vector<LegId>& rows) {
     const std::vector<std::int32_t> recnums = schedulesOf(rows);
     std::string code;
-    if (recnums.empty() || !trap([&] { code = schedules.peek(recnums.front()).acnum.text(); })) {
+    if (recnums.empty() || !trap.set(code, aircraftOf, recnums.front())) {
         return {};
     }
     const auto chosen = chooseAircraft(&form(), code, aircraftRows(false));

@@ -26,7 +26,7 @@ QString link(const QString& address, const QString& text) {
 
 void visit(const QString& address) {
     const StandardTrap trap{"sub lbllink_click", moduleName};
-    trap([&] { websitevisit(fromQString(address)); });
+    trap(websitevisit, fromQString(address));
 }
 
 } // namespace
@@ -36,7 +36,8 @@ fSHAREDAbout::fSHAREDAbout(QWidget* parent) : QDialog(parent), m_ui(std::make_un
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->cmdLicences, &QPushButton::clicked, this, [this] {
         const StandardTrap trap{"sub cmdlicences_click", moduleName};
-        trap([&] { frmLicences(this).exec(); });
+        frmLicences form(this);
+        trap(&QDialog::exec, &form);
     });
     connect(m_ui->cmdOpenFolder, &QPushButton::clicked, this, [this] {
         const StandardTrap trap{"sub cmdopenfolder_click", moduleName};
@@ -58,29 +59,22 @@ fSHAREDAbout::fSHAREDAbout(QWidget* parent) : QDialog(parent), m_ui(std::make_un
 fSHAREDAbout::~fSHAREDAbout() = default;
 
 void fSHAREDAbout::Form_Load() {
-    const StandardTrap trap{"sub form_load", moduleName};
-    trap([&] {
-        const int line = fontMetrics().height();
-        const int side = line * 6;
-        m_ui->layoutForm->setContentsMargins(line, line, line, line);
-        m_ui->layoutForm->setSpacing(line);
-        m_ui->layoutAbout->setSpacing(line);
-        m_ui->picIcon->setPixmap(applicationIcon().pixmap(QSize(side, side), devicePixelRatioF()));
-    });
-    trap([&] {
-        QFont font = m_ui->lblTitle->font();
-        font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.8);
-        font.setBold(true);
-        m_ui->lblTitle->setFont(font);
-    });
-    trap([&] { m_ui->lblVersion->setText(toQString(appversion())); });
-    trap([&] { m_ui->lblMaker->setText(QStringLiteral(VANTOR_YEAR " Ostrevane Software")); });
-    trap([&] {
-        const QString homePage = QStringLiteral(VANTOR_HOME_PAGE);
-        m_ui->lblHomePage->setText(link(homePage, QStringLiteral("Vantor on the web")));
-        m_ui->lblProducts->setText(
-            link(homePage + QStringLiteral("/products"), QStringLiteral("Other products of Ostrevane Software")));
-    });
+    const int line = fontMetrics().height();
+    const int side = line * 6;
+    m_ui->layoutForm->setContentsMargins(line, line, line, line);
+    m_ui->layoutForm->setSpacing(line);
+    m_ui->layoutAbout->setSpacing(line);
+    m_ui->picIcon->setPixmap(applicationIcon().pixmap(QSize(side, side), devicePixelRatioF()));
+    QFont font = m_ui->lblTitle->font();
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.8);
+    font.setBold(true);
+    m_ui->lblTitle->setFont(font);
+    m_ui->lblVersion->setText(toQString(appversion()));
+    m_ui->lblMaker->setText(QStringLiteral(VANTOR_YEAR " Ostrevane Software"));
+    const QString homePage = QStringLiteral(VANTOR_HOME_PAGE);
+    m_ui->lblHomePage->setText(link(homePage, QStringLiteral("Vantor on the web")));
+    m_ui->lblProducts->setText(
+        link(homePage + QStringLiteral("/products"), QStringLiteral("Other products of Ostrevane Software")));
 }
 
 } // namespace vantor

@@ -107,13 +107,13 @@ ErrorReport fSHAREDErrorRpt::report() const {
 
 void fSHAREDErrorRpt::cmdEmail_Click() noexcept {
     const StandardTrap trap{"sub cmdemail_click", moduleName};
-    trap([&] { websitevisit(mailRequest(report())); });
+    trap(websitevisit, mailRequest(report()));
 }
 
 void fSHAREDErrorRpt::cmdViewReport_Click() noexcept {
     const StandardTrap trap{"sub cmdviewreport_click", moduleName};
-    trap([&] { WriteTextFile(inProgramFolder("fulllog.txt"), reportPreview(report())); });
-    trap([&] { host().viewTextFile(inProgramFolder("fulllog.txt")); });
+    WriteTextFile(inProgramFolder("fulllog.txt"), reportPreview(report()));
+    trap(&Host::viewTextFile, host(), inProgramFolder("fulllog.txt"));
 }
 
 void fSHAREDErrorRpt::cmdViewLog_Click() noexcept {
@@ -140,7 +140,7 @@ void fSHAREDErrorRpt::done(int result) {
     // Every way out comes by here: the button, Escape and the window's own control.
     const StandardTrap trap{"sub form_queryunload", moduleName};
     QDialog::done(result);
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
     m_closed = true;
 }
 

@@ -250,10 +250,8 @@ void FileCommands::endFatally(const StandardTrap& trap, const Error& error) {
         box.setText(boxText(error.description()));
         box.exec();
     });
-    trap([&] {
-        logaction(error.description() + "(" + std::to_string(error.number()) + ")", loadSelectedProcedure.name,
-                  loadSelectedProcedure.module);
-    });
+    trap(logaction, error.description() + "(" + std::to_string(error.number()) + ")", loadSelectedProcedure.name,
+         loadSelectedProcedure.module);
     trap(dumpactions);
     m_window.hide();
     m_life.endProcess(1);
@@ -274,7 +272,7 @@ bool FileCommands::mayOverwrite(const StandardTrap& trap, std::string_view file,
 
 std::string FileCommands::saveFlights(const StandardTrap& trap) {
     bool overwrite = false;
-    trap([&] { overwrite = host().askYesNo("Overwrite " + m_workspace.flightsname + "?"); });
+    trap.set(overwrite, &Host::askYesNo, host(), "Overwrite " + m_workspace.flightsname + "?");
     if (!overwrite || !mayOverwrite(trap, m_workspace.flightsname, m_workspace.flightsname)) {
         host().message("Save cancelled");
         return {};
@@ -302,7 +300,7 @@ std::string FileCommands::saveFlights(const StandardTrap& trap) {
 
 std::string FileCommands::saveAircraft(const StandardTrap& trap) {
     bool overwrite = false;
-    trap([&] { overwrite = host().askYesNo("Overwrite " + m_workspace.aircraftname + "?"); });
+    trap.set(overwrite, &Host::askYesNo, host(), "Overwrite " + m_workspace.aircraftname + "?");
     if (!overwrite || !mayOverwrite(trap, savedAircraftFile, m_workspace.aircraftname)) {
         host().message("Save Cancelled"); // Quirk: a capital here, unlike the flight plans'.
         return {};

@@ -136,7 +136,7 @@ void frmMain::formLoad() {
         airports = clsHashAP();
         setWindowTitle(toQString("Vantor " + appversion()));
         setWindowIcon(applicationIcon());
-        logit("Vantor version " + appversion() + " starting.", true);
+        beginLog("Vantor version " + appversion() + " starting.");
         LoadSettings(settingsFile());
         if (!modeChosen()) {
             host().message("Select FS2002 or FS2004 mode, then set up the file locations in the settings screen.");
@@ -199,7 +199,7 @@ void frmMain::restoreKept() {
 void frmMain::errorexit(std::string_view message) noexcept {
     const StandardTrap trap{"sub errorexit", module};
     trap(&Host::message, host(), message);
-    trap([&] { logit(message); });
+    trap(logit, message);
     exitprog();
 }
 
@@ -207,9 +207,9 @@ void frmMain::exitprog() noexcept {
     const StandardTrap trap{"sub exitprog", module};
     savesettings(settingsFile()); // ahead of the question: settings are saved whatever the answer
     bool leave = !m_workspace.unsavedchanges;
-    trap([&] { // a question that fails is no Yes
-        leave = leave || host().askYesNo("If you exit now you will lose your changes.  Are you sure?");
-    });
+    if (!leave) { // a question that fails is no Yes
+        trap.set(leave, &Host::askYesNo, host(), "If you exit now you will lose your changes.  Are you sure?");
+    }
     if (!leave) {
         return;
     }

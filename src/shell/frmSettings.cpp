@@ -61,12 +61,10 @@ std::string askforfspath(std::string_view start) noexcept {
         if (!asked || path.empty()) {
             return {};
         }
-        bool seen = false;
-        trap([&] { seen = FolderExists(path + "Aircraft"); });
-        if (seen) {
+        if (FolderExists(path + "Aircraft")) {
             return path;
         }
-        trap([] { host().message("I can't see an Aircraft folder in that location."); });
+        trap(&Host::message, host(), "I can't see an Aircraft folder in that location.");
     }
 }
 
@@ -104,17 +102,15 @@ void frmSettings::connectControls() {
 }
 
 void frmSettings::Form_Load() {
-    const StandardTrap trap{"sub form_load", moduleName};
-    trap([&] { m_ui->lblFS2k2Path->setPath(toQString(sget(keys::fs2k2Path, fs2k2path).text())); });
-    trap([&] { m_ui->lblFS2k4Path->setPath(toQString(sget(keys::fs2k4Path, fs2k4path).text())); });
-    trap([&] { m_ui->txtGMTHour->setText(toQString(gmtBoxes(gmtoffset).hour)); });
-    trap([&] { m_ui->txtGMTMin->setText(toQString(gmtBoxes(gmtoffset).minute)); });
+    m_ui->lblFS2k2Path->setPath(toQString(sget(keys::fs2k2Path, fs2k2path).text()));
+    m_ui->lblFS2k4Path->setPath(toQString(sget(keys::fs2k4Path, fs2k4path).text()));
+    const GmtBoxes boxes = gmtBoxes(gmtoffset);
+    m_ui->txtGMTHour->setText(toQString(boxes.hour));
+    m_ui->txtGMTMin->setText(toQString(boxes.minute));
     for (std::size_t index = 0; index < modes.size(); ++index) {
         const TrafficFiles files = defaultFiles(modes.at(index));
         const auto show = [&](const FileRow& row, const std::string& file) {
-            trap([&] {
-                row.labels.at(index)->setPath(toQString(sget(keys::forMode(row.key, modes.at(index)), file).text()));
-            });
+            row.labels.at(index)->setPath(toQString(sget(keys::forMode(row.key, modes.at(index)), file).text()));
         };
         show(m_aircraft, files.aircraft);
         show(m_airports, files.airports);
@@ -125,17 +121,16 @@ void frmSettings::Form_Load() {
 void frmSettings::cmdOK_Click() {
     const StandardTrap trap{"sub cmdok_click", moduleName};
     bool usable = true;
-    trap([&] { usable = checkGmtBoxes(); });
+    trap.set(usable, &frmSettings::checkGmtBoxes, this);
     if (!usable) {
         return;
     }
-    trap([&] {
-        gmtoffset = gmtOffsetOf({fromQString(m_ui->txtGMTHour->text()), fromQString(m_ui->txtGMTMin->text())});
-    });
+    const GmtBoxes boxes{fromQString(m_ui->txtGMTHour->text()), fromQString(m_ui->txtGMTMin->text())};
+    trap.set(gmtoffset, gmtOffsetOf, boxes);
     storeControls();
-    trap([&] { savesettings(settingsFile()); });
-    trap([] { readsettings(); });
-    trap([&] { accept(); });
+    savesettings(settingsFile());
+    readsettings();
+    accept();
 }
 
 bool frmSettings::checkGmtBoxes() {
@@ -155,45 +150,43 @@ bool frmSettings::checkGmtBoxes() {
 }
 
 void frmSettings::storeControls() {
-    const StandardTrap trap{"sub cmdok_click", moduleName};
-    trap([&] { sset(keys::gmtOffset, gmtoffset); });
-    trap([&] { sset(keys::fs2k2Path, pathOf(*m_ui->lblFS2k2Path)); });
-    trap([&] { sset(keys::fs2k4Path, pathOf(*m_ui->lblFS2k4Path)); });
+    sset(keys::gmtOffset, gmtoffset);
+    sset(keys::fs2k2Path, pathOf(*m_ui->lblFS2k2Path));
+    sset(keys::fs2k4Path, pathOf(*m_ui->lblFS2k4Path));
     for (std::size_t index = 0; index < modes.size(); ++index) {
         for (const FileRow* row : {&m_aircraft, &m_airports, &m_flightplans}) {
-            trap([&] { sset(keys::forMode(row->key, modes.at(index)), pathOf(*row->labels.at(index))); });
+            sset(keys::forMode(row->key, modes.at(index)), pathOf(*row->labels.at(index)));
         }
     }
 }
 
 void frmSettings::cmdCancel_Click() {
-    const StandardTrap trap{"sub cmdcancel_click", moduleName};
-    trap([&] { reject(); });
+    reject();
 }
 
 void frmSettings::cmdGetFS2k2Path_Click() {
     const StandardTrap trap{"sub cmdgetfs2k2path_click", moduleName};
-    trap([&] { pickFolder(*m_ui->lblFS2k2Path); });
+    trap(pickFolder, *m_ui->lblFS2k2Path);
 }
 
 void frmSettings::cmdGetFS2k4Path_Click() {
     const StandardTrap trap{"sub cmdgetfs2k4path_click", moduleName};
-    trap([&] { pickFolder(*m_ui->lblFS2k4Path); });
+    trap(pickFolder, *m_ui->lblFS2k4Path);
 }
 
 void frmSettings::cmdPickAircraft_Click(std::size_t index) {
     const StandardTrap trap{"sub cmdpickaircraft_click", moduleName};
-    trap([&] { pickFile(*m_aircraft.labels.at(index), "Select your aircraft.txt file"); });
+    trap(pickFile, *m_aircraft.labels.at(index), "Select your aircraft.txt file");
 }
 
 void frmSettings::cmdPickAirports_Click(std::size_t index) {
     const StandardTrap trap{"sub cmdpickairports_click", moduleName};
-    trap([&] { pickFile(*m_airports.labels.at(index), "Select your airports.txt file"); });
+    trap(pickFile, *m_airports.labels.at(index), "Select your airports.txt file");
 }
 
 void frmSettings::cmdPickFlightplans_Click(std::size_t index) {
     const StandardTrap trap{"sub cmdpickflightplans_click", moduleName};
-    trap([&] { pickFile(*m_flightplans.labels.at(index), "Select your flightplans.txt file"); });
+    trap(pickFile, *m_flightplans.labels.at(index), "Select your flightplans.txt file");
 }
 
 } // namespace vantor

@@ -1,6 +1,5 @@
 #include "shell/frmSplash.h"
 
-#include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "platform/colours.h"
 #include "platform/picture_box.h"
@@ -32,30 +31,23 @@ Canvas* frmSplash::progress() {
 }
 
 void frmSplash::Form_Load() {
-    const StandardTrap trap{"sub form_load", "frmSplash"};
-    trap([&] {
-        QFont font = m_ui->lblTitle->font();
-        font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.7);
-        font.setBold(true);
-        m_ui->lblTitle->setFont(font);
-        // The picture behind the title is dark in every palette.
-        QPalette light = m_ui->lblTitle->palette();
-        light.setColor(QPalette::WindowText, Qt::white);
-        m_ui->lblTitle->setPalette(light);
-    });
-    trap([&] { m_ui->picProgress->setPalette(progressPalette(m_ui->picProgress->palette())); });
-    trap([&] { m_ui->lblTitle->setText(QStringLiteral("Vantor ") + toQString(appversion())); });
-    trap([&] {
-        const QSize size = splashSize(fontMetrics());
-        m_ui->Picture1->setFixedSize(size);
-        m_ui->Picture1->setPicture(splashPicture(size, devicePixelRatioF()));
-    });
-    trap([&] {
-        m_ui->picProgress->setFixedHeight(fontMetrics().height() * 3 / 2);
-        const int indent = qRound(barIndent / twipsPerPixel);
-        const int left = indent / 2;
-        m_ui->Picture1->layout()->setContentsMargins(left, left, indent - left, left);
-    });
+    QFont font = m_ui->lblTitle->font();
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.7);
+    font.setBold(true);
+    m_ui->lblTitle->setFont(font);
+    // The picture behind the title is dark in every palette.
+    QPalette light = m_ui->lblTitle->palette();
+    light.setColor(QPalette::WindowText, Qt::white);
+    m_ui->lblTitle->setPalette(light);
+    m_ui->picProgress->setPalette(progressPalette(m_ui->picProgress->palette()));
+    m_ui->lblTitle->setText(QStringLiteral("Vantor ") + toQString(appversion()));
+    const QSize size = splashSize(fontMetrics());
+    m_ui->Picture1->setFixedSize(size);
+    m_ui->Picture1->setPicture(splashPicture(size, devicePixelRatioF()));
+    m_ui->picProgress->setFixedHeight(fontMetrics().height() * 3 / 2);
+    const int indent = qRound(barIndent / twipsPerPixel);
+    const int left = indent / 2;
+    m_ui->Picture1->layout()->setContentsMargins(left, left, indent - left, left);
     adjustSize();
 }
 

@@ -123,13 +123,12 @@ void Lists::showLegs(LegListing listing) {
 void Lists::fillsecondlist(std::string_view ac, std::string_view icao) noexcept {
     const StandardTrap trap{"sub fillsecondlist", module};
     const PaintingOff quiet(m_ui.legs.List2);
-    trap([&] { showLegs(listLegsOfAircraft(trap, extractcode(ac), extractcode(icao))); });
+    showLegs(listLegsOfAircraft(trap, extractcode(ac), extractcode(icao)));
 }
 
 void Lists::displaylegs(std::int32_t recnum, std::string_view icao) noexcept {
-    const StandardTrap trap{"sub displaylegs", module};
     const PaintingOff quiet(m_ui.legs.List2);
-    trap([&] { showLegs(listLegs(recnum, icao)); });
+    showLegs(listLegs(recnum, icao));
 }
 
 void Lists::displayselected() {

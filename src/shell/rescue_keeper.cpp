@@ -161,7 +161,7 @@ void RescueKeeper::look() {
     }
     const bool quiet = std::chrono::milliseconds(m_sinceInput.elapsed()) >= m_quiet;
     bool wanted = false;
-    trap([&] { wanted = pending(); });
+    trap.set(wanted, &RescueKeeper::pending, this);
     if (!wanted || journal().revision() == m_kept) {
         if (!wanted) {
             dropNeedless();
@@ -222,7 +222,7 @@ void RescueKeeper::keepNow() noexcept {
         return;
     }
     bool wanted = false;
-    trap([&] { wanted = pending(); });
+    trap.set(wanted, &RescueKeeper::pending, this);
     if (!wanted) {
         dropNeedless();
     }

@@ -76,7 +76,7 @@ std::optional<ScheduleRec> ScheduleCommands::askForEdit(const ScheduleRec& sched
 std::string ScheduleCommands::add(const StandardTrap& trap) {
     const FocusBack focus{m_ui.schedules.List1};
     ScheduleRec schedule;
-    trap([&] { schedule = defaultschedule(m_ui.cmbAC->text()); });
+    trap.set(schedule, defaultschedule, m_ui.cmbAC->text());
     if (const std::optional<ScheduleRec> edited = askForEdit(schedule)) {
         m_workspace.unsavedchanges = true;
         addschedule(trap, *edited);
@@ -114,13 +114,13 @@ std::string ScheduleCommands::edit(const StandardTrap& trap) {
     ScheduleRec schedule;
     std::optional<ScheduleRec> edited;
     // A schedule that can't be read must not be overwritten by a blank one.
-    if (trap([&] { schedule = schedules.HashGetSlot(id); })) {
+    if (trap.set(schedule, &clsHashSC::HashGetSlot, schedules, id)) {
         edited = askForEdit(schedule);
     }
     const BusyPointer busy{trap};
     if (edited) {
         m_workspace.unsavedchanges = true;
-        trap([&] { schedules.HashPutSlot(id, *edited); });
+        trap(&clsHashSC::HashPutSlot, schedules, id, *edited);
     }
     // After a Cancel too. On a filtered list the saved row may be another schedule by now.
     trap(&Lists::refresh, m_lists, saved);
@@ -161,14 +161,14 @@ std::string ScheduleCommands::editLeg(const StandardTrap& trap) {
     std::optional<ScheduleRec> edited;
     // A leg's number can lead to a counted line without a schedule: what was stored there, the next add would
     // overwrite.
-    if (trap([&] { schedule = schedules.HashGetSlot(id.recnum); }) && schedule.recnum != 0) {
+    if (trap.set(schedule, &clsHashSC::HashGetSlot, schedules, id.recnum) && schedule.recnum != 0) {
         // Quirk: the row counts and not the leg: on a filtered list the editor may open on another leg.
         const bool fits = m_ui.legs.List2->rowCount() <= schedule.legcount;
         edited = askForEdit(schedule, fits ? m_ui.legs.List2->currentRow() : 0);
     }
     const BusyPointer busy{trap};
     if (edited) {
-        trap([&] { schedules.HashPutSlot(id.recnum, *edited); });
+        trap(&clsHashSC::HashPutSlot, schedules, id.recnum, *edited);
     }
     trap(&Lists::displayselected, m_lists); // List1 is not refilled: its row keeps the old text
     return edited ? "Edit " + tailOf(id.recnum) : std::string();
@@ -197,7 +197,7 @@ std::string ScheduleCommands::toggleSelectedLegs(const StandardTrap& trap) {
     if (const std::int32_t recnum = m_ui.schedules.List1->currentItemData(); recnum != 0) {
         m_lists.displaylegs(recnum, "");
     } else {
-        trap([&] { m_lists.fillsecondlist(touched.acnum.text(), m_ui.cmbICAO->text()); });
+        m_lists.fillsecondlist(touched.acnum.text(), m_ui.cmbICAO->text());
     }
     if (m_ui.legs.List2->rowCount() > 0) {
         m_lists.enablelegbuttons();

@@ -93,7 +93,7 @@ void StatusLine::tellFault(const std::string& action) {
 void StatusLine::showState(const Workspace& workspace) {
     const StandardTrap trap{"sub showstate", "frmMain"};
     LoadedCounts counts;
-    trap([&] { counts = countLoaded(); });
+    trap.set(counts, countLoaded);
     m_loaded->setText(toQString(counted(counts.schedules, "schedule") + ", " + counted(counts.legs, "leg") + ", " +
                                 std::to_string(aircraftcount) + " aircraft, " + counted(airportcount, "airport")));
     const std::string& file = workspace.flightsname;

@@ -70,15 +70,14 @@ void ToolCommands::markMode() {
 }
 
 void ToolCommands::setupformwithcurrentmode() noexcept {
-    const StandardTrap trap{"sub setupformwithcurrentmode", module};
     markMode();
     if (fsmode != 2) {
         plansuffix = "030528"; // that of FS2002 is left to its load: a switch back keeps the other's
     }
     // Selecting a mode stores it, also at the start: a first run that ends without a choice has chosen the default.
     sset(keys::fsMode, fsmode);
-    trap([&] { m_ui.compile.cmdCompile->setEnabled(FileExists(compiletool)); });
-    trap([&] { m_ui.compile.cmdDecompile->setEnabled(FileExists(decompiletool)); });
+    m_ui.compile.cmdCompile->setEnabled(FileExists(compiletool));
+    m_ui.compile.cmdDecompile->setEnabled(FileExists(decompiletool));
     m_ui.missing.cmdSubAC->setVisible(true);
     m_ui.missing.List3->setEnabled(true);
     m_ui.FrameFSAC->setTitle(toQString("AI Aircraft missing from FS200" + std::to_string(fsmode)));
@@ -126,7 +125,7 @@ void ToolCommands::runTool(const StandardTrap& trap, const std::string& command)
     // Keys and clicks meanwhile are lost: carried out afterwards, they would meet what nobody aimed at.
     const auto repaint = [&] {
         if (const qint64 seconds = since.elapsed() / 1000; seconds != std::exchange(told, seconds)) {
-            trap([&] { work.say("TrafficTools has been running for " + std::to_string(seconds) + " s"); });
+            trap(&StatusLine::Work::say, work, "TrafficTools has been running for " + std::to_string(seconds) + " s");
         }
         trap(&Host::pumpEvents, host(), Pump::DropInput);
     };
@@ -145,7 +144,8 @@ std::string ToolCommands::report(const StandardTrap& /*trap*/) {
 }
 
 std::string ToolCommands::settings(const StandardTrap& trap) {
-    trap([&] { frmSettings(&m_owner).exec(); });
+    frmSettings form(&m_owner);
+    trap(&QDialog::exec, &form);
     if (m_ui.List1->currentRow() >= 0) { // without one there is nothing to show anew
         m_lists.displaylegs(m_ui.List1->currentItemData(), "");
     }

@@ -35,7 +35,7 @@ UpdateSource updateSource() {
 // A question that fails is no Yes.
 bool agreesToLose(const StandardTrap& trap) {
     bool sure = false;
-    trap([&] { sure = host().askYesNo(loseChanges); });
+    trap.set(sure, &Host::askYesNo, host(), loseChanges);
     return sure;
 }
 
@@ -74,11 +74,20 @@ fSHAREDUpdater& UpdateCommands::updater() {
     return *m_updater;
 }
 
+void UpdateCommands::begin(bool silent) {
+    Updater& server = updater().updater();
+    if (silent) {
+        server.CheckForUpdate(true, updateSource());
+    } else {
+        server.ShowandCheck(updateSource());
+    }
+}
+
 void UpdateCommands::check() noexcept {
     const StandardTrap trap{"sub cmdcheckupdate_click", module};
     if (!m_workspace.unsavedchanges || agreesToLose(trap)) {
         m_agreedAt = m_runner.begun();
-        trap([&] { updater().updater().ShowandCheck(updateSource()); });
+        trap(&UpdateCommands::begin, this, false);
     }
 }
 
@@ -90,7 +99,7 @@ void UpdateCommands::checkByItself() noexcept {
         return;
     }
     if (!m_life.ended() && !CheckDisabled() && CheckDue()) {
-        trap([&] { updater().updater().CheckForUpdate(true, updateSource()); });
+        trap(&UpdateCommands::begin, this, true);
     }
 }
 
@@ -98,10 +107,9 @@ bool UpdateCommands::restartForInstall() noexcept {
     const StandardTrap trap{"sub restartforinstall", module};
     const std::string installer = programFolder() + "\\Updater.exe";
     if (!FileExists(installer)) {
-        trap([&] {
-            host().message("The installer is missing: " + installer + "\rClose Vantor and run " + programFolder() +
-                           "\\" + std::string(setupName) + " to install the update.");
-        });
+        trap(&Host::message, host(),
+             "The installer is missing: " + installer + "\rClose Vantor and run " + programFolder() + "\\" +
+                 std::string(setupName) + " to install the update.");
         return false;
     }
     const bool agreed = m_agreedAt == m_runner.begun(); // to all changes there are
@@ -112,7 +120,7 @@ bool UpdateCommands::restartForInstall() noexcept {
     trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
     stop();
     WriteTextFile(programFolder() + "\\updater.ini", setupName);
-    trap([&] { host().startProgram(installer, fromQString(m_window.windowTitle())); });
+    trap(&Host::startProgram, host(), installer, fromQString(m_window.windowTitle()));
     if (m_workspace.unsavedchanges) { // only then was the user asked; the exit keeps what else was changed
         m_life.giveUpChanges();
     }

@@ -36,6 +36,7 @@ class UpdateCommands {
 
   private:
     [[nodiscard]] fSHAREDUpdater& updater();
+    void begin(bool silent);
     void check() noexcept;
     void checkByItself() noexcept;
     [[nodiscard]] bool restartForInstall() noexcept;

@@ -151,8 +151,8 @@ void UtilityCommands::takeAircraft(const StandardTrap& /*trap*/) {
     m_ui.txtATCAircraft->setText(toQString(extractcode(m_cmbAC->text())));
 }
 
-void UtilityCommands::takeAirport(const StandardTrap& trap) {
-    trap([&] { m_ui.txtICAO1->setText(toQString(extractcode(m_cmbICAO->text()))); });
+void UtilityCommands::takeAirport(const StandardTrap& /*trap*/) {
+    m_ui.txtICAO1->setText(toQString(extractcode(m_cmbICAO->text())));
     for (QLineEdit* const box : {m_ui.txtSplitICAO, m_ui.txtSplitIcao1, m_ui.txtDelByICAO, m_ui.txtSplitACICAO}) {
         box->setText(m_ui.txtICAO1->text());
     }

@@ -15,6 +15,8 @@
 #include "views/gates.h"
 #include "views/timetable.h"
 
+#include <utility>
+
 namespace vantor {
 
 namespace {
@@ -38,10 +40,11 @@ std::string ViewCommands::showTimetable(const StandardTrap& /*trap*/) {
 
 void ViewCommands::displaytimetable(std::string_view icao) noexcept {
     const StandardTrap trap{"sub displaytimetable", module};
-    std::string code;
-    trap([&] { code = extractcode(icao); });
+    const std::string code = extractcode(icao);
     m_list2->setEnabled(true); // off while the legs of a deleted schedule are shown
-    trap([&] { m_list2->setRows(timetableRows(trap, code)); });
+    if (ListRows rows; trap.set(rows, timetableRows, trap, code)) {
+        m_list2->setRows(std::move(rows));
+    }
     trap(&Lists::settimetableicao, m_lists, code);
 }
 
@@ -71,7 +74,9 @@ void ViewCommands::displaymaxgates(std::string_view icao) noexcept {
     const StandardTrap trap{"sub displaymaxgates", module};
     m_list2->clear();
     m_list2->setEnabled(true);
-    trap([&] { m_list2->setRows(gateRows(trap, extractcode(icao))); });
+    if (ListRows rows; trap.set(rows, gateRows, trap, extractcode(icao))) {
+        m_list2->setRows(std::move(rows));
+    }
 }
 
 std::string ViewCommands::showChart(const StandardTrap& /*trap*/) {

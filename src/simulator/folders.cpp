@@ -11,11 +11,9 @@ void fillfolders(std::string_view root, std::vector<std::string>& result, bool a
     result.clear();
     listsubfolders(root, result);
     trap(timedevents);
-    trap([&] {
-        for (std::string& folder : result) {
-            folder = std::string(root).append(folder).append(addcfg ? "aircraft.cfg" : "");
-        }
-    });
+    for (std::string& folder : result) {
+        folder = std::string(root).append(folder).append(addcfg ? "aircraft.cfg" : "");
+    }
 }
 
 } // namespace vantor

@@ -77,21 +77,19 @@ void frmAircraftSub::cmdClear_Click() noexcept {
 void frmAircraftSub::cmdOK_Click() noexcept {
     const StandardTrap trap{"sub cmdok_click", module};
     if (ui->List1->currentRow() < 0) {
-        trap([&] { host().message("Please click a substitute aircraft in the list box"); });
+        trap(&Host::message, host(), "Please click a substitute aircraft in the list box");
         return;
     }
-    trap([&] {
-        const std::string row = ui->List1->currentText();
-        m_chosen = {substituteText(m_current, row), row};
-    });
+    const std::string row = ui->List1->currentText();
+    m_chosen = {substituteText(m_current, row), row};
     accept();
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
 }
 
 void frmAircraftSub::cmdCancel_Click() noexcept {
     const StandardTrap trap{"sub cmdcancel_click", module};
     QDialog::reject();
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
 }
 
 void frmAircraftSub::reject() {

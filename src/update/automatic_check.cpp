@@ -22,8 +22,8 @@ constexpr std::string_view module = "mSHAREDUpdater";
 constexpr std::array<std::string_view, 12> monthNames = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                          "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
-// The day number of a text in the pattern DD/MMM/YYYY; error 13 for anything else.
-std::int32_t parseCheckDate(std::string_view text) {
+// The day number of a text in the pattern DD/MMM/YYYY, as a text; error 13 for anything else.
+std::string dayNumberText(std::string_view text) {
     const std::vector<std::string_view> parts = split(text, "/");
     if (parts.size() != 3) {
         throw Error(ErrorCode::TypeMismatch);
@@ -37,7 +37,7 @@ std::int32_t parseCheckDate(std::string_view text) {
     if (dateOf(dayNumber(date)) != date) { // no such day
         throw Error(ErrorCode::TypeMismatch);
     }
-    return dayNumber(date);
+    return std::to_string(dayNumber(date));
 }
 
 } // namespace
@@ -45,26 +45,22 @@ std::int32_t parseCheckDate(std::string_view text) {
 bool CheckDisabled() noexcept {
     const StandardTrap trap{"function checkdisabled", module};
     bool disabled = true;
-    trap([&] { disabled = sget(keys::disableAutoUpdateCheck).flag(); });
+    trap.set(disabled, setting<bool>, keys::disableAutoUpdateCheck);
     if (disabled) {
-        trap([] { logit("Automatic update check is disabled"); });
+        trap(logit, "Automatic update check is disabled");
     }
     return disabled;
 }
 
 bool CheckDue() noexcept {
     const StandardTrap trap{"function checkdue", module};
-    bool due = false;
-    trap([&] {
-        const std::int32_t latest = today() - daysBetweenChecks;
-        std::string last = sget(keys::lastUpdateCheck, latest).text();
-        if (contains(last, "/")) {
-            trap([&] { last = std::to_string(parseCheckDate(last)); });
-        }
-        // Quirk: texts of digits are compared as texts, which is right for as long as both have the same length.
-        due = trim(last) <= std::to_string(latest);
-    });
-    return due;
+    const std::int32_t latest = today() - daysBetweenChecks;
+    std::string last = sget(keys::lastUpdateCheck, latest).text();
+    if (contains(last, "/")) {
+        trap.set(last, dayNumberText, last);
+    }
+    // Quirk: texts of digits are compared as texts, which is right for as long as both have the same length.
+    return trim(last) <= std::to_string(latest);
 }
 
 std::string checkDateText(std::int32_t day) {

@@ -86,7 +86,7 @@ void fSHAREDInternet::unload() noexcept {
 bool fSHAREDInternet::Connected() const noexcept {
     const StandardTrap trap{"property get connected", moduleName};
     bool connected = false;
-    trap([&] { connected = m_control->stillExecuting(); });
+    trap.set(connected, &TransferControl::stillExecuting, m_control);
     return connected;
 }
 
@@ -138,7 +138,7 @@ void fSHAREDInternet::DownloadFile(std::string_view url, std::string_view local,
     // Quirk: the system's proxy at each download, after ApplyProxy too.
     trap(&TransferControl::setAccessType, m_control, AccessType::SystemDefault);
     EraseFile(local);
-    trap([&] { m_localFile = local; });
+    m_localFile = local;
     trap(&TransferControl::setRequestTimeout, m_control, requestTimeout);
     m_ftp = equalNoCase(url.substr(0, 3), "FTP");
     if (!m_ftp) {
@@ -146,7 +146,7 @@ void fSHAREDInternet::DownloadFile(std::string_view url, std::string_view local,
         return;
     }
     m_nextCommand = 0;
-    trap([&] { m_commands = fileServerCommands(m_url, m_localFile); });
+    trap.set(m_commands, fileServerCommands, m_url, m_localFile);
     if (m_commands.host.empty()) {
         fail("No address specified");
     } else {

@@ -99,11 +99,9 @@ class fSHAREDInternet {
     template <class... Values>
     static void raise(const std::function<void(Values...)>& event, std::type_identity_t<Values>... values) noexcept {
         const StandardTrap trap{"sub raiseevent", moduleName};
-        trap([&] {
-            if (const auto handler = event) {
-                handler(values...);
-            }
-        });
+        if (const auto handler = event) {
+            trap(handler, values...);
+        }
     }
 
     static constexpr std::string_view moduleName = "fSHAREDInternet";

@@ -62,7 +62,7 @@ void fSHAREDInternet::responseReceived() {
         if (m_save && val(length) > static_cast<double>(longestDownload)) {
             fail(downloadFailed);
         } else if (!length.empty()) {
-            m_expectedFilesize = toInt32(val(length));
+            m_expectedFilesize = valInt32(length);
         }
     }
 }
@@ -198,7 +198,7 @@ void fSHAREDInternet::reportSaved() {
 void fSHAREDInternet::failedState() noexcept {
     const StandardTrap trap{stateProcedure, moduleName};
     std::string text;
-    trap([&] { text = m_control->responseText(); });
+    trap.set(text, &TransferControl::responseText, m_control);
     const std::uint32_t run = m_run;
     showStatus(text);
     if (m_run == run) {

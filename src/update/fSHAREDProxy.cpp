@@ -40,41 +40,34 @@ fSHAREDProxy::~fSHAREDProxy() = default;
 
 void fSHAREDProxy::Form_Load() noexcept {
     const StandardTrap trap{"sub form_load", moduleName};
-    const auto fill = [&trap](QLineEdit* box, std::string_view key) {
-        trap([&] { box->setText(toQString(sget(key, "").text())); });
-    };
+    const auto fill = [](QLineEdit* box, std::string_view key) { box->setText(toQString(sget(key, "").text())); };
     fill(m_ui->txtServer, keys::proxyServer);
     fill(m_ui->txtPort, keys::proxyPort);
     fill(m_ui->txtUser, keys::proxyUser);
     fill(m_ui->txtPassword, keys::proxyPwd);
     fill(m_ui->txtPassword2, keys::proxyPwd);
     std::int16_t type = noProxy; // also where the store holds something else
-    trap([&] { type = sget(keys::proxyType).int16(); });
-    trap([&] {
-        QRadioButton* const option = type == systemProxy   ? m_ui->optDefault
-                                     : type == manualProxy ? m_ui->optNamed
-                                                           : m_ui->optNoProxy;
-        option->setChecked(true);
-        option->setFocus();
-    });
+    trap.set(type, setting<std::int16_t>, keys::proxyType);
+    QRadioButton* const option = type == systemProxy   ? m_ui->optDefault
+                                 : type == manualProxy ? m_ui->optNamed
+                                                       : m_ui->optNoProxy;
+    option->setChecked(true);
+    option->setFocus();
     enableFrame();
 }
 
 void fSHAREDProxy::enableFrame() noexcept {
-    const StandardTrap trap{"sub enableframe", moduleName};
-    trap([&] { m_ui->Frame1->setEnabled(m_ui->optNamed->isChecked()); });
+    m_ui->Frame1->setEnabled(m_ui->optNamed->isChecked());
 }
 
 void fSHAREDProxy::cmdOK_Click() noexcept {
     const StandardTrap trap{"sub cmdok_click", moduleName};
     if (m_ui->txtPassword->text() != m_ui->txtPassword2->text()) {
-        trap([] { host().message("Your passwords don't match.  Please retype them."); });
-        trap([&] { m_ui->txtPassword->setFocus(); });
+        trap(&Host::message, host(), "Your passwords don't match.  Please retype them.");
+        m_ui->txtPassword->setFocus();
         return;
     }
-    const auto store = [&trap](std::string_view key, const QLineEdit* box) {
-        trap([&] { sset(key, fromQString(box->text())); });
-    };
+    const auto store = [](std::string_view key, const QLineEdit* box) { sset(key, fromQString(box->text())); };
     store(keys::proxyServer, m_ui->txtServer);
     store(keys::proxyPort, m_ui->txtPort);
     store(keys::proxyUser, m_ui->txtUser);
@@ -82,7 +75,7 @@ void fSHAREDProxy::cmdOK_Click() noexcept {
     sset(keys::proxyType, m_ui->optDefault->isChecked() ? systemProxy
                           : m_ui->optNamed->isChecked() ? manualProxy
                                                         : noProxy);
-    trap([&] { accept(); });
+    accept();
 }
 
 } // namespace vantor

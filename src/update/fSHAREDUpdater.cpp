@@ -48,14 +48,14 @@ void fSHAREDUpdater::fitForm() {
 
 void fSHAREDUpdater::Form_Load() noexcept {
     const StandardTrap trap{"sub form_load", moduleName};
-    trap([&] { setWindowTitle(QStringLiteral("Vantor Updater")); });
-    trap([&] { setProgram("Vantor version " + AppVersion()); });
-    trap([&] { setUpdate("", std::nullopt); });
-    trap([&] { setDetails(""); });
-    trap([&] { m_ui->picStatus->useSystemColours(); });
+    setWindowTitle(QStringLiteral("Vantor Updater"));
+    setProgram("Vantor version " + AppVersion());
+    setUpdate("", std::nullopt);
+    setDetails("");
+    m_ui->picStatus->useSystemColours();
     bool off = true; // also where the store holds no flag
-    trap([&] { off = sget(keys::disableAutoUpdateCheck, off).flag(); });
-    trap([&] { setDisableAutoUpdate(off); });
+    trap.set(off, setting<bool>, keys::disableAutoUpdateCheck);
+    setDisableAutoUpdate(off);
 }
 
 void fSHAREDUpdater::load() {
@@ -97,11 +97,9 @@ void fSHAREDUpdater::done(int /*result*/) {
 
 void fSHAREDUpdater::cmdProxy_Click() noexcept {
     const StandardTrap trap{"sub cmdproxy_click", moduleName};
-    trap([&] {
-        fSHAREDProxy form(this);
-        translateform(form);
-        form.exec();
-    });
+    fSHAREDProxy form(this);
+    translateform(form);
+    trap(&QDialog::exec, &form);
 }
 
 void fSHAREDUpdater::setProgram(std::string_view text) {

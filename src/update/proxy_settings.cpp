@@ -6,6 +6,7 @@
 #include "foundation/text.h"
 #include "foundation/trap.h"
 
+#include <functional>
 #include <string>
 
 namespace vantor {
@@ -28,29 +29,31 @@ void logProxy(TransferControl& control) {
 bool applyProxySettings(TransferControl& control) noexcept {
     const StandardTrap trap{"sub applyproxy", "fSHAREDInternet"};
     bool usable = true;
-    const auto step = [&](auto&& statement) {
+    // What fails may tell that the control can't be used at all.
+    const auto step = [&](auto statement, auto&&... values) {
         trap([&] {
             try {
-                statement();
+                std::invoke(statement, control, values...);
             } catch (const Error& error) {
                 usable = usable && error.number() != static_cast<int>(TransferError::NotRegistered);
                 throw;
             }
         });
     };
-    auto type = AccessType::Direct;
-    step([&] { type = static_cast<AccessType>(sget(keys::proxyType).int16()); });
-    step([&] { control.setAccessType(type); });
-    step([&] { control.setUserName(""); });
-    step([&] { control.setPassword(""); });
+    std::int16_t number = keys::proxyType.fallback;
+    trap.set(number, setting<std::int16_t>, keys::proxyType);
+    const auto type = static_cast<AccessType>(number);
+    step(&TransferControl::setAccessType, type);
+    step(&TransferControl::setUserName, "");
+    step(&TransferControl::setPassword, "");
     if (type == AccessType::NamedProxy || type == AccessType::Direct) {
-        step([&] { control.setProxy(type == AccessType::NamedProxy ? serverAndPort() : std::string()); });
+        step(&TransferControl::setProxy, type == AccessType::NamedProxy ? serverAndPort() : std::string());
     }
-    step([&] { logProxy(control); });
+    step(logProxy);
     if (type == AccessType::NamedProxy) {
-        step([&] { control.setUserName(sget(keys::proxyUser).text()); });
-        step([&] { control.setPassword(sget(keys::proxyPwd).text()); });
-        step([] { logdebug("Proxy username/password set", "", ""); });
+        step(&TransferControl::setUserName, sget(keys::proxyUser).text());
+        step(&TransferControl::setPassword, sget(keys::proxyPwd).text());
+        trap(logdebug, "Proxy username/password set", "", "");
     }
     return usable;
 }

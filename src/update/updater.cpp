@@ -1,6 +1,7 @@
 #include "update/updater.h"
 
 #include "core/settings_keys.h"
+#include "foundation/busy_pointer.h"
 #include "foundation/clock.h"
 #include "foundation/disk.h"
 #include "foundation/error.h"
@@ -26,21 +27,14 @@ constexpr std::string_view module = "fSharedUpdater";
 constexpr std::string_view homePage = VANTOR_HOME_PAGE;
 
 // The trap of the check: it notes a fault the other way round than the standard one, and goes on as that does.
-class CheckTrap {
+class CheckTrap : public Trap<CheckTrap> {
   public:
     constexpr explicit CheckTrap(std::string_view procedure) noexcept : m_procedure(procedure) {}
 
-    template <class Statement>
-    void operator()(Statement&& statement) const noexcept {
-        try {
-            std::forward<Statement>(statement)();
-        } catch (...) {
-            const StandardTrap trap{m_procedure, module};
-            trap([this] {
-                const Error error = currentError();
-                logaction(std::to_string(error.number()) + "-" + error.description(), m_procedure, module);
-            });
-        }
+    void noteCurrent() const noexcept {
+        const Error error = currentError();
+        const StandardTrap trap{m_procedure, module};
+        trap(logaction, std::to_string(error.number()) + "-" + error.description(), m_procedure, module);
     }
 
   private:
@@ -49,6 +43,15 @@ class CheckTrap {
 
 std::string homePageText(std::string_view before, std::string_view behind) {
     return std::string(before).append(homePage).append(behind);
+}
+
+// What the form tells of a version, in lines that end with CR LF.
+std::string detailsOf(const std::string& reply) {
+    // Only a page that bears both words counts as the server's own about a missing file.
+    const bool missing = containsNoCase(reply, "html") && containsNoCase(reply, "404");
+    return reply.empty() || missing
+               ? "Unable to read data from server. Please check your internet settings and try again."
+               : replaceAll(replaceAll(reply, "\r\n", "\n"), "\n", "\r\n");
 }
 
 } // namespace
@@ -89,20 +92,17 @@ Updater::~Updater() {
 }
 
 void Updater::cInternet_Progress(double value, std::string_view text) noexcept {
-    const StandardTrap trap{"sub cinternet_progress", module};
     if (m_checking || m_stopped) {
         return;
     }
     m_connecting = false;
-    trap([&] {
-        if (value == 100) {
-            // Quirk: the text begins with that word already, which is so read twice.
-            showStatus("Downloaded " + std::string(text));
-        } else {
-            m_statusText = text;
-            showprogressstring(&m_form.picStatus(), value, 100, text);
-        }
-    });
+    if (value == 100) {
+        // Quirk: the text begins with that word already, which is so read twice.
+        showStatus("Downloaded " + std::string(text));
+    } else {
+        m_statusText = text;
+        showprogressstring(&m_form.picStatus(), value, 100, text);
+    }
 }
 
 void Updater::cInternet_Status(std::string_view text) noexcept {
@@ -117,18 +117,16 @@ void Updater::cInternet_NoInternet() noexcept {
 
 void Updater::showStatus(std::string_view text) noexcept {
     const StandardTrap trap{"sub showstatus", module};
-    trap([&] { m_statusText = text; });
+    m_statusText = text;
     redrawStatus();
-    trap([&] {
-        if (events.status) {
-            events.status(text);
-        }
-    });
+    if (events.status) {
+        trap(events.status, text);
+    }
 }
 
 void Updater::redrawStatus() noexcept {
     const StandardTrap trap{"sub redrawstatus", module};
-    trap([&] { printStatusText(m_form.picStatus(), m_statusText); });
+    trap(printStatusText, m_form.picStatus(), m_statusText);
 }
 
 void Updater::storeAutoCheck() noexcept {
@@ -143,12 +141,10 @@ void Updater::StopAll() noexcept {
         return;
     }
     storeAutoCheck();
-    trap([&] {
-        if (events.closed) {
-            events.closed();
-        }
-    });
-    trap([&] { m_form.unload(); });
+    if (events.closed) {
+        trap(events.closed);
+    }
+    trap(&UpdaterForm::unload, m_form);
 }
 
 // ---- The check ------------------------------------------------------------------------------------------------------
@@ -162,22 +158,19 @@ bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::strin
     m_checking = true;
     m_silent = silent;
     std::string finalText;
-    Version own;
     bool autoCheckOff = true; // also where the store holds no flag
-    trap([&] { m_form.load(); });
-    trap([&] {
-        if (!version.empty()) {
-            m_form.setProgram("Version " + std::string(version));
-        }
-    });
-    trap([&] { own = ExtractVersion(version.empty() ? AppVersion() : version).version; });
-    if (!silent) {
-        trap([&] { m_form.showForm(); });
-        trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&UpdaterForm::load, m_form);
+    if (!version.empty()) {
+        trap(&UpdaterForm::setProgram, m_form, "Version " + std::string(version));
     }
-    trap([&] { autoCheckOff = sget(keys::disableAutoUpdateCheck, autoCheckOff).flag(); });
-    trap([&] { m_form.setDisableAutoUpdate(autoCheckOff); });
-    trap([&] { m_source = source; });
+    const Version own = ExtractVersion(version.empty() ? AppVersion() : std::string(version)).version;
+    if (!silent) {
+        trap(&UpdaterForm::showForm, m_form);
+        trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
+    }
+    trap.set(autoCheckOff, setting<bool>, keys::disableAutoUpdateCheck);
+    trap(&UpdaterForm::setDisableAutoUpdate, m_form, autoCheckOff);
+    m_source = source;
     const std::string reply = askServer();
     m_checking = false;
     if (m_stopped) {
@@ -191,33 +184,30 @@ bool Updater::CheckForUpdate(bool silent, const UpdateSource& source, std::strin
         newer = tellAnswer(reply, own, finalText);
     }
     showStatus(finalText); // empty when a newer version was found
-    trap([&] { logdebug(finalText, "sub checkforupdate", module); });
+    trap(logdebug, finalText, "sub checkforupdate", module);
     running.finish();
-    trap([&] {
-        if (events.checkFinished) {
-            events.checkFinished();
-        }
-    });
+    if (events.checkFinished) {
+        trap(events.checkFinished);
+    }
     return newer;
 }
 
 std::string Updater::askServer() noexcept {
-    const CheckTrap trap{"sub checkforupdate"};
     m_noInternet = false;
     m_internet.Cancel();
     showStatus("Checking for update");
     m_internet.ApplyProxy();
     std::string reply;
     if (!m_stopped) { // each pump may have closed the form
-        trap([&] { reply = m_internet.OpenURL(m_source.currenturl, !m_silent); });
+        reply = m_internet.OpenURL(m_source.currenturl, !m_silent);
     }
     return reply;
 }
 
 std::string Updater::tellFailure() noexcept {
     const CheckTrap trap{"sub checkforupdate"};
-    const auto note = [&](const std::string& text) { trap([&] { logaction(text, "sub checkforupdate", module); }); };
-    trap([&] { m_form.setUpdate(gettranslation("Could not retrieve update status"), updateFailedColour); });
+    const auto note = [&](const std::string& text) { trap(logaction, text, "sub checkforupdate", module); };
+    trap(&UpdaterForm::setUpdate, m_form, gettranslation("Could not retrieve update status"), updateFailedColour);
     note("Could not retrieve information from the update server.");
     if (m_noInternet) {
         note("MSINET control is missing or outdated");
@@ -234,7 +224,7 @@ bool Updater::tellAnswer(std::string_view reply, const Version& own, std::string
     const VersionFile file = ExtractVersion(reply);
     m_setupurl = file.url;
     if (file.url.empty()) {
-        trap([&] { m_form.setUpdate(gettranslation("Could not read update status from file"), std::nullopt); });
+        trap(&UpdaterForm::setUpdate, m_form, gettranslation("Could not read update status from file"), std::nullopt);
         finalText = "Update check failed, could not read download filename";
         return false;
     }
@@ -250,26 +240,25 @@ bool Updater::tellAnswer(std::string_view reply, const Version& own, std::string
 void Updater::tellNewer(const std::string& version) noexcept {
     const CheckTrap trap{"sub checkforupdate"};
     // A date text here and a day number below: both are told apart when they are read.
-    trap([] { sset(keys::lastUpdateCheck, checkDateText(today())); });
-    trap([&] {
-        m_form.setUpdate(gettranslation("Version") + " " + version + " " + gettranslation("is available!"),
-                         updateFoundColour);
-    });
+    sset(keys::lastUpdateCheck, checkDateText(today()));
+    trap(&UpdaterForm::setUpdate, m_form,
+         gettranslation("Version") + " " + version + " " + gettranslation("is available!"), updateFoundColour);
+    bool view = false;
     if (m_silent) {
-        trap([&] {
-            if (host().askYesNo(gettranslation("An update is available. Would you like to view the details now?"))) {
-                m_form.showModally();
-            }
-        });
+        trap.set(view, &Host::askYesNo, host(),
+                 gettranslation("An update is available. Would you like to view the details now?"));
+    }
+    if (view) {
+        trap(&UpdaterForm::showModally, m_form);
     }
 }
 
 void Updater::tellUpToDate(const std::string& version) noexcept {
     const CheckTrap trap{"sub checkforupdate"};
-    trap([] { sset(keys::lastUpdateCheck, today()); });
-    trap([&] { logit("Already up to date (Available version is " + version + ")"); });
+    sset(keys::lastUpdateCheck, today());
+    trap(logit, "Already up to date (Available version is " + version + ")");
     // Quirk: red, as a failure is.
-    trap([&] { m_form.setUpdate(gettranslation("You're up to date!"), updateFailedColour); });
+    trap(&UpdaterForm::setUpdate, m_form, gettranslation("You're up to date!"), updateFailedColour);
 }
 
 void Updater::ShowandCheck(const UpdateSource& source, std::string_view version) noexcept {
@@ -277,13 +266,13 @@ void Updater::ShowandCheck(const UpdateSource& source, std::string_view version)
     if (isRunning()) {
         m_silent = false; // a silent check becomes one that the user asked for
         if (!m_stopped) {
-            trap([&] { m_form.showForm(); });
+            trap(&UpdaterForm::showForm, m_form);
         }
         return;
     }
     const bool newer = CheckForUpdate(false, source, version);
     if (!newer && !m_stopped) {
-        trap([&] { m_form.showModally(); });
+        trap(&UpdaterForm::showModally, m_form);
     }
 }
 
@@ -299,24 +288,16 @@ void Updater::showDetails() noexcept {
         return;
     }
     const Running running(*this);
-    trap([] { busymouse(); });
-    trap([&] { m_form.setDetails("Retrieving info..."); });
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    const BusyPointer busy{trap};
+    trap(&UpdaterForm::setDetails, m_form, "Retrieving info...");
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
     std::string reply;
     if (!m_stopped) {
-        trap([&] { reply = m_internet.OpenURL(m_source.detailsurl, true); });
+        reply = m_internet.OpenURL(m_source.detailsurl, true);
     }
     if (!m_stopped) {
-        trap([&] {
-            // Only a page that bears both words counts as the server's own about a missing file.
-            const bool missing = containsNoCase(reply, "html") && containsNoCase(reply, "404");
-            m_form.setDetails(
-                reply.empty() || missing
-                    ? "Unable to read data from server. Please check your internet settings and try again."
-                    : replaceAll(replaceAll(reply, "\r\n", "\n"), "\n", "\r\n"));
-        });
+        trap(&UpdaterForm::setDetails, m_form, detailsOf(reply));
     }
-    trap([] { normalmouse(); });
 }
 
 // ---- The download ---------------------------------------------------------------------------------------------------
@@ -342,12 +323,14 @@ void Updater::downloadAndInstall() noexcept {
     }
     bool install = m_install;
     if (!install) {
-        trap([&] { install = host().askYesNo("The update has been downloaded. Do you want to install it now?"); });
+        trap.set(install, &Host::askYesNo, host(), "The update has been downloaded. Do you want to install it now?");
     }
     bool leaving = false;
     if (install) {
-        trap([] { host().pumpEvents(Pump::PaintAndTimers); });
-        trap([&] { leaving = events.restart && events.restart(); });
+        trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
+        if (events.restart) {
+            trap.set(leaving, events.restart);
+        }
     }
     if (!leaving) {
         showSaved();
@@ -357,9 +340,8 @@ void Updater::downloadAndInstall() noexcept {
 }
 
 void Updater::DownloadAndInstall(std::string_view name) noexcept {
-    const StandardTrap trap{"sub downloadandinstall", module};
     m_install = true;
-    trap([&] { m_source.setupname = name; });
+    m_source.setupname = name;
     downloadAndInstall();
 }
 
@@ -368,38 +350,32 @@ std::string Updater::setupFile() const {
 }
 
 void Updater::showSaved() noexcept {
-    const StandardTrap trap{"sub cmddownload_click", module};
-    trap([&] { showStatus("File saved to " + setupFile()); });
+    showStatus("File saved to " + setupFile());
 }
 
 bool Updater::fetchSetup() noexcept {
-    const StandardTrap trap{"sub cmddownload_click", module};
     if (m_setupurl.empty()) {
         CheckForUpdate(false, UpdateSource(m_source));
     }
-    bool result = false;
-    if (!m_setupurl.empty() && !m_stopped) { // else the check has told what is wrong
-        trap([&] { result = getsetup(m_setupurl, setupFile()); });
-    }
-    return result;
+    // Without an address, the check has told what is wrong.
+    return !m_setupurl.empty() && !m_stopped && getsetup(m_setupurl, setupFile());
 }
 
 bool Updater::getsetup(const std::string& setupurl, const std::string& local) noexcept {
     const StandardTrap trap{"sub getsetup", module};
     m_internet.ApplyProxy();
-    trap([] { busymouse(); });
-    trap([&] { logit("Trying to download " + local); });
+    const BusyPointer busy{trap};
+    trap(logit, "Trying to download " + local);
     m_connecting = true;
     bool result = false;
     if (!m_stopped && m_internet.GetFile(setupurl, local, true, false, false)) {
-        trap([&] { result = isSetup(local); });
+        result = isSetup(local);
     } else if (m_stopped) {
-        trap([] { logit("Download cancelled"); });
+        trap(logit, "Download cancelled");
     } else {
         showStatus("Error - Download failed.");
     }
     m_connecting = false;
-    trap([] { normalmouse(); });
     return result;
 }
 
@@ -407,7 +383,7 @@ bool Updater::isSetup(const std::string& local) noexcept {
     const StandardTrap trap{"sub getsetup", module};
     const std::int32_t expected = m_internet.ExpectedFilesize();
     std::uintmax_t length = 0;
-    trap([&] { length = FileLength(local); });
+    trap.set(length, FileLength, local);
     if (expected > 0 && length != static_cast<std::uintmax_t>(expected)) {
         showStatus("Error - Downloaded file is incomplete. Please retry");
         EraseFile(local);
@@ -417,7 +393,7 @@ bool Updater::isSetup(const std::string& local) noexcept {
         return true;
     }
     std::string text;
-    trap([&] { LoadTextFile(local, text); });
+    trap(LoadTextFile, local, text);
     if (containsNoCase(text, "<HTML>")) {
         EraseFile(local);
         showStatus("Error - File not found on server.");

@@ -46,24 +46,22 @@ VersionFile ExtractVersion(std::string_view text) noexcept {
     const StandardTrap trap{procedure, module};
     VersionFile file;
     Version& version = file.version;
-    trap([&] {
-        const std::size_t lineEnd = text.find('\n');
-        const std::string line = replaceAll(text.substr(0, lineEnd), "\r", "");
-        const auto parts = betweenDots(line);
-        trap([&] { version.major = toInt32(val(parts[0])); });
-        trap([&] { version.minor = toInt32(val(parts[1])); });
-        trap([&] { version.revision = toInt32(val(parts[2])); });
-        version.suffix = suffixOf(parts[2]);
-        if (lineEnd == std::string_view::npos) {
-            return;
-        }
-        // An address has no line ends; that of a file without CR may still bear one.
-        const std::string address = replaceAll(replaceAll(text.substr(lineEnd + 1), "\r", ""), "\n", "");
-        file.url = replaceAll(address, "@@@",
-                              std::to_string(version.major) + std::to_string(version.minor) +
-                                  std::to_string(version.revision) + version.suffix);
-        logdebug("Url set to " + file.url, procedure, module);
-    });
+    const std::size_t lineEnd = text.find('\n');
+    const std::string line = replaceAll(text.substr(0, lineEnd), "\r", "");
+    const auto parts = betweenDots(line);
+    trap.set(version.major, valInt32, parts[0]);
+    trap.set(version.minor, valInt32, parts[1]);
+    trap.set(version.revision, valInt32, parts[2]);
+    version.suffix = suffixOf(parts[2]);
+    if (lineEnd == std::string_view::npos) {
+        return file;
+    }
+    // An address has no line ends; that of a file without CR may still bear one.
+    const std::string address = replaceAll(replaceAll(text.substr(lineEnd + 1), "\r", ""), "\n", "");
+    file.url = replaceAll(address, "@@@",
+                          std::to_string(version.major) + std::to_string(version.minor) +
+                              std::to_string(version.revision) + version.suffix);
+    trap(logdebug, "Url set to " + file.url, procedure, module);
     return file;
 }
 

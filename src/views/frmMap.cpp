@@ -55,8 +55,7 @@ frmMap::frmMap(QWidget* owner) : QDialog(owner), m_ui(std::make_unique<Ui::frmMa
 frmMap::~frmMap() = default;
 
 void frmMap::loadmap(int index) noexcept {
-    const StandardTrap trap{"sub loadmap", module};
-    trap([&] { m_ui->cmbAirports->setRows(airportRows()); });
+    m_ui->cmbAirports->setRows(airportRows());
     m_ui->cmbAirports->setCurrentRow(0);
     if (m_ui->cmbAirports->rowCount() > 0) {
         m_ui->cmbAirports->setCurrentRow(index);
@@ -120,7 +119,7 @@ void frmMap::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
     const StandardTrap trap{"sub form_hide", module};
     if (std::exchange(m_pressed, false)) {
-        trap([] { host().setPointer(Pointer::Normal); });
+        trap(&Host::setPointer, host(), Pointer::Normal);
     }
 }
 
@@ -130,7 +129,7 @@ void frmMap::cmbAirports_Click() noexcept {
     drawothers(chosenCode());
     m_ui->cmbAirports->setEnabled(true);
     m_ui->cmbAirports->setFocus();
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
 }
 
 void frmMap::cmdZoomIn_Click() noexcept {
@@ -173,7 +172,7 @@ void frmMap::picMap_MouseDown(const QMouseEvent& event) noexcept {
     const StandardTrap trap{"sub picmap_mousedown", module};
     if (event.button() == Qt::LeftButton) {
         m_pressed = true;
-        trap([] { host().setPointer(Pointer::SizeAll); });
+        trap(&Host::setPointer, host(), Pointer::SizeAll);
         m_drag.press(twips(event.position().x()), twips(event.position().y()));
     }
 }
@@ -192,7 +191,7 @@ void frmMap::picMap_MouseUp(const QMouseEvent& event) noexcept {
     const StandardTrap trap{"sub picmap_mouseup", module};
     m_pressed = false;
     m_drag.release(twips(event.position().x()), twips(event.position().y()));
-    trap([] { host().setPointer(Pointer::Normal); });
+    trap(&Host::setPointer, host(), Pointer::Normal);
 }
 
 } // namespace vantor

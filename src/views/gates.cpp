@@ -59,7 +59,7 @@ void addStay(const StandardTrap& trap, GateHours& hours, int landed, int off, st
         const int sum = slot + count;
         slot = static_cast<std::int16_t>(std::min(sum, 32767));
         if (sum > 32767) {
-            trap([] { throw Error(ErrorCode::Overflow); });
+            trap(raiseError, Error(ErrorCode::Overflow));
         }
     }
 }

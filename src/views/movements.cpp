@@ -38,8 +38,7 @@ void countRepeating(MovementHours& hours, int hour, std::string_view period) {
 
 void countflights(MovementHours& departures, MovementHours& arrivals, std::string_view icao,
                   std::int16_t day) noexcept {
-    std::string code;
-    trap([&] { code = extractcode(icao); });
+    const std::string code = extractcode(icao);
     walkLegs(trap, WalkDeleted::Skip, [&](const ScheduleRec& schedule, const LegRec& leg, std::int32_t) {
         // The departure is tested first: a leg from the airport to itself is a departure alone.
         const bool departure = leg.fromicao.text() == code;

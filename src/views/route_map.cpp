@@ -109,9 +109,9 @@ void drawRouteMap(const StandardTrap& trap, Canvas& canvas, std::string_view ica
         latitude = centre->latdeg;
         longitude = centre->longdeg;
     }
-    trap([] { host().pumpEvents(Pump::PaintAndTimers); });
+    trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
     Routes routes;
-    trap([&] { routes = collectRoutes(trap, code); });
+    trap.set(routes, collectRoutes, trap, code);
     for (const Route& route : routes.inOrder()) {
         if (const AirportRec* const other = knownAirport(route.code)) {
             plotline(canvas, latitude, longitude, other->latdeg, other->longdeg, xscale, yscale, route.colour);

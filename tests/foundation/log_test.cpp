@@ -67,7 +67,7 @@ TEST_F(Log, ALineHasThreeColumns) {
 TEST_F(Log, ANewLogStartsWithItsHeader) {
     logit("from an earlier run");
     recorder.version = SystemVersion{2, 5, 1};
-    logit("starting.", true);
+    beginLog("starting.");
     EXPECT_EQ(logTexts(), (Texts{"Log file created 01/06/2004 12:00:00", "Operating System: WinXP", "App: Vantor",
                                  "Version: " + AppVersion(), "starting."}));
     EXPECT_EQ(logLines().front().substr(0, 28), "12:00:00       1            ");

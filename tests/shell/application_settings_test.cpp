@@ -19,7 +19,7 @@ class ApplicationSettings : public test::Fixture {
 };
 
 TEST_F(ApplicationSettings, WithoutAFileEveryValueIsItsDefault) {
-    logit("Vantor starts.", true);
+    beginLog("Vantor starts.");
     const auto header = static_cast<std::ptrdiff_t>(logTexts().size());
     LoadSettings(settingsFile());
     EXPECT_FALSE(modeChosen());
