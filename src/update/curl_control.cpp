@@ -5,6 +5,8 @@
 #include "foundation/replacing_file.h"
 #include "foundation/text.h"
 #include "update/curl_handle.h"
+#include "update/curl_request.h"
+#include "update/response_buffer.h"
 #include "update/second_ticker.h"
 
 #include <array>
@@ -19,9 +21,6 @@ namespace {
 constexpr std::size_t mostBuffered = std::size_t{1024} * 1024; // so that a step of a timer brings enough
 constexpr std::size_t enoughBuffered = 1024;                   // a chunk: no need to wait for more
 constexpr int mostRedirects = 10;
-constexpr long serverAnswerSeconds = 10; // of a file server, also to its farewell
-constexpr const char* allProtocols = "http,https,ftp";
-constexpr const char* secureProtocols = "https";
 
 // A blank is no character of an address.
 std::string escapeBlanks(std::string_view address) {
@@ -61,9 +60,7 @@ class CurlControl final : public TransferControl {
     void reset() noexcept;
     void perform(int milliseconds);
     void turn();
-    [[nodiscard]] std::size_t buffered() const noexcept { return m_buffer.size() - m_bufferBegin; }
     void setUpCallbacks();
-    void setUpProxy();
     void start(const std::string& url);
     void request(const std::string& url);
     void begin();
@@ -105,8 +102,7 @@ class CurlControl final : public TransferControl {
     std::deque<TransferState> m_states; // reached and not told yet
     TransferState m_lastState = TransferState::Progress;
     std::optional<Error> m_fault;
-    std::string m_buffer;
-    std::size_t m_bufferBegin = 0;
+    ResponseBuffer m_buffer;
     bool m_paused = false;
     bool m_complete = false;
     bool m_bodyBegan = false;
@@ -180,51 +176,18 @@ void CurlControl::request(const std::string& url) {
 }
 
 void CurlControl::begin() {
-    const char* const protocols = m_secure ? secureProtocols : allProtocols;
     m_curl.clear();
-    m_curl.set(CURLOPT_PROTOCOLS_STR, protocols);
-    m_curl.set(CURLOPT_DEFAULT_PROTOCOL, "http");
-    m_curl.set(CURLOPT_URL, m_url.c_str());
-    m_curl.set(CURLOPT_NOSIGNAL, 1L);
-    m_curl.set(CURLOPT_QUICK_EXIT, 1L); // a name that is being resolved does not hold up a cancel
-    m_curl.set(CURLOPT_SERVER_RESPONSE_TIMEOUT, serverAnswerSeconds);
-    m_curl.set(CURLOPT_FTP_FILEMETHOD, CURLFTPMETHOD_SINGLECWD);
-    m_curl.set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
-    m_curl.set(CURLOPT_NOBODY, m_task == Task::ChangeFolder ? 1L : 0L);
-    // The file goes over the connection of CD, and over no other: one that stays open would have to be closed later,
-    // with a farewell that a dead server holds up.
-    m_curl.set(CURLOPT_FORBID_REUSE, m_task == Task::ChangeFolder ? 0L : 1L);
-    if (!m_surroundings.certificates.empty()) {
-        m_curl.set(CURLOPT_CAINFO, m_surroundings.certificates.c_str());
-    }
-    setUpProxy();
+    setUpRequest(m_curl, {.url = m_url,
+                          .secure = m_secure,
+                          .folderOnly = m_task == Task::ChangeFolder,
+                          .certificates = m_surroundings.certificates,
+                          .accessType = m_accessType,
+                          .proxy = m_proxy,
+                          .systemProxy = m_systemProxy,
+                          .userName = m_userName,
+                          .password = m_password});
     setUpCallbacks();
     m_curl.begin();
-}
-
-void CurlControl::setUpProxy() {
-    const auto use = [this](const std::string& proxy) {
-        m_curl.set(CURLOPT_PROXY, proxy.c_str());
-        m_curl.set(CURLOPT_NOPROXY, ""); // whatever the environment excepts
-    };
-    switch (m_accessType) {
-    case AccessType::SystemDefault:
-        if (m_systemProxy) {
-            use(*m_systemProxy);
-        } // else the library reads the environment
-        break;
-    case AccessType::Direct:
-        use("");
-        break;
-    case AccessType::NamedProxy:
-        use(m_proxy);
-        break;
-    }
-    if (!m_userName.empty()) {
-        m_curl.set(CURLOPT_PROXYUSERNAME, m_userName.c_str());
-        m_curl.set(CURLOPT_PROXYPASSWORD, m_password.c_str());
-        m_curl.set(CURLOPT_PROXYAUTH, CURLAUTH_ANY); // told only to a proxy that asks
-    }
 }
 
 void CurlControl::setUpCallbacks() {
@@ -247,7 +210,6 @@ void CurlControl::reset() noexcept {
     m_errorBuffer.fill('\0');
     m_errorText.clear();
     m_buffer.clear();
-    m_bufferBegin = 0;
     m_paused = false;
     m_complete = false;
     m_bodyBegan = false;
@@ -290,13 +252,13 @@ void CurlControl::advance(int milliseconds) {
 
 // The wait is for when there is nothing to tell and nothing to fetch.
 void CurlControl::perform(int milliseconds) {
-    if (m_paused && buffered() < enoughBuffered) {
+    if (m_paused && m_buffer.size() < enoughBuffered) {
         m_paused = false;
         m_curl.unpause();
     }
     turn();
     countSeconds();
-    if (m_states.empty() && !m_fault && buffered() < enoughBuffered) {
+    if (m_states.empty() && !m_fault && m_buffer.size() < enoughBuffered) {
         m_curl.poll(milliseconds);
         turn();
     }
@@ -410,19 +372,18 @@ std::size_t CurlControl::received(std::string_view bytes) {
     if (m_redirected) {
         return bytes.size(); // a page that nobody reads
     }
-    if (m_task == Task::Fetch && buffered() >= mostBuffered) {
+    if (m_task == Task::Fetch && m_buffer.size() >= mostBuffered) {
         m_paused = true;
         return CURL_WRITEFUNC_PAUSE;
     }
     bodyBegins();
     if (!m_file) {
-        m_buffer.erase(0, std::exchange(m_bufferBegin, 0));
-        m_buffer += bytes;
+        m_buffer.append(bytes);
     } else {
         m_file->write(bytes);
         m_saved += static_cast<std::int64_t>(bytes.size());
     }
-    // Bytes on the way are a sign of life, also when a chunk of them takes minutes.
+    // Bytes that arrive show that the server is there, also when a chunk of them takes minutes.
     const TransferState sign = m_file ? TransferState::Progress : TransferState::ReceivingResponse;
     if (m_states.empty()) {
         m_states.push_back(sign);
@@ -438,7 +399,7 @@ std::size_t CurlControl::onBody(char* data, std::size_t size, std::size_t count,
         try {
             self.m_errorText = currentError().description();
         } catch (...) {
-            self.m_errorText.clear(); // then the library's words must do
+            self.m_errorText.clear(); // then the library's own words are told
         }
         return 0; // ends the transfer as failed
     }
@@ -490,12 +451,10 @@ int CurlControl::onRequest(void* control, char* /*remote*/, char* /*local*/, int
 }
 
 std::optional<std::string> CurlControl::nextChunk(std::size_t most) {
-    if (buffered() < most && !m_complete) {
+    if (m_buffer.size() < most && !m_complete) {
         return std::nullopt;
     }
-    std::string chunk = m_buffer.substr(m_bufferBegin, most);
-    m_bufferBegin += chunk.size();
-    return chunk;
+    return m_buffer.take(most);
 }
 
 AccessType CurlControl::accessType() {
