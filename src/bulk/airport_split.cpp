@@ -50,7 +50,7 @@ std::string refusalOf(const SplitAircraftBoxes& boxes) {
     return {};
 }
 
-// Deals legs out between two airports. It runs on from one schedule to the next.
+// Shares legs between two airports. Its count runs on from one schedule to the next.
 // Quirk: the shares are approximate, and 100% leaves one leg in 21 to the second airport.
 class SharingCounter {
   public:

@@ -13,7 +13,7 @@ enum class Match { None, Destination, Origin };
 
 Match matchOf(const LegRec& leg, std::string_view pattern) {
     const std::string_view to = leg.toicao.text();
-    // Quirk: a destination shorter than the pattern ends the matter, whatever the origin is.
+    // Quirk: where the destination is shorter than the pattern, the origin is not looked at.
     if (pattern.size() > to.size()) {
         return Match::None;
     }

@@ -28,7 +28,7 @@ std::optional<Error> saveFile(const StandardTrap& trap, std::string_view path, c
     trap(keepFailure, [&] {
         ReplacingFile file(path);
         write([&](std::string_view text) { keepFailure([&] { file.write(text); }); });
-        file.commit(OldFile::Backup); // behind a failed write it leaves the old file without a word
+        file.commit(OldFile::Backup); // after a failed write it leaves the old file as it is
     });
     return failure;
 }

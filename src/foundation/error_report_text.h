@@ -24,7 +24,7 @@ struct ErrorReport {
 [[nodiscard]] std::string encodeForMail(std::string_view text);
 /// The body of the mail, encoded and cut to mailBodyLimit characters; the cut may go through an escape.
 [[nodiscard]] std::string mailBody(const ErrorReport& report);
-/// The whole request, "mailto:" and all, to the mailbox of the build.
+/// The whole request, with "mailto:", to the mailbox of the build.
 [[nodiscard]] std::string mailRequest(const ErrorReport& report);
 /// The report as a text for the user, with a mark where the mail will be cut.
 [[nodiscard]] std::string reportPreview(const ErrorReport& report);

@@ -14,7 +14,7 @@
 
 namespace vantor {
 
-/// A field of exactly N characters: a longer value is cut without a word, a shorter one padded with blanks.
+/// A field of exactly N characters: a longer value is cut, a shorter one is padded with blanks; neither is an error.
 /// That silent cut enforces the widths of the files.
 template <std::size_t N>
 class FixedText {

@@ -44,7 +44,7 @@ class Host {
     virtual void setPointer(Pointer pointer) = 0;
     /// Lets pending events run, and returns.
     virtual void pumpEvents(Pump what) = 0;
-    /// Whether this is run by an event pump, in the midst of a command.
+    /// Whether an event pump runs now, inside a command.
     [[nodiscard]] virtual bool pumping() = 0;
     /// Whether keys or clicks wait to be handled.
     [[nodiscard]] virtual bool inputPending() = 0;

@@ -15,7 +15,7 @@ namespace vantor {
 [[nodiscard]] std::string fileonly(std::string_view name);
 /// The same as fileonly.
 [[nodiscard]] std::string fileexpath(std::string_view name);
-/// Before the last "." of the whole text, folder and all: a dot in a folder's name counts.
+/// Before the last "." of the whole text with its folder: a dot in a folder's name counts.
 [[nodiscard]] std::string filewithoutext(std::string_view name);
 /// The same as filewithoutext.
 [[nodiscard]] std::string fileroot(std::string_view name);

@@ -43,7 +43,7 @@ std::uint32_t runToEnd(std::string_view command, const std::function<void()>& me
     PROCESS_INFORMATION process{};
     CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, NORMAL_PRIORITY_CLASS, nullptr, nullptr, &start,
                    &process);
-    // With no process the handles are null, and both calls fail without a word.
+    // With no process the handles are null, and both calls fail, which does no harm.
     DWORD code = WaitForSingleObject(process.hProcess, meanwhile ? restBetweenLooks : INFINITE);
     while (code == WAIT_TIMEOUT) {
         meanwhile();

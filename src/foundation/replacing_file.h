@@ -43,7 +43,7 @@ class ReplacingFile : public Channel {
     bool m_done = false;
 };
 
-/// A run begins: each file gets its backup anew.
+/// A run begins: each file gets a new backup.
 void forgetBackups() noexcept;
 
 /// A file that is filled in pieces with time between them. It holds no channel meanwhile, since channel numbers are

@@ -25,7 +25,7 @@ inline constexpr double legibleContrast = 4.5;
 
 /// The warning colour for text on any background, dark or light, to legibleContrast.
 [[nodiscard]] QColor warningColourOn(const QColor& background);
-/// A palette for a progress bar, whose light green bears dark text only.
+/// A palette for a progress bar, on whose light green only dark text can be read.
 [[nodiscard]] QPalette progressPalette(QPalette palette);
 
 /// Background and text of a selected row.

@@ -72,7 +72,7 @@ class ComboBox : public QComboBox {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    /// Puts the box on a row and a text without a word to anyone who listens for clicks.
+    /// Puts the box on a row and a text; who listens for clicks hears nothing of it.
     void place(int row, const QString& text);
     [[nodiscard]] int popupWidth() const;
     void complete(const QString& typed);

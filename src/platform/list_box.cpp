@@ -169,7 +169,7 @@ void ListBox::mouseMoveEvent(QMouseEvent* event) {
 
 void ListBox::mouseReleaseEvent(QMouseEvent* event) {
     watch([&] { QListView::mouseReleaseEvent(event); });
-    // Rows selected by dragging over them count once, when the button is let go.
+    // Rows selected by dragging over them count once, when the button is released.
     if (std::exchange(m_changed, false)) {
         Q_EMIT rowClicked();
     }

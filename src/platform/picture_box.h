@@ -48,9 +48,9 @@ class PictureBox : public QFrame, public Canvas {
     [[nodiscard]] QPixmap surface();
 
   Q_SIGNALS:
-    /// The mouse was let go on the box, or Space or Enter pressed where the box takes the focus.
+    /// The mouse button was released on the box, or Space or Enter pressed where the box takes the focus.
     void clicked();
-    /// The inner size changed. What was drawn stands in the top left corner; the owner draws anew.
+    /// The inner size changed. What was drawn stands in the top left corner; the owner draws it again.
     void resized();
 
   protected:

@@ -291,7 +291,7 @@ void QtHost::startProgram(std::string_view program, std::string_view arguments) 
 #ifdef Q_OS_WIN
     QProcess process;
     process.setProgram(toQtPath(program));
-    process.setNativeArguments(toQString(arguments)); // the line as the program wants it, quotes and all
+    process.setNativeArguments(toQString(arguments)); // the line as the program wants it, with its quotes
     process.startDetached();
 #else
     QStringList words = QProcess::splitCommand(toQString(arguments));

@@ -39,8 +39,8 @@ class QtHost : public Host {
     void setPointer(Pointer pointer) override;
     void pumpEvents(Pump what) override;
     bool pumping() override { return m_pumps > 0; }
-    /// On Windows what the system tells. Elsewhere it can't be asked, and the answer is yes: a pump too many is
-    /// harmless, one too few is a dead window.
+    /// On Windows what the system tells. Elsewhere it can't be asked, and the answer is yes: one pump more than needed
+    /// does no harm, one fewer freezes the window.
     bool inputPending() override;
     void sleepFor(int milliseconds) override;
     std::shared_ptr<void> every(int milliseconds, std::function<void()> tick) override;

@@ -37,7 +37,7 @@ void changeairport(const StandardTrap& trap, ScheduleDraft& draft, std::int16_t 
 void addlegtosched(const StandardTrap& trap, ScheduleDraft& draft, bool atend, int rows, int currentRow,
                    bool tng) noexcept;
 
-/// Takes a leg (1 upward) out for good; its neighbours keep their airports, all legs their hashindex. Of a schedule
+/// Takes a leg (1 upward) out; its neighbours keep their airports, all legs their hashindex. Of a schedule
 /// with one leg that leg goes, whatever `leg` says. Faults go to the ring.
 void deleteleg(ScheduleRec& rec, std::int32_t leg) noexcept;
 

@@ -155,7 +155,7 @@ std::string legsCaption(const ScheduleRec& schedule, std::int32_t recnum, std::s
     return "Flights to/from " + std::string(icao) + " by " + aircrafttitle(schedule.acnum.text());
 }
 
-// Adds one schedule to a leg listing. Its fault ends it without a word: what was set before stays, and the current
+// Adds one schedule to a leg listing. A fault ends it and is not told: what was set before stays, and the current
 // row is not moved.
 void addToListing(std::int32_t recnum, std::string_view icao, LegListing& listing) noexcept {
     listing.disableButtons = true;

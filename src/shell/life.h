@@ -16,7 +16,7 @@ class Life {
     virtual void exitprog() noexcept = 0;
     /// The user agreed to lose all changes.
     virtual void giveUpChanges() noexcept = 0;
-    /// Ends the program with an exit code, without a word.
+    /// Ends the program with an exit code; nothing is asked or told.
     virtual void endProcess(int code) noexcept = 0;
     /// Whether the program has ended, or is about to once the events at hand have run.
     [[nodiscard]] virtual bool ended() const noexcept = 0;

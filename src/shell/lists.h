@@ -47,7 +47,7 @@ class Lists {
     /// Fills List1 by filters (rows or codes, empty for none) and empties List2. `keepindex` becomes the current row
     /// without a click. A fault in it is told in a message box.
     void displaylist(std::string_view icao, std::string_view ac, bool unique, int keepindex);
-    /// Lists anew by the filters of the listing shown.
+    /// Lists again by the filters of the listing shown.
     void refresh(int keepindex);
     /// Fills List2 with the legs of all schedules of one aircraft (a row or code), at one airport if `icao` tells one.
     void fillsecondlist(std::string_view ac, std::string_view icao) noexcept;

@@ -392,7 +392,7 @@ void RescueKeeper::watchSignals() {
 
 // Ends as the signal would have it, with the changes kept.
 void RescueKeeper::endBySignal(int signal) {
-    if (host().pumping()) { // a command is in the midst of its changes
+    if (host().pumping()) { // a command is still making its changes
         QTimer::singleShot(m_quiet / 10, this, [this, signal] { endBySignal(signal); });
         return;
     }

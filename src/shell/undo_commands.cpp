@@ -20,7 +20,7 @@ std::string caption(std::string_view verb, const std::string& name) {
     return name.empty() ? std::string(verb) : std::string(verb) + " " + name;
 }
 
-// Fills a box anew and leaves it what it showed.
+// Fills a box again; it goes on showing what it showed.
 void refill(ComboBox& box, const ListRows& rows) {
     const std::string shown = box.text();
     box.setRows(rows);

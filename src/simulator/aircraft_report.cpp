@@ -58,7 +58,7 @@ class AircraftCheck {
         }
     }
 
-    // Quirk: neither sections nor comment marks are heeded. A line counts wherever it stands.
+    // Quirk: sections and comment marks mean nothing. A line counts wherever it stands.
     void readConfiguration(const std::string& cfg) {
         InputFile input(cfg);
         std::string_view line;

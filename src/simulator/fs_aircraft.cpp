@@ -31,7 +31,7 @@ struct SimulatorTitle {
     float speed = 0;
 };
 
-// Whether a line starts with `key` (capitals), blanks and case aside.
+// Whether a line starts with `key` (capitals), without regard to blanks and case.
 bool startsWithKey(std::string_view line, std::string_view key) noexcept {
     std::size_t matched = 0;
     for (const char c : line) {
@@ -53,7 +53,7 @@ std::string_view valueOf(std::string_view line) noexcept {
     return trim(line.substr(line.find('=') + 1));
 }
 
-// Runs one pass over a file. When the file can't be opened or read that is logged and the work goes on behind the
+// Runs one pass over a file. When the file can't be opened or read that is logged and the work goes on after the
 // pass; a single broken file must not stop the scan.
 template <class Pass>
 void tolerant(const std::string& file, Pass&& pass) {

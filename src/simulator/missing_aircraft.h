@@ -6,7 +6,7 @@
 
 namespace vantor {
 
-/// Rows "{acnum} - {title}" of the aircraft, deleted ones aside, whose title no aircraft of the simulator has, and
+/// Rows "{acnum} - {title}" of the aircraft that are not deleted and whose title no aircraft of the simulator has, and
 /// their missing flag set. Titles are compared as they stand, case and quotes included. A flag that was set earlier
 /// is never taken back.
 [[nodiscard]] ListRows checkmissing();

@@ -71,7 +71,7 @@ class MissingAirports {
             normalmouse();
         }
         m_any = true;
-        // Quirk: a plain search inside the list. ABC is held to be there behind XABC.
+        // Quirk: a plain search inside the list. ABC counts as there after XABC.
         const std::string entry = std::string(code) + " ";
         if (!contains(m_list, entry)) {
             m_list += entry;
@@ -99,7 +99,7 @@ bool airportsmissing(std::string& list) noexcept {
 }
 
 std::string compileCommand(std::string_view tool) {
-    // Quirk: no quotes go round the path, blanks in it or not.
+    // Quirk: no quotes around the path, even with blanks in it.
     return toolCommand(tool, "co") + " /t" + std::to_string(fsmode);
 }
 

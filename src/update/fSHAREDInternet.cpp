@@ -19,7 +19,7 @@ constexpr int requestTimeout = 10; // seconds
 constexpr int mostIdleSeconds = 60;
 constexpr int mostRetries = 3;
 constexpr int newsWait = 20;    // milliseconds that a turn of a waiting loop waits for the network
-constexpr int timerPeriod = 50; // milliseconds from one step to the next in a loop of somebody else
+constexpr int timerPeriod = 50; // milliseconds from one step to the next in another one's event loop
 constexpr std::string_view downloadCancelled = "Download cancelled";
 
 } // namespace
@@ -159,7 +159,7 @@ void fSHAREDInternet::get() noexcept {
     execute(trim(m_url), "GET", "sub get");
 }
 
-// The control takes a command of a file server only when the one before is through.
+// The control takes a command of a file server only when the one before has ended.
 void fSHAREDInternet::nextCommand() noexcept {
     if (m_nextCommand < m_commands.commands.size()) {
         execute(m_commands.host, m_commands.commands.at(m_nextCommand++), "sub downloadfile");

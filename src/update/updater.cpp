@@ -47,7 +47,7 @@ std::string homePageText(std::string_view before, std::string_view behind) {
 
 // What the form tells of a version, in lines that end with CR LF.
 std::string detailsOf(const std::string& reply) {
-    // Only a page that bears both words counts as the server's own about a missing file.
+    // Only a page with both words counts as the server's own about a missing file.
     const bool missing = containsNoCase(reply, "html") && containsNoCase(reply, "404");
     return reply.empty() || missing
                ? "Unable to read data from server. Please check your internet settings and try again."

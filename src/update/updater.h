@@ -83,7 +83,7 @@ class Updater {
 
     UpdaterEvents events;
 
-    /// The form closes: stores its box, and cancels what runs, which then ends without a word.
+    /// The form closes: stores its box, and cancels what runs, which then tells nothing.
     void StopAll() noexcept;
     /// Stores whether the automatic check is switched off, as the form's box tells.
     void storeAutoCheck() noexcept;

@@ -56,7 +56,7 @@ VersionFile ExtractVersion(std::string_view text) noexcept {
     if (lineEnd == std::string_view::npos) {
         return file;
     }
-    // An address has no line ends; that of a file without CR may still bear one.
+    // An address has no line ends; that of a file without CR may still have one.
     const std::string address = replaceAll(replaceAll(text.substr(lineEnd + 1), "\r", ""), "\n", "");
     file.url = replaceAll(address, "@@@",
                           std::to_string(version.major) + std::to_string(version.minor) +
