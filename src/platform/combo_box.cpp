@@ -8,6 +8,7 @@
 
 #include <QAbstractItemView>
 #include <QAbstractProxyModel>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCompleter>
@@ -59,6 +60,10 @@ void passOn(const QMouseEvent& press) {
         QCoreApplication::postEvent(below, new QContextMenuEvent(QContextMenuEvent::Mouse, place.toPoint(),
                                                                  press.globalPosition().toPoint(), press.modifiers()));
     }
+}
+
+auto labelsOf(QWidget& widget) {
+    return QAccessible::queryAccessibleInterface(&widget)->relations(QAccessible::Label);
 }
 
 } // namespace
@@ -255,19 +260,23 @@ void ComboBox::showPopup() {
     QComboBox::showPopup();
 }
 
+void ComboBox::setAccessibleName(const QString& name) {
+    QComboBox::setAccessibleName(name);
+    // Where the system's tree has the row as the box's name, it is a label that tells what the box is.
+    if (parentWidget() != nullptr && labelsOf(*this).isEmpty()) {
+        auto* const label = new QLabel(name, parentWidget());
+        label->setBuddy(this);
+        label->hide();
+    }
+}
+
 void ComboBox::showEvent(QShowEvent* event) {
     QComboBox::showEvent(event);
-    if (!isEditable() || parentWidget() == nullptr) {
-        return;
+    if (isEditable()) { // the focus is in the line edit
+        const auto labels = labelsOf(*this);
+        const bool named = !accessibleName().isEmpty() || labels.isEmpty();
+        lineEdit()->setAccessibleName(named ? accessibleName() : labels.constFirst().first->text(QAccessible::Name));
     }
-    // The focus is in the line edit, which has no name of its own in the accessibility tree.
-    QString name = accessibleName();
-    for (const QLabel* const label : parentWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly)) {
-        if (name.isEmpty() && label->buddy() == this) {
-            name = label->text().remove(u'&');
-        }
-    }
-    lineEdit()->setAccessibleName(name);
 }
 
 void ComboBox::wheelEvent(QWheelEvent* event) {

@@ -21,11 +21,15 @@ namespace vantor {
 class ComboBox : public QComboBox {
     Q_OBJECT
     Q_PROPERTY(bool editable READ isEditable WRITE setEditable)
+    Q_PROPERTY(QString accessibleName READ accessibleName WRITE setAccessibleName)
   public:
     explicit ComboBox(QWidget* parent = nullptr);
 
     /// Whether a text may be typed. Takes the place of the base's function, whose line edit picks rows by itself.
     void setEditable(bool editable);
+
+    /// The name in the accessibility tree. Takes the place of the base's function, whose name some systems don't tell.
+    void setAccessibleName(const QString& name);
 
     /// Drops all rows and the text. No click.
     void clear();

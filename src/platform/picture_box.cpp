@@ -28,9 +28,11 @@ QColor toQColor(Colour colour) {
 // The accessibility tree's word for it: one that takes the focus is a button that shows a picture.
 class PictureNode : public QAccessibleWidget {
   public:
-    explicit PictureNode(PictureBox& box)
-        : QAccessibleWidget(&box, isButton(box) ? QAccessible::Button : QAccessible::Graphic), m_box(box) {}
+    explicit PictureNode(PictureBox& box) : QAccessibleWidget(&box), m_box(box) {}
 
+    [[nodiscard]] QAccessible::Role role() const override {
+        return isButton(m_box) ? QAccessible::Button : QAccessible::Graphic;
+    }
     [[nodiscard]] QStringList actionNames() const override {
         return isButton(m_box) ? QStringList(pressAction()) : QStringList();
     }

@@ -42,6 +42,7 @@ void expectNames(const QWidget& window) {
             EXPECT_FALSE(box->isEditable() && box->isVisible() && box->lineEdit()->accessibleName().isEmpty())
                 << "the text of " << fromQString(control->objectName());
             const auto labels = node.relations(QAccessible::Label);
+            EXPECT_FALSE(labels.isEmpty()) << "all that some screen readers have: " << fromQString(box->objectName());
             const bool named = !control->accessibleName().isEmpty() || labels.isEmpty();
             name = named ? control->accessibleName() : labels.constFirst().first->text(QAccessible::Name);
         }
