@@ -81,6 +81,7 @@ void frmMain::setUpBoxes() {
     m_boxes->airport.setupUi(ui->FrameIcao);
     m_boxes->missing.setupUi(ui->FrameFSAC);
     m_boxes->utilities.setupUi(ui->FrameUtils);
+    setTabOrder(m_boxes->compile.cmdDecompile, ui->picClunk);
 }
 
 void frmMain::makeGroups() {

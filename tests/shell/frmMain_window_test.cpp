@@ -13,7 +13,9 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSplitter>
 
+#include <cstdlib>
 #include <functional>
 #include <set>
 
@@ -212,7 +214,7 @@ TEST_F(KeyboardTest, ShortcutsPressTheirButtons) {
 // screen shares, since Alt and a shared letter only moves the focus.
 TEST_F(KeyboardTest, MainCommandsHaveKeysOfTheirOwn) {
     const QStringList groups =
-        QStringLiteral("fraPlans frameFSMode FrameCompile fraList1 fraList2").split(QLatin1Char(' '));
+        QStringLiteral("fraPlans frameFSMode FrameCompile picClunk fraList1 fraList2").split(QLatin1Char(' '));
     std::set<QString> keys;
     for (const QAbstractButton* const button : form().findChildren<QAbstractButton*>()) {
         const std::string name = fromQString(button->objectName());
@@ -246,6 +248,20 @@ TEST_F(KeyboardTest, TabVisitsTheGroupsInReadingOrder) {
         EXPECT_EQ(visited.contains(button), button->isVisible() && button->isEnabled())
             << fromQString(button->objectName());
     }
+    const Expectation about = expectDialog("fSHAREDAbout", [](QDialog& box) { click(box, "cmdOK"); });
+    pressKey(control<QWidget>(form(), "picClunk"), Qt::Key_Space);
+}
+
+TEST_F(KeyboardTest, TheListsAreDraggedApart) {
+    auto& split = control<QSplitter>(form(), "splitLists");
+    const QList<int> told = split.sizes();
+    EXPECT_LE(std::abs(told[0] - told[1]), 1);
+    QWidget& handle = *split.handle(1);
+    QTest::mousePress(&handle, Qt::LeftButton, {}, QPoint(20, 1));
+    QTest::mouseMove(&handle, QPoint(20, 61));
+    QTest::mouseRelease(&handle, Qt::LeftButton, {}, QPoint(20, 61));
+    EXPECT_EQ(split.sizes()[0], told[0] + 60);
+    EXPECT_GT(list("List1").height(), list("List2").height());
 }
 
 } // namespace
