@@ -107,6 +107,16 @@ void SlotTable<Record>::remove(std::int32_t slot) {
 template class SlotTable<ScheduleRec>;
 template class SlotTable<AirportRec>;
 
+void clsHashSC::Init() {
+    HashClear();
+    SlotTable::Init();
+}
+
+void clsHashSC::HashClear() noexcept {
+    SlotTable::HashClear();
+    m_legPool.clear(); // behind the records that stand on it
+}
+
 void clsHashSC::HashAdd(ScheduleRec record) {
     const std::int32_t slot = takeSlot();
     journal().newSlot(slot);

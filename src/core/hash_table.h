@@ -24,7 +24,7 @@ inline constexpr int hashErrorBase = -2147220992;
 /// any other slot is error 9. A new table has none until the first Init, which the operations below call where it
 /// matters.
 template <class Record>
-class SlotTable : private RecordStore<Record> {
+class SlotTable : protected RecordStore<Record> {
   public:
     /// Drops all records and sets the initial capacity.
     void Init();
@@ -72,18 +72,30 @@ extern template class SlotTable<AirportRec>;
 class clsHashSC : public SlotTable<ScheduleRec> {
   public:
     clsHashSC() noexcept : SlotTable(150000) {}
+    void Init();
+    void HashClear() noexcept;
     /// Stores a record in the next slot.
     void HashAdd(ScheduleRec record);
     /// A copy of the record of a number, blank for a miss.
     [[nodiscard]] ScheduleRec HashFind(std::string_view key) const;
     /// Removes the record of a number and frees its slot; raises the table's error 1 when there is none.
     void HashDelete(std::string_view key) { remove(find(key)); }
+    /// Memory for the legs of the records that a load adds: it lasts until the next Init or HashClear.
+    [[nodiscard]] LendingPool<LegRec>& legPool() noexcept { return m_legPool; }
     // For undo and redo, which put the records themselves.
+    template <class Change>
+    void patch(std::int32_t slot, const Change& change) {
+        storePatched(slot, change);
+    }
     using SlotTable::freeSlot;
     using SlotTable::takeSlot;
+    // For a load that knows how many records to expect.
+    using RecordStore::reserve;
 
   private:
     [[nodiscard]] std::int32_t find(std::string_view key) const;
+
+    LendingPool<LegRec> m_legPool;
 };
 
 /// The airports, by slot and by code. Codes are trimmed, and their case counts.

@@ -11,9 +11,15 @@ namespace vantor {
 
 namespace {
 
-using Word = std::uint64_t;
-using Mask = std::uint16_t;
 using PartNumber = std::uint16_t; // 0 for the header, else the number of the leg
+using Mask = std::uint16_t;
+using Half = std::uint32_t; // what is kept where it differs
+using Word = std::uint64_t; // what is compared at once
+
+constexpr PartNumber patchEnd = 65535;
+constexpr std::int32_t mostLegs = 10000; // of a patch, which then fits a piece of the log
+constexpr std::size_t largestPiece = std::size_t{1} << 20U;
+constexpr std::size_t smallestPiece = 128;
 
 template <class Part>
 constexpr std::size_t wordsOf = (sizeof(Part) + sizeof(Word) - 1) / sizeof(Word);
@@ -23,16 +29,23 @@ using Words = std::array<Word, wordsOf<Part>>;
 
 template <class Part>
 Words<Part> wordsIn(const Part& part) {
-    static_assert(std::is_trivially_copyable_v<Part> && wordsOf<Part> <= 16);
+    static_assert(std::is_trivially_copyable_v<Part> && wordsOf<Part> <= 8);
     Words<Part> words{};
     std::memcpy(words.data(), &part, sizeof(Part));
     return words;
 }
 
+// The most bytes that a patch takes.
+std::size_t patchRoom(std::int32_t legs) {
+    constexpr std::size_t head = sizeof(PartNumber) + sizeof(Mask);
+    return head + sizeof(Words<ScheduleHeader>) + static_cast<std::size_t>(legs) * (head + sizeof(Words<LegRec>)) +
+           sizeof(patchEnd);
+}
+
 template <class Value>
-void append(std::vector<std::byte>& bytes, const Value& value) {
-    const auto* const begin = reinterpret_cast<const std::byte*>(&value);
-    bytes.insert(bytes.end(), begin, begin + sizeof(Value));
+void put(std::byte*& at, const Value& value) {
+    std::memcpy(at, &value, sizeof(Value));
+    at += sizeof(Value);
 }
 
 template <class Value>
@@ -43,25 +56,26 @@ Value take(const std::byte*& at) {
     return value;
 }
 
-// What differs in a header or leg: its number, a mask of the words that differ, and these.
+// What differs in a header or leg: its number, a mask of the half words that differ, and these.
 template <class Part>
-void appendDifference(std::vector<std::byte>& bytes, PartNumber number, const Part& before, const Part& after) {
+void putDifference(std::byte*& at, PartNumber number, const Part& before, const Part& after) {
     const Words<Part> old = wordsIn(before);
-    Words<Part> words = wordsIn(after);
+    const Words<Part> words = wordsIn(after);
+    std::byte* end = at + sizeof(PartNumber) + sizeof(Mask);
     unsigned mask = 0;
     for (std::size_t i = 0; i < words.size(); ++i) {
-        words[i] ^= old[i];
-        mask |= static_cast<unsigned>(words[i] != 0) << i;
-    }
-    if (mask == 0) {
-        return;
-    }
-    append(bytes, number);
-    append(bytes, static_cast<Mask>(mask));
-    for (const Word word : words) {
-        if (word != 0) {
-            append(bytes, word);
+        Word word = words[i] ^ old[i];
+        for (std::size_t half = 2 * i; word != 0; word >>= 32U, ++half) {
+            if (const auto low = static_cast<Half>(word); low != 0) {
+                mask |= 1U << half;
+                put(end, low);
+            }
         }
+    }
+    if (mask != 0) {
+        put(at, number);
+        put(at, static_cast<Mask>(mask));
+        at = end;
     }
 }
 
@@ -69,21 +83,37 @@ template <class Part>
 void applyDifference(const std::byte*& at, Part& part) {
     Words<Part> words = wordsIn(part);
     for (unsigned mask = take<Mask>(at); mask != 0; mask &= mask - 1) {
-        words[static_cast<std::size_t>(std::countr_zero(mask))] ^= take<Word>(at);
+        const auto half = static_cast<unsigned>(std::countr_zero(mask));
+        words[half / 2] ^= Word{take<Half>(at)} << 32U * (half % 2);
     }
     std::memcpy(static_cast<void*>(&part), words.data(), sizeof(Part));
 }
 
 } // namespace
 
+std::byte* PatchLog::room(std::size_t most) {
+    if (m_size - m_used < most) {
+        m_size = std::max(most, std::clamp(2 * m_size, smallestPiece, largestPiece));
+        m_used = 0;
+        m_pieces.push_back(std::make_unique_for_overwrite<std::byte[]>(m_size));
+        m_bytes += m_size;
+    }
+    return m_pieces.back().get() + m_used;
+}
+
+std::uint32_t PatchLog::keep(const std::byte* end) noexcept {
+    const std::size_t place = (m_pieces.size() - 1) * largestPiece + m_used;
+    m_used = static_cast<std::size_t>(end - m_pieces.back().get());
+    return static_cast<std::uint32_t>(place);
+}
+
+const std::byte* PatchLog::at(std::uint32_t place) const noexcept {
+    return m_pieces[place / largestPiece].get() + place % largestPiece;
+}
+
 void JournalStep::patch(const JournalEntry& entry, ScheduleRec& schedule) const {
-    // A patch ends where the next one begins; no other kind of entry puts anything between them.
-    const std::byte* at = patches.data() + entry.at;
-    const auto next = std::find_if(entries.begin() + (&entry - entries.data()) + 1, entries.end(),
-                                   [](const JournalEntry& other) { return other.kind == JournalEntry::Kind::Patch; });
-    const std::byte* const end = next == entries.end() ? patches.data() + patches.size() : patches.data() + next->at;
-    while (at != end) {
-        const auto number = take<PartNumber>(at);
+    const std::byte* at = patches.at(entry.at);
+    for (auto number = take<PartNumber>(at); number != patchEnd; number = take<PartNumber>(at)) {
         if (number == 0) {
             applyDifference(at, static_cast<ScheduleHeader&>(schedule));
         } else {
@@ -93,7 +123,7 @@ void JournalStep::patch(const JournalEntry& entry, ScheduleRec& schedule) const 
 }
 
 std::size_t JournalStep::bytes() const noexcept {
-    std::size_t sum = sizeof(JournalStep) + entries.capacity() * sizeof(JournalEntry) + patches.capacity() +
+    std::size_t sum = sizeof(JournalStep) + entries.capacity() * sizeof(JournalEntry) + patches.bytes() +
                       aircraft.capacity() * sizeof(AircraftRec);
     for (const auto& others : rows) {
         sum += others.capacity() * sizeof(AircraftRec);
@@ -106,24 +136,27 @@ std::size_t JournalStep::bytes() const noexcept {
 
 void Journal::record(std::int32_t slot, const ScheduleRec& before, const ScheduleRec& after) {
     JournalStep& step = *m_open;
-    constexpr std::int32_t numbers = 65535; // legs that a patch can name
-    if (before.legs.size() != after.legs.size() || after.legs.size() > numbers) {
+    if (before.legs.size() != after.legs.size() || after.legs.size() > mostLegs) {
         step.entries.push_back({JournalEntry::Kind::Replace, slot, static_cast<std::uint32_t>(step.schedules.size())});
         step.schedules.push_back(before);
         return;
     }
-    const std::size_t start = step.patches.size();
-    appendDifference<ScheduleHeader>(step.patches, 0, before, after);
+    std::byte* const start = step.patches.room(patchRoom(after.legs.size()));
+    std::byte* at = start;
+    if (const ScheduleHeader& header = after; header != before) { // compared by members: copies leave the bytes between
+        putDifference<ScheduleHeader>(at, 0, before, after);
+    }
     PartNumber number = 0;
     // One look at all legs: most changes leave all of them, or most, as they are.
     const auto size = static_cast<std::size_t>(after.legs.size());
     if (size != 0 && std::memcmp(&*before.legs.begin(), &*after.legs.begin(), size * sizeof(LegRec)) != 0) {
         for (auto old = before.legs.begin(); const LegRec& leg : after.legs) {
-            appendDifference(step.patches, ++number, *old++, leg);
+            putDifference(at, ++number, *old++, leg);
         }
     }
-    if (step.patches.size() != start) {
-        step.entries.push_back({JournalEntry::Kind::Patch, slot, static_cast<std::uint32_t>(start)});
+    if (at != start) {
+        put(at, patchEnd);
+        step.entries.push_back({JournalEntry::Kind::Patch, slot, step.patches.keep(at)});
     }
 }
 

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,7 +26,7 @@ struct TableCounts {
 /// hold the version that does not stand in the table just now.
 struct JournalEntry {
     enum class Kind : std::uint8_t {
-        Patch,    ///< a schedule of the same number of legs; `at` is where its differences begin in `patches`
+        Patch,    ///< a schedule of the same number of legs; `at` is the place of its differences in `patches`
         Replace,  ///< a schedule with other legs; `at` is the place of the other version in `schedules`
         NewSlot,  ///< a slot that was handed out to a new schedule
         Aircraft, ///< an aircraft; `at` is the place of the other version in `aircraft`
@@ -36,11 +37,30 @@ struct JournalEntry {
     std::uint32_t at = 0;
 };
 
+/// The differences of a step, one behind the other in pieces that never move: a change of a million legs makes tens of
+/// megabytes of them.
+class PatchLog {
+  public:
+    /// Room for `most` bytes, at most a megabyte.
+    [[nodiscard]] std::byte* room(std::size_t most);
+    /// Keeps what was written into the room up to `end`, and gives its place.
+    [[nodiscard]] std::uint32_t keep(const std::byte* end) noexcept;
+    [[nodiscard]] const std::byte* at(std::uint32_t place) const noexcept;
+    /// Bytes that the log takes.
+    [[nodiscard]] std::size_t bytes() const noexcept { return m_bytes; }
+
+  private:
+    std::vector<std::unique_ptr<std::byte[]>> m_pieces;
+    std::size_t m_used = 0; // of the last piece
+    std::size_t m_size = 0; // of the last piece
+    std::size_t m_bytes = 0;
+};
+
 /// All that one command changed.
 struct JournalStep {
     std::string name; ///< as a person reads it: "Delete 3 schedules"
     std::vector<JournalEntry> entries;
-    std::vector<std::byte> patches;
+    PatchLog patches;
     std::vector<ScheduleRec> schedules;
     std::vector<AircraftRec> aircraft;
     std::vector<std::vector<AircraftRec>> rows;
@@ -81,6 +101,8 @@ class Journal {
     void willStoreAll(const OneBased<AirportRec>& /*before*/, const OneBased<AirportRec>& /*after*/) noexcept {}
     /// No command changes an airport.
     void willStore(std::int32_t /*slot*/, const AirportRec& /*before*/, const AirportRec& /*after*/) noexcept {}
+    /// A schedule changes in place in an undo or redo.
+    void willPatch() noexcept { ++m_revision; }
     /// A slot was handed out to a new schedule.
     void newSlot(std::int32_t slot) {
         if (takes()) {

@@ -2,12 +2,10 @@
 // Distances of a million legs whose whole miles and whole hours alone are kept.
 #pragma once
 
+#include "core/code_map.h"
 #include "foundation/fixed_text.h"
-#include "foundation/text.h"
 
-#include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace vantor {
 
@@ -18,32 +16,26 @@ struct GlobePoint {
     double z;
 };
 
+/// What is kept of a leg's length.
+struct FlownWay {
+    float miles = 0; ///< nautical miles, a whole number
+    std::int16_t hours = 0;
+};
+
 /// Distances between the airports of the table for a walk during which the table does not change. Each code is looked
 /// up once. The exact formula costs more than the rest of a leg's reading, so that it runs only where it matters: an
 /// estimate tells most distances closely enough to round them.
 class LegDistances {
   public:
-    LegDistances();
     /// Where an airport is, for many distances from it and to it.
     [[nodiscard]] GlobePoint find(const FixedText<6>& code);
-    /// A distance in nautical miles between two airports and their points. It and its quotient by `speed` (knots, above
-    /// 0), each rounded to a whole number, are the same as those of flightdistance.
-    [[nodiscard]] static double between(const FixedText<6>& fromCode, const GlobePoint& from,
-                                        const FixedText<6>& toCode, const GlobePoint& to, float speed) noexcept;
+    /// The way between two airports and their points at a speed in knots, above 0: flightdistance and its quotient by
+    /// the speed, each rounded to a whole number. Hours beyond 16 bits are error 6.
+    [[nodiscard]] static FlownWay between(const FixedText<6>& fromCode, const GlobePoint& from,
+                                          const FixedText<6>& toCode, const GlobePoint& to, float speed);
 
   private:
-    // Codes are six bytes, so that they fit a number with a mark on top, and stand in one array that is searched from
-    // a code's own place on.
-    struct Slot {
-        std::uint64_t key = 0; // 0: free
-        GlobePoint point{};
-    };
-
-    [[nodiscard]] Slot& slotOf(std::uint64_t key);
-    void grow();
-
-    std::vector<Slot> m_slots; // a power of two, half of them free
-    std::size_t m_used = 0;
+    CodeMap<6, GlobePoint> m_points;
 };
 
 } // namespace vantor

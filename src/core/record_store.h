@@ -25,6 +25,12 @@ class RecordStore {
     /// Writes one record, with blank ones ahead of it where there is a gap. Each record that is stored in a table comes
     /// through here, where the journal takes down how it differs from the one that it replaces.
     void store(std::int32_t index, Record record) {
+        if (index == m_records.size() + 1) { // as a load does
+            static const Record blank;
+            journal().willStore(index, blank, record);
+            m_records.append(std::move(record));
+            return;
+        }
         if (!m_records.has(index)) {
             m_records.resize(index);
         }
@@ -32,11 +38,19 @@ class RecordStore {
         journal().willStore(index, stored, record);
         stored = std::move(record);
     }
+    /// Changes a record in place, as undo and redo do, of which the journal takes nothing down.
+    template <class Change>
+    void storePatched(std::int32_t index, const Change& change) {
+        journal().willPatch();
+        change(m_records[index]);
+    }
     /// Puts other records in the place of all.
     void storeAll(OneBased<Record> records) {
         journal().willStoreAll(m_records, records);
         m_records = std::move(records);
     }
+    /// Makes room for as many records.
+    void reserve(std::int32_t count) { m_records.reserve(count); }
     [[nodiscard]] const OneBased<Record>& all() const noexcept { return m_records; }
 
   private:

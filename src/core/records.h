@@ -2,6 +2,8 @@
 // The four records of the traffic. Records are values: a fetched one is a copy.
 #pragma once
 
+#include "core/leg_text.h"
+#include "core/lent_vector.h"
 #include "foundation/error.h"
 #include "foundation/fixed_text.h"
 #include "foundation/text.h"
@@ -14,22 +16,23 @@
 
 namespace vantor {
 
-/// A 16-bit flag: -1 for true, 0 for false.
+/// A flag: -1 for true, 0 for false.
 class Flag {
   public:
     constexpr Flag() noexcept = default;
-    constexpr Flag(bool value) noexcept : m_value(static_cast<std::int16_t>(value ? -1 : 0)) {}
+    constexpr Flag(bool value) noexcept : m_value(static_cast<std::int8_t>(value ? -1 : 0)) {}
     constexpr operator bool() const noexcept { return m_value != 0; }
 
   private:
-    std::int16_t m_value = 0;
+    std::int8_t m_value = 0;
 };
 
-/// An array whose first element is number 1. An index outside it is error 9.
-template <class T>
+/// An array whose first element is number 1. An index outside it is error 9. `Items` holds the elements.
+template <class T, class Items = std::vector<T>>
 class OneBased {
   public:
     OneBased() = default;
+    explicit OneBased(Items items) : m_items(std::move(items)) {}
 
     [[nodiscard]] std::int32_t size() const noexcept { return static_cast<std::int32_t>(m_items.size()); }
     [[nodiscard]] bool has(std::int32_t index) const noexcept { return index >= 1 && index <= size(); }
@@ -74,7 +77,7 @@ class OneBased {
         return count < 1 ? 0 : static_cast<std::size_t>(count);
     }
 
-    std::vector<T> m_items;
+    Items m_items;
 };
 
 /// One aircraft of the traffic or of the simulator.
@@ -116,22 +119,25 @@ struct LegId {
 /// One leg of a schedule. Times are GMT texts.
 struct LegRec {
     std::int32_t hashindex = 0; ///< recnum * 1000 + leg number, the item data of its row
-    FixedText<12> dep;          ///< departure time HH:MM:SS, without day
-    FixedText<12> arr;          ///< arrival time, without day and marks
-    Flag atflag;                ///< the arrival carried "@": it is fixed
-    std::int16_t depday = 0;    ///< 0 (Sunday) to 6 in a weekly schedule, -1 in any other
-    std::int16_t arrday = 0;    ///< 0 to 6 in a weekly schedule, 0 in any other
+    LegText dep;                ///< departure time HH:MM:SS, without day
+    LegText arr;                ///< arrival time, without day and marks
+    LegText flightnum;
+    float distance = 0;      ///< nautical miles, rounded to a whole number
+    float flighthours = 0;   ///< hours: whole when loaded, unrounded when set by the editor
+    std::int16_t depday = 0; ///< 0 (Sunday) to 6 in a weekly schedule, -1 in any other
+    std::int16_t arrday = 0; ///< 0 to 6 in a weekly schedule, 0 in any other
     std::int16_t flightlevel = 0;
-    float distance = 0;    ///< nautical miles, rounded to a whole number
-    float flighthours = 0; ///< hours: whole when loaded, unrounded when set by the editor
-    FixedText<1> legtype;
-    FixedText<12> flightnum;
     FixedText<6> toicao;
     FixedText<6> fromicao; ///< no column of the file: the destination of the leg before
-    Flag tng;              ///< touch and go
-    Flag deleted;          ///< shown with "(DEL) " and left out of the next save
+    FixedText<1> legtype;
+    bool atflag : 1 = false;  ///< the arrival carried "@": it is fixed
+    bool tng : 1 = false;     ///< touch and go
+    bool deleted : 1 = false; ///< shown with "(DEL) " and left out of the next save
     friend bool operator==(const LegRec&, const LegRec&) = default;
 };
+
+// Of a million of them, each byte counts: in memory, and in time until it is filled.
+static_assert(sizeof(LegRec) == 44);
 
 /// What a schedule is apart from its legs.
 struct ScheduleHeader {
@@ -149,7 +155,7 @@ struct ScheduleHeader {
 
 /// One schedule: a closed loop of legs flown by one aircraft.
 struct ScheduleRec : ScheduleHeader {
-    OneBased<LegRec> legs; ///< at least legcount of them; those behind it count for nothing
+    OneBased<LegRec, LentVector<LegRec>> legs; ///< at least legcount of them; those behind it count for nothing
 
     /// Legs 1 to legcount. Fewer legs than that are error 9.
     [[nodiscard]] std::span<const LegRec> flown() const { return legs.first(legcount); }

@@ -37,9 +37,8 @@ enum class Direction { Back, Forward };
 void apply(JournalStep& step, const JournalEntry& entry, Direction direction) {
     switch (entry.kind) {
     case Kind::Patch: {
-        ScheduleRec schedule = schedules.HashGetSlot(entry.slot);
-        step.patch(entry, schedule);
-        schedules.HashPutSlot(entry.slot, std::move(schedule));
+        // In place: a patch is its own inverse, and a copy would cost more than what the command did.
+        schedules.patch(entry.slot, [&](ScheduleRec& schedule) { step.patch(entry, schedule); });
         break;
     }
     case Kind::Replace: {

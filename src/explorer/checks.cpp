@@ -57,6 +57,10 @@ void mix(std::uint64_t& hash, std::int64_t number) {
     hash ^= hash >> 29U;
 }
 
+void mix(std::uint64_t& hash, const LegText& field) {
+    mix(hash, std::int64_t{field.number()});
+}
+
 std::uint64_t hashOf(const ScheduleRec& schedule) {
     std::uint64_t hash = 0;
     mix(hash, schedule.acnum);

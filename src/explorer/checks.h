@@ -2,8 +2,8 @@
 // The walk that looks for what is wrong with schedules, in slices.
 #pragma once
 
+#include "core/code_map.h"
 #include "core/records.h"
-#include "explorer/code_map.h"
 #include "explorer/leg_number.h"
 
 #include <array>

@@ -2,8 +2,8 @@
 // Whether a leg or a schedule meets a filter.
 #pragma once
 
+#include "core/code_map.h"
 #include "core/records.h"
-#include "explorer/code_map.h"
 #include "explorer/filter.h"
 #include "explorer/leg_values.h"
 

@@ -1,8 +1,8 @@
 #include "explorer/leg_sort.h"
 
 #include "core/aircraft_table.h"
+#include "core/code_map.h"
 #include "core/tables.h"
-#include "explorer/code_map.h"
 #include "foundation/code_page.h"
 #include "foundation/numbers.h"
 #include "foundation/text.h"

@@ -211,6 +211,24 @@ bool InputFile::readLine(std::string_view& line) {
     }
 }
 
+bool InputFile::readLines(std::span<char>& lines) {
+    for (;;) {
+        const bool more = fill();
+        const std::string_view read(m_buffer.data() + m_begin, m_end - m_begin);
+        std::size_t length = read.size(); // at the end of the file the last line needs no end
+        if (more) {
+            // Of lone CRs the last may be the half of a CR LF.
+            const std::size_t lineFeed = read.rfind('\n');
+            length = 1 + (lineFeed != std::string_view::npos ? lineFeed : read.substr(0, length - 1).rfind('\r'));
+        }
+        if (length != 0 || !more) {
+            lines = std::span(m_buffer).subspan(m_begin, length);
+            m_begin += length;
+            return !lines.empty();
+        }
+    }
+}
+
 OutputFile::OutputFile(std::string_view path, Open how)
     : Channel(nativePath(path), how == Open::Append ? Mode::Append : Mode::Replace) {}
 

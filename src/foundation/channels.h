@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -52,6 +53,9 @@ class InputFile : public Channel {
     explicit InputFile(std::string_view path);
     /// The next line without its end; false at the end of the file. The view holds until the next call.
     [[nodiscard]] bool readLine(std::string_view& line);
+    /// As many whole lines, with their ends, as come in one read; false at the end of the file. The characters hold
+    /// until the next call and may be changed. No line may have been read singly before.
+    [[nodiscard]] bool readLines(std::span<char>& lines);
     void close() noexcept { closeQuietly(); }
 
   private:

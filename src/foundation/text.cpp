@@ -19,7 +19,7 @@ struct Capital {
 
 } // namespace
 
-void upperInPlace(std::string& text) noexcept {
+void upperInPlace(std::span<char> text) noexcept {
     // Traffic is ASCII but for a few names, and without a table the compiler takes many bytes at a time.
     unsigned char all = 0;
     for (const char c : text) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +15,7 @@ namespace vantor {
 /// `text` in small letters.
 [[nodiscard]] std::string lower(std::string_view text);
 /// Puts `text` into capitals in place.
-void upperInPlace(std::string& text) noexcept;
+void upperInPlace(std::span<char> text) noexcept;
 
 /// `text` without blanks (32) at both ends; no other white space is taken off.
 [[nodiscard]] constexpr std::string_view trim(std::string_view text) noexcept {

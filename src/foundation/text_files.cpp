@@ -1,5 +1,6 @@
 #include "foundation/text_files.h"
 
+#include "foundation/byte_search.h"
 #include "foundation/disk.h"
 #include "foundation/error.h"
 #include "foundation/log.h"
@@ -8,6 +9,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <span>
 #include <system_error>
 
 namespace vantor {
@@ -64,11 +66,13 @@ std::int32_t LinesInFile(std::string_view path) {
         return 0;
     }
     InputFile file(path);
-    std::int32_t count = 0;
-    for (std::string_view line; file.readLine(line);) {
-        ++count;
+    std::size_t count = 0;
+    char last = '\n';
+    for (std::span<char> lines; file.readLines(lines);) {
+        count += lineEnds({lines.data(), lines.size()});
+        last = lines.back();
     }
-    return count;
+    return static_cast<std::int32_t>(count + (last != '\n' && last != '\r' ? 1 : 0)); // the last line needs no end
 }
 
 void LoadTextFile(std::string_view path, std::string& text) {

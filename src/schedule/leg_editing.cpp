@@ -75,17 +75,18 @@ void addlegtosched(const StandardTrap& trap, ScheduleDraft& draft, bool atend, i
     const auto take = [&](auto LegRec::*field, int from, auto LegRec::*source) {
         draft.leg(at).*field = draft.leg(from).*source;
     };
-    const auto set = [&](auto LegRec::*field, auto value) { draft.leg(at).*field = value; };
+    const auto setArrival = [&] { draft.leg(at).arr = midnight; };
+    const auto setTouchAndGo = [&] { draft.leg(at).tng = tng; };
     trap(take, &LegRec::toicao, place.next, &LegRec::fromicao);
     trap(take, &LegRec::fromicao, place.previous, &LegRec::toicao);
     trap(take, &LegRec::flightlevel, place.previous, &LegRec::flightlevel);
     trap(take, &LegRec::dep, place.previous, &LegRec::dep);
     // Quirk: the arrival of the leg before would be taken over with a fixed arrival, but it is the new leg's own mark
     // that decides, and a blank leg has none.
-    trap(set, &LegRec::arr, midnight);
+    trap(setArrival);
     trap(take, &LegRec::flightnum, place.previous, &LegRec::flightnum);
     trap(take, &LegRec::legtype, place.previous, &LegRec::legtype);
-    trap(set, &LegRec::tng, tng);
+    trap(setTouchAndGo);
 }
 
 namespace {

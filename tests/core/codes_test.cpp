@@ -1,8 +1,13 @@
 // Rows, codes, leg numbers and the time zone.
 #include "core/codes.h"
+#include "core/leg_text.h"
 #include "core/tables.h"
 #include "foundation/log.h"
 #include "support/fixture.h"
+
+#include <map>
+#include <string>
+#include <vector>
 
 namespace vantor {
 namespace {
@@ -60,6 +65,26 @@ TEST_F(CodesTest, ZoneLabelAndShiftedTimes) {
         EXPECT_EQ(formatHHMMSS(shifted), c.shifted);
         EXPECT_EQ(shifted < 1.0, c.onTheSameDay);
         EXPECT_GE(shifted, 0);
+    }
+}
+
+TEST(LegTextTest, IsTheFieldOfTwelveThatItStandsFor) {
+    std::vector<std::string> texts = {
+        "",         "0",        "00",       "007",      "9999",      "10000",   " 12",
+        "12:30:00", "12:30:01", "23:59:00", "24:00:00", "12:60:00",  "1:00:00", "12-30-00",
+        "12:3a:00", "/2:00:00", ":2:00:00", "12:00:0:", "12:30:00 ", "7 ",      "99991"};
+    for (int i = 0; i < 40000; ++i) { // more than stand in one piece
+        texts.push_back("text " + std::to_string(i) + " is cut");
+    }
+    std::map<std::string, std::uint32_t> numbers;
+    for (const std::string& text : texts) {
+        const LegText kept(text);
+        EXPECT_EQ(kept.raw(), FixedText<12>(text).raw());
+        EXPECT_EQ(numbers.emplace(kept.raw(), kept.number()).first->second, kept.number());
+        EXPECT_EQ(kept.minute(), kept.text() == "12:30:00" ? 750 : kept.text() == "23:59:00" ? 1439 : -1) << text;
+    }
+    for (const auto& [text, number] : numbers) {
+        EXPECT_EQ(LegText(text).number(), number);
     }
 }
 

@@ -88,10 +88,9 @@ TEST_F(GreatCircleTest, TheQuickDistancesOfALoadRoundAsTheExactOnesDo) {
             const GlobePoint end = distances.find(to);
             const double exact = flightdistance(from.text(), to.text());
             for (const float speed : {0.7F, 120.0F, 487.3F}) {
-                const double quick = LegDistances::between(from, start, to, end, speed);
-                const auto knots = static_cast<double>(speed);
-                differing += roundHalfEven(quick) != roundHalfEven(exact) ? 1 : 0;
-                differing += roundHalfEven(quick / knots) != roundHalfEven(exact / knots) ? 1 : 0;
+                const FlownWay quick = LegDistances::between(from, start, to, end, speed);
+                differing += double{quick.miles} != roundHalfEven(exact) ? 1 : 0;
+                differing += quick.hours != roundHalfEven(exact / static_cast<double>(speed)) ? 1 : 0;
             }
         }
     }

@@ -21,6 +21,13 @@ class Channels : public Fixture {
         for (std::string_view line; file.readLine(line);) {
             lines.emplace_back(line);
         }
+        std::string all;
+        InputFile again(path("lines"));
+        for (std::span<char> whole; again.readLines(whole); all.append(whole.begin(), whole.end())) {
+            EXPECT_TRUE(all.empty() || all.ends_with('\n') || (all.ends_with('\r') && whole.front() != '\n'));
+        }
+        EXPECT_TRUE(all == bytes);
+        EXPECT_EQ(LinesInFile(path("lines")), std::ssize(lines));
         return lines;
     }
 };
