@@ -18,7 +18,7 @@ namespace {
 
 using Bits = std::uint64_t;
 
-constexpr Bits known = Bits{1} << 63U; // the bits of this schedule were worked out
+constexpr Bits known = Bits{1} << 63U; // the bits of this schedule or flight number were worked out
 
 Bits bitOf(std::size_t term) {
     return Bits{1} << term;
@@ -108,16 +108,22 @@ bool looksAtPlaces(const FilterTerm& term) {
     }
 }
 
+// A text with a letter is no number and no time; nearly all are such.
+bool isDigits(const std::string& text) {
+    return text.find_first_not_of("0123456789:-") == std::string::npos;
+}
+
+// Whether a leg's own numbers, times or flags may meet a term; its words are looked at apart.
 bool looksAtLegs(const FilterTerm& term) {
     switch (term.field) {
-    case FilterField::Anything:
-    case FilterField::Flight:
     case FilterField::Day:
     case FilterField::Distance:
     case FilterField::Departure:
     case FilterField::Arrival:
     case FilterField::Level:
         return true;
+    case FilterField::Anything:
+        return isDigits(term.text);
     default:
         return term.field == FilterField::State &&
                (term.state == LegState::Deleted || term.state == LegState::Fixed || term.state == LegState::TouchAndGo);
@@ -147,9 +153,25 @@ LegMatcher::LegMatcher(const Filter& filter) : m_terms(filter.terms()) {
         m_all |= bitOf(i);
         m_negated |= m_terms[i].negated ? bitOf(i) : 0;
         m_places = m_places || looksAtPlaces(m_terms[i]);
+        prepareWords(i);
         if (looksAtLegs(m_terms[i])) {
             m_legTerms.push_back(i);
         }
+    }
+}
+
+void LegMatcher::prepareWords(std::size_t term) {
+    const std::string& text = m_terms[term].text;
+    m_words = m_words || m_terms[term].field == FilterField::Flight;
+    if (m_terms[term].field != FilterField::Anything) {
+        return;
+    }
+    m_words = true;
+    for (unsigned states = 0; states < m_recordStates.size(); ++states) {
+        m_recordStates[states] |= statesHold(states, text) ? bitOf(term) : 0;
+    }
+    for (std::int16_t day = 0; day < 7 && !isDigits(text); ++day) {
+        m_days[static_cast<std::size_t>(day)] |= containsNoCase(host().weekdayName(day + 1), text) ? bitOf(term) : 0;
     }
 }
 
@@ -161,6 +183,9 @@ bool LegMatcher::matches(std::int32_t recnum, const ScheduleRec& schedule, const
     if (m_places) {
         met |= m_airports.get(leg.fromicao, [&] { return bitsOfAirport(leg.fromicao); }).from;
         met |= m_airports.get(leg.toicao, [&] { return bitsOfAirport(leg.toicao); }).to;
+    }
+    if (m_words) {
+        met |= wordBits(schedule, leg);
     }
     for (const std::size_t i : m_legTerms) {
         if ((met & bitOf(i)) == 0 && meets(m_terms[i], schedule, leg)) {
@@ -184,6 +209,27 @@ Bits LegMatcher::scheduleBits(std::int32_t recnum, const ScheduleRec& schedule) 
         bits = known | bitsOfSchedule(schedule);
     }
     return bits;
+}
+
+Bits LegMatcher::wordBits(const ScheduleRec& schedule, const LegRec& leg) {
+    const std::size_t at = leg.flightnum.number();
+    if (m_flights.size() <= at) {
+        m_flights.resize(2 * at + 1);
+    }
+    Bits& flight = m_flights[at];
+    if (flight == 0) {
+        flight = known;
+        for (std::size_t i = 0; i < m_terms.size(); ++i) {
+            const FilterTerm& term = m_terms[i];
+            const bool met = term.field == FilterField::Anything
+                                 ? containsNoCase(leg.flightnum.text(), term.text)
+                                 : term.field == FilterField::Flight && textMeets(leg.flightnum.text(), term);
+            flight |= met ? bitOf(i) : 0;
+        }
+    }
+    const bool hasDay = schedule.weekly && leg.depday >= 0 && leg.depday <= 6;
+    return flight | m_recordStates[recordStates(schedule, &leg)] |
+           (hasDay ? m_days[static_cast<std::size_t>(leg.depday)] : 0);
 }
 
 Bits LegMatcher::bitsOfSchedule(const ScheduleRec& schedule) {
@@ -230,16 +276,14 @@ LegMatcher::PlaceBits LegMatcher::bitsOfAirport(const FixedText<6>& code) const 
 bool LegMatcher::meets(const FilterTerm& term, const ScheduleRec& schedule, const LegRec& leg) const {
     switch (term.field) {
     case FilterField::Anything:
-        return anywhereInLeg(term.text, schedule, leg);
-    case FilterField::Flight:
-        return textMeets(leg.flightnum.text(), term);
+        return holdsDigits(term.text, leg);
     case FilterField::Day:
         return schedule.weekly && numberMeets(leg.depday, term);
     case FilterField::Distance:
         return numberMeets(static_cast<double>(leg.distance), term);
     case FilterField::Departure:
     case FilterField::Arrival: {
-        const int minute = m_shown(term.field == FilterField::Departure ? leg.dep.raw() : leg.arr.raw());
+        const int minute = m_shown(term.field == FilterField::Departure ? leg.dep : leg.arr);
         return minute >= 0 && numberMeets(minute, term);
     }
     case FilterField::Level:
@@ -250,18 +294,9 @@ bool LegMatcher::meets(const FilterTerm& term, const ScheduleRec& schedule, cons
     }
 }
 
-bool LegMatcher::anywhereInLeg(const std::string& text, const ScheduleRec& schedule, const LegRec& leg) const {
-    if (containsNoCase(leg.flightnum.text(), text) || statesHold(recordStates(schedule, &leg), text)) {
-        return true;
-    }
-    // A text with a letter is no number and no time; nearly all are such.
-    if (text.find_first_not_of("0123456789:-") == std::string::npos) {
-        return holdsNumber(static_cast<double>(leg.distance), text) || holdsNumber(leg.flightlevel, text) ||
-               holdsTime(m_shown(leg.dep.raw()), leg.dep.raw(), text) ||
-               holdsTime(m_shown(leg.arr.raw()), leg.arr.raw(), text);
-    }
-    return schedule.weekly && leg.depday >= 0 && leg.depday <= 6 &&
-           containsNoCase(host().weekdayName(leg.depday + 1), text);
+bool LegMatcher::holdsDigits(const std::string& text, const LegRec& leg) const {
+    return holdsNumber(static_cast<double>(leg.distance), text) || holdsNumber(leg.flightlevel, text) ||
+           holdsTime(m_shown(leg.dep), leg.dep.raw(), text) || holdsTime(m_shown(leg.arr), leg.arr.raw(), text);
 }
 
 } // namespace vantor

@@ -35,18 +35,24 @@ class LegMatcher {
     [[nodiscard]] Bits bitsOfSchedule(const ScheduleRec& schedule);
     [[nodiscard]] Bits bitsOfAircraft(const FixedText<10>& code) const;
     [[nodiscard]] PlaceBits bitsOfAirport(const FixedText<6>& code) const;
+    void prepareWords(std::size_t term);
+    [[nodiscard]] Bits wordBits(const ScheduleRec& schedule, const LegRec& leg);
     [[nodiscard]] bool meets(const FilterTerm& term, const ScheduleRec& schedule, const LegRec& leg) const;
-    [[nodiscard]] bool anywhereInLeg(const std::string& text, const ScheduleRec& schedule, const LegRec& leg) const;
+    [[nodiscard]] bool holdsDigits(const std::string& text, const LegRec& leg) const;
 
     std::vector<FilterTerm> m_terms;
     std::vector<std::size_t> m_legTerms; // those that a leg's own fields may meet
     Bits m_all = 0;
     Bits m_negated = 0;
     bool m_places = false; // some term looks at airports
+    bool m_words = false;  // some term looks at the words of a leg: flight number, states, day
     ShownMinutes m_shown;
     CodeMap<10, Bits> m_aircraft;
     CodeMap<6, PlaceBits> m_airports;
-    std::vector<Bits> m_schedules; // by record number
+    std::vector<Bits> m_schedules;         // by record number
+    std::vector<Bits> m_flights;           // by the number of the flight number's text
+    std::array<Bits, 64> m_recordStates{}; // by the set of states
+    std::array<Bits, 7> m_days{};
 };
 
 } // namespace vantor

@@ -122,7 +122,7 @@ class ColumnKeys {
             return keyOf(leg.toicao);
         case LegColumn::Departure:
         case LegColumn::Arrival: {
-            const int minute = m_shown(m_column == LegColumn::Departure ? leg.dep.raw() : leg.arr.raw());
+            const int minute = m_shown(m_column == LegColumn::Departure ? leg.dep : leg.arr);
             return minute < 0 ? noValue : static_cast<std::uint64_t>(minute);
         }
         case LegColumn::Days:

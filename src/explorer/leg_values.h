@@ -81,6 +81,11 @@ class ShownMinutes {
         return minute < 0 ? -1 : m_shown[static_cast<std::size_t>(minute)];
     }
 
+    [[nodiscard]] int operator()(const LegText& text) const noexcept {
+        const int minute = text.minute();
+        return minute < 0 ? (*this)(text.raw()) : m_shown[static_cast<std::size_t>(minute)];
+    }
+
   private:
     std::array<std::int16_t, 1440> m_shown{};
 };
