@@ -9,6 +9,7 @@
 #include "schedule/list_rows.h"
 #include "shell/command_runner.h"
 #include "shell/documents.h"
+#include "shell/explorer_window.h"
 #include "shell/lists.h"
 #include "shell/status_line.h"
 #include "shell/undo_commands.h"
@@ -73,9 +74,9 @@ class KeysEverywhere : public QObject {
 } // namespace
 
 Actions::Actions(QWidget& window, WindowBoxes& boxes, CommandRunner& runner, Lists& lists, ViewCommands& views,
-                 UndoCommands& undo, StatusLine& status)
+                 UndoCommands& undo, ExplorerWindow& explorer, StatusLine& status)
     : m_window(window), m_boxes(boxes), m_runner(runner), m_lists(lists), m_views(views), m_undo(undo),
-      m_status(status), m_everywhere(std::make_unique<KeysEverywhere>([this] { openManual(); })) {
+      m_explorer(explorer), m_status(status), m_everywhere(std::make_unique<KeysEverywhere>([this] { openManual(); })) {
     connectKeys();
     connectLists();
     connectBoxes();
@@ -92,6 +93,7 @@ std::vector<Actions::KeyAction> Actions::keyTable() {
             {Qt::CTRL | Qt::Key_M, nullptr, m_boxes.airport.cmdMap, {}},
             {Qt::CTRL | Qt::Key_P, nullptr, m_boxes.legs.cmdPrint, {}},
             {Qt::CTRL | Qt::Key_F, nullptr, nullptr, find},
+            {Qt::CTRL | Qt::Key_T, nullptr, nullptr, [this] { m_explorer.open(); }},
             // A text box that has something to undo takes these three for itself.
             {Qt::CTRL | Qt::Key_Z, nullptr, nullptr, [this] { m_undo.undo(); }},
             {Qt::CTRL | Qt::Key_Y, nullptr, nullptr, [this] { m_undo.redo(); }},
@@ -282,6 +284,8 @@ void Actions::addFlights(QMenu& menu, std::string_view aircraftCode, std::string
             });
         });
     }
+    menu.addAction(menuText("Flights of " + code + " in the explorer"), &m_window,
+                   [this, term = (ofAirport ? "at=" : "ac:") + code] { m_explorer.open(term); });
 }
 
 void Actions::addTexts(QMenu& menu, ListBox& list) {

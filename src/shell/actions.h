@@ -17,6 +17,7 @@ namespace vantor {
 
 class ComboBox;
 class CommandRunner;
+class ExplorerWindow;
 class ListBox;
 class Lists;
 class StatusLine;
@@ -29,7 +30,7 @@ class Actions {
   public:
     /// Makes keys and menus. All of these must outlive the actions.
     Actions(QWidget& window, WindowBoxes& boxes, CommandRunner& runner, Lists& lists, ViewCommands& views,
-            UndoCommands& undo, StatusLine& status);
+            UndoCommands& undo, ExplorerWindow& explorer, StatusLine& status);
 
   private:
     /// What a key does, in the whole window or while a control has the focus. A button is pressed, if it can be.
@@ -51,7 +52,7 @@ class Actions {
     static void offerOverList(QMenu& menu, ComboBox& box, int row, const QPoint& place);
     /// Entries that press buttons; their data is true.
     static void addButtons(QMenu& menu, const std::vector<QAbstractButton*>& buttons);
-    /// Of an aircraft, or else of an airport with its map; nothing for neither.
+    /// Of an aircraft, or else of an airport with its map, and both in the explorer; nothing for neither.
     void addFlights(QMenu& menu, std::string_view aircraftCode, std::string_view airportCode);
     static void addTexts(QMenu& menu, ListBox& list);
 
@@ -61,6 +62,7 @@ class Actions {
     Lists& m_lists;
     ViewCommands& m_views;
     UndoCommands& m_undo;
+    ExplorerWindow& m_explorer;
     StatusLine& m_status;
     std::unique_ptr<QObject> m_everywhere; // keys of all windows; the watch over the focus ends with it
     bool m_airportLast = false;            // which of the two boxes had the focus last, for Find

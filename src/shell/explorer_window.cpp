@@ -54,10 +54,7 @@ std::string countedSchedules(const std::vector<std::int32_t>& recnums) {
 
 ExplorerWindow::ExplorerWindow(QWidget& window, const Controls& ui, Workspace& workspace, CommandRunner& runner,
                                Lists& lists, UndoCommands& undo)
-    : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_undo(undo) {
-    auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), &window);
-    QObject::connect(shortcut, &QShortcut::activated, &window, [this] { open(); });
-}
+    : m_window(window), m_ui(ui), m_workspace(workspace), m_runner(runner), m_lists(lists), m_undo(undo) {}
 
 ExplorerWindow::~ExplorerWindow() = default;
 

@@ -23,7 +23,7 @@ class Lists;
 class UndoCommands;
 struct Workspace;
 
-/// Ctrl+T opens it. Its commands are those of the main window, for the rows that are selected in it.
+/// Its commands are those of the main window, for the rows that are selected in it.
 class ExplorerWindow {
   public:
     /// What they read, fill and press in the window.

@@ -60,7 +60,8 @@ frmMain::frmMain(QWidget* parent)
             return std::string();
         });
     });
-    m_actions = std::make_unique<Actions>(*this, *m_boxes, m_runner, *m_lists, *m_views, *m_undo, *m_status);
+    m_actions =
+        std::make_unique<Actions>(*this, *m_boxes, m_runner, *m_lists, *m_views, *m_undo, *m_explorer, *m_status);
     connectStatus();
     m_offer = new RescueOffer(this);
     ui->layMain->insertWidget(ui->layMain->indexOf(m_status), m_offer);
@@ -126,6 +127,7 @@ void frmMain::connectStatus() {
         m_status->showRows(*m_boxes->schedules.List1);
         m_explorer->commandEnded();
     };
+    connect(m_status, &StatusLine::explorerWanted, this, [this] { m_explorer->open(); });
     connect(m_boxes->schedules.List1, &ListBox::rowClicked, m_status,
             [this] { m_status->showRows(*m_boxes->schedules.List1); });
 }

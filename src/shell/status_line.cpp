@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPalette>
+#include <QToolButton>
 
 namespace vantor {
 
@@ -74,6 +75,14 @@ StatusLine::StatusLine(QWidget* parent)
     m_offset->setToolTip(QStringLiteral(
         "Times are shown with this offset. Set it to 00:00 before you open the schedule editor (see the manual, F1)"));
     colourWarnings();
+    m_explorer = new QToolButton(this);
+    m_explorer->setObjectName(QStringLiteral("cmdExplorer"));
+    m_explorer->setText(QStringLiteral("Explorer"));
+    m_explorer->setToolTip(QStringLiteral("All flights in one table, on a map, and checked (Ctrl+T)"));
+    m_explorer->setFocusPolicy(Qt::NoFocus); // it has its key, and Tab stays in the groups
+    row->addSpacing(12);
+    row->addWidget(m_explorer);
+    connect(m_explorer, &QToolButton::clicked, this, &StatusLine::explorerWanted);
 }
 
 void StatusLine::tell(const std::string& text) {
@@ -172,7 +181,8 @@ void StatusLine::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void StatusLine::makeRoom() {
-    int needed = m_happened->minimumSizeHint().width() + (m_bar->isHidden() ? 0 : m_bar->width());
+    int needed = m_happened->minimumSizeHint().width() + (m_bar->isHidden() ? 0 : m_bar->width()) +
+                 m_explorer->sizeHint().width() + 12;
     for (QLabel* const label : findChildren<QLabel*>()) {
         if (label != m_happened) {
             label->setVisible(!label->text().isEmpty());

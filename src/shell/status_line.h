@@ -1,5 +1,6 @@
 // Shell: the main window, its dialogs and the settings of the application.
-// The line at the window's foot: what happened last, and what is loaded, shown and not saved yet.
+// The line at the window's foot: what happened last, what is loaded, shown and not saved yet, and the explorer's
+// button.
 #pragma once
 
 #include <QWidget>
@@ -9,6 +10,7 @@
 #include <vector>
 
 class QLabel;
+class QToolButton;
 
 namespace vantor {
 
@@ -54,6 +56,10 @@ class StatusLine : public QWidget {
     /// Narrower windows than all of it show less.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+  Q_SIGNALS:
+    /// The explorer's button was pressed.
+    void explorerWanted();
+
   protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -71,6 +77,7 @@ class StatusLine : public QWidget {
     QLabel* m_mode;
     QLabel* m_unsaved;
     QLabel* m_offset;
+    QToolButton* m_explorer;
     std::vector<QLabel*> m_leastWantedFirst;
     bool m_fault = false;
 };

@@ -211,16 +211,18 @@ TEST_F(StatusAndActions, FlightPlansAreDroppedAndPickedAmongTheLatest) {
 TEST_F(StatusAndActions, ContextMenusOfferWhatTheButtonsDo) {
     press("cmdListall");
     EXPECT_EQ(menuOf("List1", QStringLiteral("Select all")),
-              "[Undo]|[Redo]|Add|[Edit]|[Copy]|[Delete]|[Swap Aircraft]|Flights of AC#1|Copy text|Select all|");
+              "[Undo]|[Redo]|Add|[Edit]|[Copy]|[Delete]|[Swap Aircraft]|Flights of AC#1|Flights of AC#1 in the "
+              "explorer|Copy text|Select all|");
     EXPECT_EQ(seen(), "[1] (2) (3) (4) (.)|[1001] 1002|--++++") << "a click as the user's";
     act("List1:1");
     EXPECT_EQ(menuOf("List2", QStringLiteral("Flights of EGSS")),
-              "[Undo]|[Redo]|Edit|Delete|[Print]|Flights of LFPG|Map of LFPG|Flights of EGSS|Map of EGSS|"
+              "[Undo]|[Redo]|Edit|Delete|[Print]|Flights of LFPG|Map of LFPG|Flights of LFPG in the explorer|Flights "
+              "of EGSS|Map of EGSS|Flights of EGSS in the explorer|"
               "Copy text|Select all|");
     EXPECT_EQ(seen(), "[2] .||----++");
     act("List1:0");
-    EXPECT_EQ(menuOf("List1", QStringLiteral("&Delete")),
-              "[Undo]|[Redo]|Add|Edit|Copy|Delete|Swap Aircraft|Flights of AC#2|Copy text|Select all|");
+    EXPECT_EQ(menuOf("List1", QStringLiteral("&Delete")), "[Undo]|[Redo]|Add|Edit|Copy|Delete|Swap Aircraft|Flights of "
+                                                          "AC#2|Flights of AC#2 in the explorer|Copy text|Select all|");
     EXPECT_TRUE(
         menuOf("List3", QStringLiteral("Undo Delete 1 schedule")).starts_with("Undo Delete 1 schedule|[Redo]|"));
     EXPECT_FALSE(schedules.peek(2).deleted);
@@ -237,6 +239,12 @@ TEST_F(StatusAndActions, ContextMenusOfferWhatTheButtonsDo) {
         << "the row leads to no leg";
     press("cmdDeleteSchedule");
     EXPECT_NE(menuOf("List1", QStringLiteral("-")).find("|Flights of AC#2|"), std::string::npos);
+    (void)menuOf("List1", QStringLiteral("Flights of AC#2 in the explorer"));
+    QWidget* const explorer = QApplication::activeWindow();
+    EXPECT_EQ(fromQString(control<QLineEdit>(*explorer, "txtFilter").text()), "ac:AC#2");
+    explorer->close();
+    press("cmdExplorer");
+    EXPECT_TRUE(explorer->isVisible());
 }
 
 } // namespace
