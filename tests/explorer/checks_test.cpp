@@ -1,9 +1,18 @@
 // Explorer: what the checks find.
+#include "core/aircraft_file.h"
+#include "core/aircraft_table.h"
+#include "core/airports_file.h"
+#include "core/flightplans_reader.h"
+#include "core/tables.h"
 #include "explorer/checks.h"
+#include "simulator/fs_aircraft.h"
+#include "simulator/missing_aircraft.h"
 #include "support/test.h"
 #include "support/traffic.h"
 
+#include <filesystem>
 #include <functional>
+#include <set>
 
 namespace vantor::test {
 namespace {
@@ -145,6 +154,47 @@ TEST_F(ChecksTest, SchedulesAreHeldAgainstEachOther) {
               "Equal but for the call sign (1)\r\n  4  AC#1 N2  Flies the same as schedule 1 (AC#1 n1)\r\n\r\n"
               "Schedule without legs (2)\r\n  5  AC#1 N3  It has no legs\r\n"
               "  Lines of the file without a leg, not loaded: 1\r\n");
+}
+
+// What is found in the demo, a line for each kind: call signs with the number of the leg, aircraft that are missing.
+std::string foundInDemo() {
+    const Checks checks = checked(15);
+    std::string text;
+    for (std::size_t i = 0; i < checkKinds; ++i) {
+        const auto kind = static_cast<CheckKind>(i);
+        std::set<std::string> places;
+        for (const CheckFinding& finding : checks.of(kind)) {
+            const LegId id = legAt(finding.where);
+            const ScheduleRec* const schedule = scheduleOf(finding.where); // none for lines that were not loaded
+            const std::string sign(schedule == nullptr ? "-" : schedule->tailnumber.text());
+            const std::string leg = id.leg == 0 ? "" : "." + std::to_string(id.leg);
+            places.emplace(kind == MissingAircraft ? schedule->acnum.text() : sign + leg);
+        }
+        for (const std::string& place : places) {
+            text += place + " ";
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+TEST_F(ChecksTest, DemoHasTheFaultsThatItTells) {
+    std::filesystem::copy(VANTOR_DEMO, folder(), std::filesystem::copy_options::recursive);
+    for (const bool old : {true, false}) {
+        const std::string ending = old ? ".txt" : "030528.txt";
+        fsaircraftpath = path(old ? "FS2002\\Aircraft\\" : "FS2004\\Aircraft\\");
+        LoadAircraft(path("TrafficTools\\Aircraft" + ending), nullptr);
+        SortAircraft();
+        LoadAirports(path("TrafficTools\\Airports" + ending), nullptr);
+        LoadSched(nullptr, path("TrafficTools\\Flightplans" + ending));
+        LoadFSAircraft(nullptr);
+        EXPECT_EQ(checkmissing().size(), 5U);
+        EXPECT_EQ(foundInDemo(),
+                  std::string(old ? "F-GGXB G-HQVT N842SL \nAC#64 AC#78 AC#90 AC#91 AC#92 \n\n"
+                                  : "F-GVWT G-HKLA N930SL \nAC#26 AC#71 AC#85 AC#86 AC#87 \nG-SOAA.1 \n") +
+                      "\nG-SOBB.1 \nG-SOCC.1 \nG-SODD.1 \nG-SOEE.2 \nG-SOFF.2 \nG-SOGG \nG-SOHH \n"
+                      "G-SOJJ \nG-SOKK \nG-SOLL.1 \nG-SOMM \nG-SONN.1 \n- \n\n");
+    }
 }
 
 } // namespace
