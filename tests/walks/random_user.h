@@ -16,6 +16,8 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QTabWidget>
+#include <QTableView>
 
 #include <algorithm>
 #include <deque>
@@ -35,18 +37,19 @@ inline const std::map<std::string, int> weights = {
     {"cmdEditLeg", 40},       {"List1", 60},          {"List2", 60},          {"cmdEditSchedule", 80}};
 
 /// What makes sense in a box, and nearly does, parted by bars. Boxes of other names get airports.
-inline const std::map<std::string, std::string> sensibleTexts = {{"txtNewFL", "230|-5|0|100.5|99999|1E400"},
-                                                                 {"txtATCPercent", "1|100|50|0.4|100.4|-3|101"},
-                                                                 {"txtATCAircraft", "AC#1|ac#2|AC#12|AC#99|AC"},
-                                                                 {"txtSplitACSource", "AC#1|ac#2|AC#3 - x|AC#7 "},
-                                                                 {"cmbAC", "AC#1|ac#2|AC#3 - x|AC#12|AC#99"},
-                                                                 {"txtPercent", "5|100|1000|-1"},
-                                                                 {"txtTime", "10:00|23:44|12:34:56| 6:30 |25:00|9"},
-                                                                 {"txtETA", "10:00|0:00|23:59:59|25:00|"},
-                                                                 {"txtAltitude", "350|-10|99999|12.5|0"},
-                                                                 {"txtFilter", "type|7|AC#1|zz"},
-                                                                 {"txtGMTHour", "00|+2|-5|12|13|-12"},
-                                                                 {"txtGMTMin", "00|30|5|60|-1"}};
+inline const std::map<std::string, std::string> sensibleTexts = {
+    {"txtNewFL", "230|-5|0|100.5|99999|1E400"},
+    {"txtATCPercent", "1|100|50|0.4|100.4|-3|101"},
+    {"txtATCAircraft", "AC#1|ac#2|AC#12|AC#99|AC"},
+    {"txtSplitACSource", "AC#1|ac#2|AC#3 - x|AC#7 "},
+    {"cmbAC", "AC#1|ac#2|AC#3 - x|AC#12|AC#99"},
+    {"txtPercent", "5|100|1000|-1"},
+    {"txtTime", "10:00|23:44|12:34:56| 6:30 |25:00|9"},
+    {"txtETA", "10:00|0:00|23:59:59|25:00|"},
+    {"txtAltitude", "350|-10|99999|12.5|0"},
+    {"txtFilter", "type|7|AC#1|zz|at:AAAA -is:deleted|dep>12"},
+    {"txtGMTHour", "00|+2|-5|12|13|-12"},
+    {"txtGMTMin", "00|30|5|60|-1"}};
 inline const std::string airportTexts = "AAAA|aaab|AAAC|AAAD |AAAE - Airport 4|ZZZZ|AAA*|A*|";
 /// What nobody expects in any box. Two lines, with letters that the code page lacks, are pasted with each.
 inline const std::string oddTexts = "| |*|-|//|;|a,b|@TNG|%s%n|\xE9\xFC\xDF|\t|\"|1,2;3//|&File|-0-|1e9|0x1F|"
@@ -98,8 +101,11 @@ class RandomUser {
         } else if (auto* const files = qobject_cast<QFileDialog*>(&dialog)) {
             const bool folders = files->fileMode() == QFileDialog::Directory;
             auto& name = control<QLineEdit>(dialog, "fileNameEdit");
-            name.setText(
-                toQString(oneOf(split(folders ? "FS|FS/weather" : "Flightplans.txt|Flightplans030528.txt|none", "|"))));
+            const bool save = files->acceptMode() == QFileDialog::AcceptSave;
+            name.setText(toQString(oneOf(split(folders ? "FS|FS/weather"
+                                               : save  ? "list.csv|map.png|map.svg|FS"
+                                                       : "Flightplans.txt|Flightplans030528.txt|none",
+                                               "|"))));
             pressKey(name, below(3) == 0 ? Qt::Key_Escape : Qt::Key_Return);
         } else if (dialog.objectName() == QLatin1String("printDialog")) {
             pressKey(dialog, below(2) == 0 ? Qt::Key_Return : Qt::Key_Escape);
@@ -138,7 +144,11 @@ class RandomUser {
             }
         } else if (qobject_cast<QLineEdit*>(&target) != nullptr) {
             paste(target);
-        } else if (qobject_cast<PictureBox*>(&target) != nullptr) {
+        } else if (auto* const table = qobject_cast<QTableView*>(&target)) {
+            useTable(*table);
+        } else if (auto* const pages = qobject_cast<QTabWidget*>(&target)) {
+            pages->setCurrentIndex(below(pages->count()));
+        } else if (qobject_cast<PictureBox*>(&target) != nullptr || target.objectName() == QLatin1String("map")) {
             QTest::mousePress(&target, Qt::LeftButton, Qt::NoModifier, placeIn(target));
             QTest::mouseMove(&target, placeIn(target));
             QTest::mouseRelease(&target, Qt::LeftButton, Qt::NoModifier, placeIn(target));
@@ -183,6 +193,14 @@ class RandomUser {
         if (what == 6) {
             QTest::mouseDClick(list.viewport(), Qt::LeftButton, modifiers, point);
         }
+    }
+    void useTable(QTableView& table) {
+        static const std::vector keys = {Qt::Key_A, Qt::Key_C, Qt::Key_Delete, Qt::Key_Return, Qt::Key_End};
+        table.selectRow(below(table.model()->rowCount() + 1));
+        table.setFocus();
+        const Qt::Key key = oneOf(keys);
+        history.back() += " key " + std::to_string(key);
+        pressKey(table, key, key == Qt::Key_A || key == Qt::Key_C ? Qt::ControlModifier : Qt::NoModifier);
     }
     void useWindow(QWidget& window) {
         static const std::vector keys = {QKeyCombination(Qt::Key_Tab), QKeyCombination(Qt::Key_Escape),

@@ -146,14 +146,14 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
     }
 
     void takeStep() {
-        m_form->activateWindow();
         const Traffic before = trafficNow();
         const std::int64_t stateBefore = journal().state();
         const bool flagBefore = m_form->workspace().unsavedchanges;
         clock.advance(0.2);
         const std::vector<QWidget*> windows = openWindows();
-        const std::string did =
-            m_user.act(*windows[static_cast<std::size_t>(m_user.below(static_cast<int>(windows.size())))]);
+        QWidget& window = *windows[static_cast<std::size_t>(m_user.below(static_cast<int>(windows.size())))];
+        window.activateWindow();
+        const std::string did = m_user.act(window);
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         if (m_form->ended()) {

@@ -12,9 +12,11 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QPushButton>
+#include <QTableView>
 #include <QWindow>
 #include <qpa/qwindowsysteminterface.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -37,8 +39,15 @@ class ReentryTest : public MainWindowFixture, public testing::WithParamInterface
         press("cmdListall");
         clickRow(list("List1"), 1);
         clickRow(list("List3"), 0);
-        for (auto* const button : form().findChildren<QAbstractButton*>()) {
-            QObject::connect(button, &QAbstractButton::clicked, button, [this] { ++clicks; });
+        press("cmdExplorer");
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        explorer = *std::ranges::find(windows, QStringLiteral("frmExplorer"), &QObject::objectName);
+        control<QTableView>(*explorer, "tblFlights").selectRow(0);
+        form().activateWindow();
+        for (QWidget* const window : {static_cast<QWidget*>(&form()), explorer}) {
+            for (auto* const button : window->findChildren<QAbstractButton*>()) {
+                QObject::connect(button, &QAbstractButton::clicked, button, [this] { ++clicks; });
+            }
         }
         if (std::string_view(GetParam()) == "cmdDeleteByICAO") {
             press("optDelByIcao");
@@ -108,6 +117,7 @@ class ReentryTest : public MainWindowFixture, public testing::WithParamInterface
              {"cmdReload", "cmdListall", "cmdCopy", "cmdDeleteSchedule", "cmdSaveFlights", "optFS2k4"}) {
             clickOn(control<QWidget>(form(), button))();
         }
+        clickOn(control<QWidget>(*explorer, "cmdDelete"))();
         for (const Qt::Key key : {Qt::Key_F5, Qt::Key_Delete, Qt::Key_A}) {
             queueKey(form(), key);
         }
@@ -116,6 +126,7 @@ class ReentryTest : public MainWindowFixture, public testing::WithParamInterface
 
     BusyUserHost host;
     std::function<void(QAbstractButton&)> answerButton = [](QAbstractButton& button) { click(button); };
+    QWidget* explorer = nullptr; // beside the window, with a row selected
     int clicks = 0;
     int pumps = 0; // of the undisturbed run
 };
@@ -184,9 +195,11 @@ TEST_P(DialogReentry, TheWindowBehindIsOutOfReach) {
 TEST_P(DialogReentry, AClickBehindTheAnswerStartsNothingInside) {
     const Outcome expected = undisturbed();
     const auto copy = clickOn(control<QWidget>(form(), "cmdCopy"));
+    const auto copyInExplorer = clickOn(control<QWidget>(*explorer, "cmdCopy"));
     answerButton = [&](const QAbstractButton& button) {
         clickOn(button)();
         copy();
+        copyInExplorer();
         QCoreApplication::processEvents();
     };
     run();
