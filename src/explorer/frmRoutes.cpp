@@ -39,16 +39,19 @@ Error printerError() {
 
 frmRoutes::frmRoutes(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::frmRoutes>()) {
     m_ui->setupUi(this);
+    setFocusProxy(m_ui->map);
     m_counting.setInterval(0);
     connect(&m_counting, &QTimer::timeout, this, &frmRoutes::goOn);
     connect(m_ui->cmbColour, &QComboBox::currentIndexChanged, this, &frmRoutes::cmbColour_Change);
+    connect(m_ui->chkLegend, &QCheckBox::toggled, m_ui->map, &RoutesMap::showLegend);
     connect(m_ui->cmdZoomIn, &QPushButton::clicked, m_ui->map, [this] { m_ui->map->zoom(2); });
     connect(m_ui->cmdZoomOut, &QPushButton::clicked, m_ui->map, [this] { m_ui->map->zoom(0.5); });
     connect(m_ui->cmdShowAll, &QPushButton::clicked, m_ui->map, &RoutesMap::showAll);
     connect(m_ui->cmdSavePicture, &QPushButton::clicked, this, &frmRoutes::cmdSavePicture_Click);
     connect(m_ui->cmdPrint, &QPushButton::clicked, this, &frmRoutes::cmdPrint_Click);
+    connect(m_ui->map, &RoutesMap::scaleChanged, this, &frmRoutes::showSummary);
     connect(m_ui->map, &RoutesMap::airportTaken, this,
-            [this](const QString& code) { Q_EMIT filterWanted(QStringLiteral("at:") + code); });
+            [this](const QString& code) { Q_EMIT filterWanted(QStringLiteral("at=") + code); });
 }
 
 frmRoutes::~frmRoutes() = default;
@@ -103,8 +106,13 @@ void frmRoutes::countOn(const std::function<bool()>& enough) {
         m_tally.reset();
     }
     if (m_scene && m_scene->build(enough)) {
-        const QString summary = toQString(m_scene->summary());
         m_ui->map->setScene(std::move(m_scene));
+    }
+}
+
+void frmRoutes::showSummary() {
+    if (isCounted()) {
+        const QString summary = toQString(m_ui->map->scene().summary(m_ui->map->view().scale));
         m_ui->lblSummary->setText(summary);
         m_ui->map->setAccessibleDescription(summary);
     }

@@ -46,7 +46,7 @@ class frmRoutes : public QWidget {
     void print(QPrinter& printer) const;
 
   Q_SIGNALS:
-    /// The user wants this filter, as in "at:EGLL".
+    /// The user wants this filter, as in "at=EGLL".
     void filterWanted(const QString& filter);
 
   protected:
@@ -55,6 +55,7 @@ class frmRoutes : public QWidget {
   private:
     void goOn() noexcept;
     void countOn(const std::function<bool()>& enough);
+    void showSummary();
     void cmbColour_Change(int row) noexcept;
     void cmdSavePicture_Click() noexcept;
     void cmdPrint_Click() noexcept;

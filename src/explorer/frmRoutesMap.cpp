@@ -60,6 +60,7 @@ void RoutesMap::setScene(std::unique_ptr<RoutesScene> scene) {
         m_everShown = true;
         showAll();
     }
+    Q_EMIT scaleChanged();
 }
 
 void RoutesMap::setColouring(RouteColouring colouring) {
@@ -68,6 +69,11 @@ void RoutesMap::setColouring(RouteColouring colouring) {
         m_scene->colourBy(colouring);
         refreshTiles();
     }
+}
+
+void RoutesMap::showLegend(bool shown) {
+    m_legend = shown;
+    update();
 }
 
 void RoutesMap::refreshTiles() {
@@ -96,9 +102,13 @@ void RoutesMap::setView(const MapView& view) {
     if (view.scale != m_view.scale) {
         keepWindow();
     }
+    const bool scaled = view.scale != m_view.scale;
     m_view = view;
     m_complete = false;
     update();
+    if (scaled) {
+        Q_EMIT scaleChanged();
+    }
 }
 
 void RoutesMap::zoom(double factor) {
@@ -125,7 +135,7 @@ void RoutesMap::paintPage(QPainter& painter, QSizeF page) const {
     const std::vector<MapLabel> labels = labelsOf(*m_scene, surface, view.scale);
     const MapContent content{*m_scene, mapColours(false), labels};
     MapDrawing(content, view).finish(surface);
-    drawLegend(surface, content, view);
+    paintLegend(surface, content, view);
     painter.restore();
 }
 
@@ -138,8 +148,8 @@ std::string RoutesMap::svg() const {
     const std::vector<MapLabel> labels = labelsOf(*m_scene, surface, m_view.scale);
     const MapContent content{*m_scene, mapColours(false), labels};
     MapDrawing(content, m_view).finish(surface);
-    drawLegend(surface, content, m_view);
-    return surface.file(m_scene->summary());
+    paintLegend(surface, content, m_view);
+    return surface.file(m_scene->summary(m_view.scale));
 }
 
 bool RoutesMap::event(QEvent* event) {
@@ -191,12 +201,18 @@ void RoutesMap::paintOverlay(QPainter& painter) {
     if (m_target.airport) {
         drawRing(surface, content, m_view, *m_target.airport);
     }
-    drawLegend(surface, content, m_view);
+    paintLegend(surface, content, m_view);
     if (hasFocus()) {
         constexpr double frame = 2;
         painter.setPen(QPen(palette().color(QPalette::Highlight), frame));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(QRectF(rect()).adjusted(frame / 2, frame / 2, -frame / 2, -frame / 2));
+    }
+}
+
+void RoutesMap::paintLegend(MapSurface& surface, const MapContent& content, const MapView& view) const {
+    if (m_legend) {
+        drawLegend(surface, content, view);
     }
 }
 
@@ -327,7 +343,7 @@ RoutesMap::Target RoutesMap::targetAt(QPointF place) const {
     Target target;
     target.airport = m_scene->airportAt(at, airportReach / m_view.scale);
     if (!target.airport) {
-        target.route = m_scene->routeAt(at, routeReach / m_view.scale);
+        target.route = m_scene->routeAt(at, routeReach / m_view.scale, m_scene->routesAt(m_view.scale));
     }
     return target;
 }

@@ -26,6 +26,8 @@ class RoutesMap : public QWidget {
     /// scene with any airport.
     void setScene(std::unique_ptr<RoutesScene> scene);
     void setColouring(RouteColouring colouring);
+    /// Shows the legend, or leaves it out, also of pictures and prints.
+    void showLegend(bool shown);
     [[nodiscard]] const RoutesScene& scene() const noexcept { return *m_scene; }
     [[nodiscard]] const MapView& view() const noexcept { return m_view; }
 
@@ -46,6 +48,8 @@ class RoutesMap : public QWidget {
   Q_SIGNALS:
     /// An airport was clicked, or taken by Enter.
     void airportTaken(const QString& code);
+    /// Another scale is shown, or another scene.
+    void scaleChanged();
 
   protected:
     bool event(QEvent* event) override;
@@ -79,6 +83,7 @@ class RoutesMap : public QWidget {
     void takeAirport(std::size_t airport);
     [[nodiscard]] FlatPoint windowPlace(std::size_t airport) const;
     void paintOverlay(QPainter& painter);
+    void paintLegend(MapSurface& surface, const MapContent& content, const MapView& view) const;
     void goOnPainting();
 
     std::unique_ptr<RoutesScene> m_scene;
@@ -91,6 +96,7 @@ class RoutesMap : public QWidget {
     bool m_dragging = false;
     bool m_complete = false; // the window showed all there is
     bool m_everShown = false;
+    bool m_legend = true;
 };
 
 } // namespace vantor

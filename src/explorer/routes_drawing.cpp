@@ -109,7 +109,7 @@ std::vector<MapLabel> labelsOf(const RoutesScene& scene, const MapSurface& surfa
 }
 
 MapDrawing::MapDrawing(const MapContent& content, const MapView& part)
-    : m_content(content), m_part(part), m_box(part.box()) {}
+    : m_content(content), m_part(part), m_box(part.box()), m_routes(content.scene.routesAt(part.scale)) {}
 
 bool MapDrawing::goOn(MapSurface& surface, const std::function<bool()>& enough) {
     constexpr std::size_t itemsBetween = 32; // a few tenths of a millisecond
@@ -134,7 +134,7 @@ void MapDrawing::finish(MapSurface& surface) {
 std::size_t MapDrawing::layerSize() const noexcept {
     switch (m_layer) {
     case Layer::Routes:
-        return m_content.scene.network().routes.size();
+        return m_routes;
     case Layer::Airports:
         return m_content.scene.places().size();
     case Layer::Labels:
@@ -250,7 +250,7 @@ void MapDrawing::drawRoute(MapSurface& surface, std::size_t route) {
     }
     const RouteLooks looks = m_content.scene.looks(route);
     MapPen pen = penOf(m_content, looks);
-    pen.opacity = opacityFor(m_content.scene.network().routes.size());
+    pen.opacity = opacityFor(m_routes);
     forEachCopy(bounds.left, bounds.right, box, [&](double copy) {
         m_content.scene.line(route, m_part.scale, m_line);
         toWindow(m_part, copy, m_line);

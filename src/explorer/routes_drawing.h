@@ -51,6 +51,7 @@ class MapDrawing {
     MapContent m_content;
     MapView m_part;
     FlatBox m_box;
+    std::size_t m_routes; // that are drawn at this scale
     Layer m_layer = Layer::Sea;
     std::size_t m_next = 0;        // item of the layer
     std::vector<FlatPoint> m_line; // kept for its room

@@ -60,11 +60,12 @@ FlatBox movedTo(const FlatBox& box, FlatPoint place) {
 std::vector<MapLabel> placeLabels(std::span<const FlatPoint> places, std::span<const LabelSize> sizes, double height,
                                   double scale) {
     constexpr double gap = 2;
+    double room = scale * scale * 2 * halfWorldHeight / 10;
     std::vector<MapLabel> labels;
     TakenBoxes taken(2 * height, scale);
     for (std::size_t i = 0; i < places.size(); ++i) {
         const auto [width, radius] = sizes[i];
-        if (width <= 0) {
+        if (width <= 0 || room < 0) {
             continue;
         }
         const double away = radius + gap;
@@ -77,6 +78,7 @@ std::vector<MapLabel> placeLabels(std::span<const FlatPoint> places, std::span<c
             std::ranges::find_if(sides, [&](const FlatBox& box) { return taken.isFree(movedTo(box, pixel)); });
         if (side != sides.end()) {
             labels.push_back({i, *side});
+            room -= width * height;
             taken.take(movedTo(*side, pixel));
             taken.take({pixel.x - radius, pixel.y - radius, pixel.x + radius, pixel.y + radius});
         }

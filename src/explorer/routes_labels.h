@@ -23,7 +23,8 @@ struct MapLabel {
 };
 
 /// The labels of a world of `scale` pixels. Places stand in the order of their importance; each takes the first side of
-/// its dot (right, left, above, below) where no more important label or labelled dot stands, and none if there is none.
+/// its dot (right, left, above, below) where no more important label or labelled dot stands, and none if there is none,
+/// nor when those that are placed fill a tenth of the world.
 /// The choice is the same for every part of the world, so that labels stay while it is dragged.
 [[nodiscard]] std::vector<MapLabel> placeLabels(std::span<const FlatPoint> places, std::span<const LabelSize> sizes,
                                                 double height, double scale);

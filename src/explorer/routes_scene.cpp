@@ -2,6 +2,7 @@
 
 #include "core/codes.h"
 #include "core/great_circle.h"
+#include "explorer/routes_clip.h"
 #include "foundation/numbers.h"
 
 #include <algorithm>
@@ -21,6 +22,10 @@ constexpr std::uint8_t westbound = 2;
 constexpr std::uint8_t otherTypes = routeColours - 1;
 
 constexpr double pieceDegrees = 2;
+
+// The share of the map that lines may cover, laid side by side, and how many there are in any case.
+constexpr double mostInk = 0.5;
+constexpr std::size_t leastRoutes = 500;
 
 double squareToPiece(FlatPoint p, FlatPoint a, FlatPoint b) {
     const double dx = b.x - a.x;
@@ -87,11 +92,16 @@ bool RoutesScene::build(const std::function<bool()>& enough) {
 
 void RoutesScene::addLine(const Route& route) {
     FlatBox box{2, 2, -2, -2};
-    for (const FlatPoint& at :
-         greatCircle(m_network.airports[route.first].place, m_network.airports[route.second].place, pieceDegrees)) {
+    const std::vector<FlatPoint> line =
+        greatCircle(m_network.airports[route.first].place, m_network.airports[route.second].place, pieceDegrees);
+    double length = 0;
+    for (const FlatPoint& at : line) {
+        length += lengthOf(at, &at == &line.front() ? at : *(&at - 1));
         m_points.push_back({static_cast<float>(at.x), static_cast<float>(at.y)});
         box.add(at);
     }
+    const double ink = length * routeWidths.at(widthFor(route.flights())).pixels;
+    m_ink.push_back((m_ink.empty() ? 0.0F : m_ink.back()) + static_cast<float>(ink));
     m_starts.push_back(static_cast<std::uint32_t>(m_points.size()));
     m_boxes.push_back(box);
 }
@@ -200,14 +210,21 @@ double RoutesScene::squareDistance(std::size_t route, FlatPoint place) const {
     return least;
 }
 
-std::optional<std::size_t> RoutesScene::routeAt(FlatPoint place, double reach) const {
+std::size_t RoutesScene::routesAt(double scale) const {
+    // The world is `scale` pixels wide, so that a line's pixels grow with it, and the room with its square.
+    const auto room = static_cast<float>(mostInk * 2 * halfWorldHeight * scale);
+    const auto fit = static_cast<std::size_t>(std::ranges::upper_bound(m_ink, room) - m_ink.begin());
+    return std::min(std::max(fit, leastRoutes), m_ink.size());
+}
+
+std::optional<std::size_t> RoutesScene::routeAt(FlatPoint place, double reach, std::size_t routes) const {
     std::optional<std::size_t> nearest;
     double least = reach * reach;
     const double x = place.x - std::floor(place.x);
     // A line begins in the world from 0 to 1 and may run on into a neighbour.
     for (const double copy : {x - 1, x, x + 1}) {
         const FlatPoint at{copy, place.y};
-        for (std::size_t route = 0; route < m_boxes.size(); ++route) {
+        for (std::size_t route = 0; route < std::min(routes, m_boxes.size()); ++route) {
             if (!m_boxes[route].grown(reach).holds(at)) {
                 continue;
             }
@@ -253,13 +270,14 @@ std::string RoutesScene::routeText(std::size_t index) const {
     return text;
 }
 
-std::string RoutesScene::summary() const {
+std::string RoutesScene::summary(double scale) const {
     const auto known = static_cast<double>(std::ranges::count_if(m_network.airports, &RouteAirport::known));
     std::string text = withNoun(static_cast<double>(m_network.routeCount), "route", "routes") + ", " +
                        withNoun(known, "airport", "airports") + ", " +
                        withNoun(m_network.flights, "flight", "flights") + " a week";
-    if (m_network.routeCount > m_network.routes.size()) {
-        text += "; the busiest " + flightsText(static_cast<double>(m_network.routes.size())) + " routes are drawn";
+    if (const std::size_t drawn = routesAt(scale); drawn < m_network.routeCount) {
+        text += "; the busiest " + flightsText(static_cast<double>(drawn)) + " are drawn";
+        text += drawn < m_network.routes.size() ? ", more as you zoom in" : "";
     }
     if (m_network.unplaced > 0) {
         text += "; " + withNoun(m_network.unplaced, "flight", "flights") + " to airports without a place";

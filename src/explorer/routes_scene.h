@@ -68,18 +68,21 @@ class RoutesScene {
     /// What colours and widths occur, and what they mean.
     [[nodiscard]] std::vector<LegendRow> legend() const;
 
+    /// How many routes, the busiest first, a world of `scale` pixels has room for: more would cover each other.
+    [[nodiscard]] std::size_t routesAt(double scale) const;
+
     /// The airport nearest to a place on the flat map, of those within `reach` (a width of the flat map); of equals the
     /// most important one.
     [[nodiscard]] std::optional<std::size_t> airportAt(FlatPoint place, double reach) const;
-    /// The same for a route, by its line.
-    [[nodiscard]] std::optional<std::size_t> routeAt(FlatPoint place, double reach) const;
+    /// The same for one of the first `routes` routes, by its line.
+    [[nodiscard]] std::optional<std::size_t> routeAt(FlatPoint place, double reach, std::size_t routes) const;
 
     /// What is told of an airport, a line each: code and name, movements in a week, routes.
     [[nodiscard]] std::string airportText(std::size_t airport) const;
     /// What is told of a route: its airports, distance, flights of each direction in a week, the types that fly most.
     [[nodiscard]] std::string routeText(std::size_t route) const;
-    /// The network in one line: routes, airports, flights in a week, and what is not on the map.
-    [[nodiscard]] std::string summary() const;
+    /// The network in one line: routes, airports, flights in a week, and what a map of that scale does not show.
+    [[nodiscard]] std::string summary(double scale) const;
 
   private:
     struct SinglePoint {
@@ -99,6 +102,7 @@ class RoutesScene {
     std::vector<SinglePoint> m_points;      // of all lines, one behind the other
     std::vector<std::uint32_t> m_starts{0}; // where in them each line begins, and the end of the last
     std::vector<FlatBox> m_boxes;
+    std::vector<float> m_ink; // of each line and all ahead of it: length in widths of the world, times pixels of width
     std::vector<RouteLooks> m_looks;
 };
 

@@ -63,7 +63,7 @@ TEST_F(RoutesPageTest, TellsAndTakesWhatIsPointedAt) {
     }
     QTest::mouseClick(&map(), Qt::LeftButton, {}, QPoint(5, 5)); // the open sea
     EXPECT_EQ(wanted, QList<QVariantList>(
-                          {{QStringLiteral("at:EGLL")}, {QStringLiteral("at:KJFK")}, {QStringLiteral("at:LFPG")}}));
+                          {{QStringLiteral("at=EGLL")}, {QStringLiteral("at=KJFK")}, {QStringLiteral("at=LFPG")}}));
     EXPECT_TRUE(tipAt(placeOf(0)).contains(QStringLiteral("London &lt;Heathrow&gt;<br>14 departures and 7 arrivals")));
     std::vector<FlatPoint> line;
     map().scene().line(0, 1e9, line);
@@ -75,10 +75,10 @@ TEST_F(RoutesPageTest, TellsAndTakesWhatIsPointedAt) {
     pressKey(map(), Qt::Key_PageDown);
     EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("KJFK - New York")));
     pressKey(map(), Qt::Key_Return);
-    EXPECT_EQ(wanted.last(), QVariantList({QStringLiteral("at:KJFK")}));
+    EXPECT_EQ(wanted.last(), QVariantList({QStringLiteral("at=KJFK")}));
     pressKey(map(), Qt::Key_PageUp);
     pressKey(map(), Qt::Key_Enter);
-    EXPECT_EQ(wanted.last(), QVariantList({QStringLiteral("at:EGLL")}));
+    EXPECT_EQ(wanted.last(), QVariantList({QStringLiteral("at=EGLL")}));
 }
 
 TEST_F(RoutesPageTest, MovesByMouseAndKeys) {

@@ -74,9 +74,8 @@ TEST_F(RoutesTest, CountsFlightsInAWeek) {
     const RouteNetwork all = network(true, 1);
     EXPECT_EQ(textOf(all), "EGLL-PHNL 0/33.6 Twin & Co:33.6; ");
     const RoutesScene scene = sceneOf(all, RouteColouring::Direction);
-    EXPECT_EQ(scene.summary(),
-              "5 routes, 4 airports, 93.2 flights a week; the busiest 1 routes are drawn; 33.6 flights "
-              "to airports without a place");
+    EXPECT_EQ(scene.summary(1000), "5 routes, 4 airports, 93.2 flights a week; the busiest 1 are drawn; 33.6 flights "
+                                   "to airports without a place");
     RouteTally tally(false);
     EXPECT_EQ(errorOf([&] { tally.add({1, 9}); }), 9);
 }
@@ -98,8 +97,9 @@ TEST_F(RoutesTest, TellsWhatStandsUnderThePointer) {
 
     // On the meridian of 180 degrees the line from Auckland lies in the neighbour of its own world.
     const FlatPoint dateLine = project({-27.8, -180});
-    ASSERT_EQ(scene.routeAt(dateLine, 0.01), 1U);
-    EXPECT_EQ(scene.routeAt(dateLine, 0.000001), std::nullopt);
+    ASSERT_EQ(scene.routeAt(dateLine, 0.01, 9), 1U);
+    EXPECT_EQ(scene.routeAt(dateLine, 0.01, 1), std::nullopt) << "one that is not drawn";
+    EXPECT_EQ(scene.routeAt(dateLine, 0.000001, 9), std::nullopt);
     EXPECT_EQ(scene.routeText(1), "NZAA - PHNL, 3,824 NM\nNZAA to PHNL: 1 flight a week\nPHNL to NZAA: 1 flight a "
                                   "week\nJumbo: 2");
     const FlatPoint honolulu = project({21.3, -157.9 + 360});
@@ -109,6 +109,25 @@ TEST_F(RoutesTest, TellsWhatStandsUnderThePointer) {
 
     scene.colourBy(RouteColouring::AircraftType);
     EXPECT_EQ(legend(), "Jumbo; below 7 flights a week; 7 and more; ");
+}
+
+TEST_F(RoutesTest, DrawsTheBusiestThatThereIsRoomFor) {
+    const auto code = [](int i) { return "X" + std::to_string(100 + i); };
+    std::vector<LegRec> legs;
+    for (int i = 0; i < 40; ++i) {
+        addAirport(code(i), code(i), static_cast<float>(i), static_cast<float>(4 * i));
+        for (int j = 0; j < i; ++j) {
+            legs.push_back(makeLeg(code(i), code(j)));
+        }
+    }
+    addLegs(legs);
+    const RoutesScene scene = sceneOf(network(false, 1000), RouteColouring::Direction);
+    EXPECT_EQ(scene.routesAt(10), 500U);
+    EXPECT_TRUE(scene.summary(10).ends_with("; the busiest 500 are drawn, more as you zoom in"));
+    EXPECT_GT(scene.routesAt(500), 500U);
+    EXPECT_LT(scene.routesAt(500), 780U);
+    EXPECT_EQ(scene.routesAt(100000), 780U);
+    EXPECT_TRUE(scene.summary(100000).ends_with("flights a week"));
 }
 
 SvgFont testFont() {
