@@ -247,11 +247,13 @@ Filter::Filter(std::string_view text) {
     }
 }
 
-std::string narrowedFilter(std::string_view text, std::string_view term) {
+std::string narrowedFilter(std::string_view text, std::string_view terms) {
     std::string result(trim(text));
     const std::vector<std::string_view> present = pieces(text);
-    if (std::ranges::none_of(present, [&](std::string_view piece) { return equalNoCase(piece, term); })) {
-        result.append(result.empty() ? "" : " ").append(term);
+    for (const std::string_view term : pieces(terms)) {
+        if (std::ranges::none_of(present, [&](std::string_view piece) { return equalNoCase(piece, term); })) {
+            result.append(result.empty() ? "" : " ").append(term);
+        }
     }
     return result;
 }

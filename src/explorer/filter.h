@@ -86,8 +86,8 @@ class Filter {
     std::vector<FilterTerm> m_terms;
 };
 
-/// The text of a filter with one more term, as in "at=EGLL"; the same text when it has that term already.
-[[nodiscard]] std::string narrowedFilter(std::string_view text, std::string_view term);
+/// The text of a filter with one more term or several, as in "at=EGLL"; the same text when it has that already.
+[[nodiscard]] std::string narrowedFilter(std::string_view text, std::string_view terms);
 /// The text of a filter without its term number `index`, from 0.
 [[nodiscard]] std::string filterWithout(std::string_view text, std::size_t index);
 

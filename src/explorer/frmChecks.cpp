@@ -1,6 +1,7 @@
 #include "explorer/frmChecks.h"
 
 #include "explorer/leg_matcher.h"
+#include "explorer/leg_values.h"
 #include "foundation/disk.h"
 #include "foundation/error.h"
 #include "foundation/host.h"
@@ -13,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLocale>
+#include <QMenu>
 #include <QShortcut>
 #include <QStyle>
 
@@ -24,6 +26,9 @@ namespace vantor {
 namespace {
 
 constexpr int sliceMilliseconds = 15;
+constexpr int numberColumn = 0;
+constexpr int scheduleColumn = 1;
+constexpr int legColumn = 2;
 constexpr StandardTrap trap{"checks", "frmChecks"};
 
 // Whether the filter leaves a place: a leg, or a schedule with a leg that it leaves.
@@ -45,14 +50,12 @@ bool leaves(LegMatcher& matcher, LegNumber where) {
 
 frmChecks::frmChecks(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::frmChecks>()) {
     m_ui->setupUi(this);
+    setFocusProxy(m_ui->lstKinds);
     QTableView& table = *m_ui->tblFindings;
     table.setModel(&m_model);
     table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
     const int character = table.fontMetrics().averageCharWidth();
-    table.setColumnWidth(0, 9 * character);
-    table.setColumnWidth(1, 20 * character);
-    table.setColumnWidth(2, 28 * character);
     m_ui->split->setSizes({44 * character, 80 * character});
     m_ui->split->setStretchFactor(1, 1);
     m_timer.setInterval(0);
@@ -65,11 +68,20 @@ frmChecks::frmChecks(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<U
         }
     });
     connect(m_ui->lstKinds, &QListWidget::currentRowChanged, this, [this] { showKind(); });
+    connect(m_ui->lstKinds, &QListWidget::itemActivated, &table, [&table] {
+        table.selectRow(0);
+        table.setFocus();
+    });
     connect(&table, &QTableView::doubleClicked, this, [this] { edit(); });
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* const shortcut = new QShortcut(key, &table, nullptr, nullptr, Qt::WidgetShortcut);
         connect(shortcut, &QShortcut::activated, this, [this] { edit(); });
     }
+    auto* const menuKey = new QShortcut(Qt::SHIFT | Qt::Key_F10, &table, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(menuKey, &QShortcut::activated, this,
+            [this, &table] { offerMenu(table.visualRect(table.currentIndex()).bottomLeft()); });
+    table.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&table, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) { offerMenu(place); });
     showKinds();
     showResult();
 }
@@ -171,6 +183,37 @@ void frmChecks::showKinds() {
 void frmChecks::showKind() {
     const int row = std::max(0, m_ui->lstKinds->currentRow());
     m_model.show(static_cast<CheckKind>(row), m_sifted.at(static_cast<std::size_t>(row)));
+    fitColumns();
+}
+
+// By what the first findings need, so that the reason has all the rest.
+void frmChecks::fitColumns() {
+    QTableView& table = *m_ui->tblFindings;
+    constexpr int looked = 200; // rows, also of a million
+    table.horizontalHeader()->setResizeContentsPrecision(looked);
+    const int rows = std::min(m_model.rowCount(), looked);
+    bool anyLeg = false;
+    for (int row = 0; row < rows; ++row) {
+        anyLeg = anyLeg || legAt(m_model.place(row)).leg != 0;
+    }
+    table.setColumnHidden(legColumn, !anyLeg);
+    for (const int column : {numberColumn, scheduleColumn, legColumn}) {
+        table.resizeColumnToContents(column);
+    }
+}
+
+void frmChecks::offerMenu(const QPoint& place) {
+    const LegNumber where = m_model.place(m_ui->tblFindings->currentIndex().row());
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("contextMenu"));
+    menu.addAction(tr("&Edit..."), this, [this] { edit(); })->setEnabled(where != 0 && m_commands.edit);
+    menu.addSeparator();
+    for (const std::string& terms : termsOf(where)) {
+        const QString shown = toQString(terms);
+        menu.addAction(tr("Only %1").arg(shown).replace(u'&', QStringLiteral("&&")), this,
+                       [this, shown] { Q_EMIT filterWanted(shown); });
+    }
+    menu.exec(m_ui->tblFindings->viewport()->mapToGlobal(place));
 }
 
 void frmChecks::showResult() {

@@ -36,12 +36,18 @@ class frmChecks : public QWidget {
     /// Whether a walk has come to its end.
     [[nodiscard]] bool isChecked() const noexcept { return m_checked && m_checks.done(); }
 
+  Q_SIGNALS:
+    /// The filter is to be narrowed by these terms.
+    void filterWanted(const QString& terms);
+
   private:
     void goOn();
     void sift();
     void showKinds();
     void showKind();
     void showResult();
+    void fitColumns();
+    void offerMenu(const QPoint& place);
     void edit();
     void saveReport();
     void writeReport(const std::string& path);

@@ -47,10 +47,13 @@ frmExplorer::frmExplorer(QWidget* parent)
         search();
     });
     connect(m_flights, &frmFlights::listingWanted, this, [this] { search(); });
-    connect(m_routes, &frmRoutes::filterWanted, this, [this](const QString& term) {
+    const auto narrow = [this](const QString& terms) {
         const std::string text = fromQString(m_ui->txtFilter->text());
-        m_ui->txtFilter->setText(toQString(narrowedFilter(text, fromQString(term))));
-    });
+        m_ui->txtFilter->setText(toQString(narrowedFilter(text, fromQString(terms))));
+    };
+    connect(m_flights, &frmFlights::filterWanted, this, narrow);
+    connect(m_routes, &frmRoutes::filterWanted, this, narrow);
+    connect(m_checks, &frmChecks::filterWanted, this, narrow);
     connectKeys();
     m_ui->txtFilter->setFocus();
 }
@@ -71,8 +74,10 @@ void frmExplorer::connectKeys() {
     });
     key(QKeySequence(Qt::CTRL | Qt::Key_W), [this] { close(); });
     for (int page = 0; page < m_ui->tabs->count(); ++page) {
-        key(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + page)),
-            [this, page] { m_ui->tabs->setCurrentIndex(page); });
+        key(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + page)), [this, page] {
+            m_ui->tabs->setCurrentIndex(page);
+            focusPage();
+        });
     }
     m_ui->txtFilter->installEventFilter(this);
 }
@@ -82,16 +87,20 @@ bool frmExplorer::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_ui->txtFilter && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter) {
-            if (m_ui->tabs->currentWidget() == m_flights) {
-                m_flights->focusTable();
-            } else {
-                m_ui->tabs->currentWidget()->setFocus();
-                focusNextChild();
-            }
+            focusPage();
             return true;
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// Into the table, the map or the findings.
+void frmExplorer::focusPage() {
+    if (m_ui->tabs->currentWidget() == m_flights) {
+        m_flights->focusTable();
+    } else {
+        m_ui->tabs->currentWidget()->setFocus(Qt::ShortcutFocusReason);
+    }
 }
 
 void frmExplorer::setCommands(const ExplorerCommands& commands) {

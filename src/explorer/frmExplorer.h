@@ -43,6 +43,7 @@ class frmExplorer : public QWidget {
 
   private:
     void connectKeys();
+    void focusPage();
     void search();
     void goOn();
     void searched();

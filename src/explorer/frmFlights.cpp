@@ -34,6 +34,7 @@ constexpr StandardTrap trap{"flights", "frmFlights"};
 
 frmFlights::frmFlights(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::frmFlights>()) {
     m_ui->setupUi(this);
+    setFocusProxy(m_ui->tblFlights);
     QTableView& table = *m_ui->tblFlights;
     table.setModel(&m_model);
     // A fixed height spares a measuring of a million rows.
@@ -43,10 +44,7 @@ frmFlights::frmFlights(QWidget* parent) : QWidget(parent), m_ui(std::make_unique
     header.setSectionsClickable(true);
     header.setSectionsMovable(true);
     header.setContextMenuPolicy(Qt::CustomContextMenu);
-    const int character = table.fontMetrics().averageCharWidth();
-    for (std::size_t column = 0; column < legColumns; ++column) {
-        table.setColumnWidth(static_cast<int>(column), columnWidths.at(column) * character + 12);
-    }
+    layOutColumns();
     connect(&header, &QHeaderView::sectionClicked, this,
             [this](int section) { sortBy(static_cast<LegColumn>(section)); });
     connect(&header, &QWidget::customContextMenuRequested, this,
@@ -74,6 +72,9 @@ void frmFlights::connectKeys() {
     key(Qt::Key_Enter, [this] { edit(); });
     key(QKeySequence::Copy, [this] { copyText(); });
     key(Qt::Key_Delete, [this] { m_ui->cmdDelete->click(); });
+    key(Qt::SHIFT | Qt::Key_F10, [this, &table] { offerMenu(table.visualRect(table.currentIndex()).bottomLeft()); });
+    table.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&table, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) { offerMenu(place); });
     connect(&table, &QTableView::doubleClicked, this, [this] { edit(); });
     connect(m_ui->cmdEdit, &QPushButton::clicked, this, [this] { edit(); });
     connect(m_ui->cmdDelete, &QPushButton::clicked, this, [this] { m_commands.remove(selectedLegs()); });
@@ -89,6 +90,16 @@ void frmFlights::connectKeys() {
     });
 }
 
+void frmFlights::layOutColumns() {
+    QHeaderView& header = *m_ui->tblFlights->horizontalHeader();
+    const int character = m_ui->tblFlights->fontMetrics().averageCharWidth();
+    for (int column = 0; column < header.count(); ++column) {
+        header.moveSection(header.visualIndex(column), column);
+        header.showSection(column);
+        header.resizeSection(column, columnWidths.at(static_cast<std::size_t>(column)) * character + 12);
+    }
+}
+
 void frmFlights::makeColumnMenu() {
     QMenu* const sort = m_columns.addMenu(tr("&Sort by"));
     m_columns.addSeparator();
@@ -98,12 +109,16 @@ void frmFlights::makeColumnMenu() {
         connect(sort->addAction(title), &QAction::triggered, this, [this, column] { sortBy(column); });
         QAction* const shown = m_columns.addAction(title);
         shown->setCheckable(true);
-        shown->setChecked(true);
-        connect(shown, &QAction::toggled, this, [this, i](bool on) {
-            const bool last = !on && shownColumns().size() == 1;
-            m_ui->tblFlights->setColumnHidden(static_cast<int>(i), !on && !last);
+        connect(&m_columns, &QMenu::aboutToShow, shown, [this, shown, i] {
+            const bool on = !m_ui->tblFlights->isColumnHidden(static_cast<int>(i));
+            shown->setChecked(on);
+            shown->setEnabled(!on || shownColumns().size() > 1); // the last one stays
         });
+        connect(shown, &QAction::triggered, this,
+                [this, i](bool on) { m_ui->tblFlights->setColumnHidden(static_cast<int>(i), !on); });
     }
+    m_columns.addSeparator();
+    connect(m_columns.addAction(tr("&As at first")), &QAction::triggered, this, [this] { layOutColumns(); });
     connect(sort->addAction(tr("As &loaded")), &QAction::triggered, this, [this] {
         m_sort.clear();
         dropOrder();
@@ -112,6 +127,22 @@ void frmFlights::makeColumnMenu() {
     });
     connect(m_ui->cmdColumns, &QPushButton::clicked, this,
             [this] { m_columns.popup(m_ui->cmdColumns->mapToGlobal(QPoint(0, m_ui->cmdColumns->height()))); });
+}
+
+void frmFlights::offerMenu(const QPoint& place) {
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("contextMenu"));
+    for (QPushButton* const button :
+         {m_ui->cmdEdit, m_ui->cmdDelete, m_ui->cmdSwap, m_ui->cmdCopy, m_ui->cmdCopyText}) {
+        menu.addAction(button->text(), button, &QPushButton::click)->setEnabled(button->isEnabled());
+    }
+    menu.addSeparator();
+    for (const std::string& terms : termsOf(m_model.number(m_ui->tblFlights->currentIndex().row()))) {
+        const QString shown = toQString(terms);
+        menu.addAction(tr("Only %1").arg(shown).replace(u'&', QStringLiteral("&&")), this,
+                       [this, shown] { Q_EMIT filterWanted(shown); });
+    }
+    menu.exec(m_ui->tblFlights->viewport()->mapToGlobal(place));
 }
 
 void frmFlights::setCommands(ExplorerCommands commands) {

@@ -46,10 +46,14 @@ class frmFlights : public QWidget {
   Q_SIGNALS:
     /// Other rows or another order are wanted.
     void listingWanted();
+    /// The filter is to be narrowed by these terms.
+    void filterWanted(const QString& terms);
 
   private:
     void connectKeys();
+    void layOutColumns();
     void makeColumnMenu();
+    void offerMenu(const QPoint& place);
     void sortBy(LegColumn column);
     void showSortMark();
     void showCount(bool done);

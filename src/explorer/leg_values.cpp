@@ -192,6 +192,23 @@ std::string cellHint(LegNumber row, LegColumn column) {
     return cellText(row, column);
 }
 
+std::vector<std::string> termsOf(LegNumber row) {
+    const ScheduleRec* const schedule = scheduleOf(row);
+    if (schedule == nullptr) {
+        return {};
+    }
+    std::vector<std::string> terms{"ac:" + std::string(schedule->acnum.text())};
+    if (const std::string tail(schedule->tailnumber.text()); !tail.empty()) {
+        terms.push_back(contains(tail, " ") ? "tail=\"" + tail + "\"" : "tail=" + tail);
+    }
+    if (const LegRec* const leg = legOf(*schedule, row)) {
+        const std::string from(leg->fromicao.text());
+        const std::string to(leg->toicao.text());
+        terms.insert(terms.end(), {"at=" + from, "at=" + to, "from=" + from + " to=" + to});
+    }
+    return terms;
+}
+
 std::string statesText(unsigned states) {
     std::string text;
     for (std::size_t bit = 0; bit < stateWords.size(); ++bit) {

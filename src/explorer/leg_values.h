@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vantor {
 
@@ -42,6 +43,9 @@ inline constexpr std::size_t legColumns = 14;
 [[nodiscard]] std::string cellText(LegNumber row, LegColumn column);
 /// What a cell tells besides: the names of airports and the title of the aircraft.
 [[nodiscard]] std::string cellHint(LegNumber row, LegColumn column);
+
+/// Terms of the filter that narrow to what a row shows: its aircraft, its call sign, and a leg's airports and route.
+[[nodiscard]] std::vector<std::string> termsOf(LegNumber row);
 
 /// States of a row, as a set of bits in the order in which they are told.
 namespace row_state {
