@@ -5,6 +5,8 @@
 #include "foundation/disk.h"
 #include "foundation/error.h"
 #include "foundation/host.h"
+#include "foundation/native_path.h"
+#include "foundation/path_text.h"
 #include "foundation/replacing_file.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
@@ -240,7 +242,8 @@ void frmChecks::edit() {
 }
 
 void frmChecks::saveReport() {
-    const std::string file = askforFilename("Choose a file for the report", "checks.txt", "*.txt");
+    const std::string file =
+        askforSaveFilename("Save the report", addbackslash(programFolder()) + "checks.txt", "Text file (*.txt)");
     if (!file.empty()) {
         trap(&frmChecks::writeReport, this, file);
     }

@@ -3,6 +3,8 @@
 #include "explorer/leg_export.h"
 #include "foundation/error.h"
 #include "foundation/host.h"
+#include "foundation/native_path.h"
+#include "foundation/path_text.h"
 #include "foundation/trap.h"
 #include "platform/code_page.h"
 #include "platform/file_dialogs.h"
@@ -289,7 +291,8 @@ void frmFlights::copyText() {
 }
 
 void frmFlights::exportRows() {
-    const std::string file = askforFilename("Choose a file for the list", "flights.csv", "*.csv");
+    const std::string file = askforSaveFilename("Save what is listed as CSV",
+                                                addbackslash(programFolder()) + "flights.csv", "CSV file (*.csv)");
     if (!file.empty()) {
         trap(&frmFlights::writeRows, this, file);
     }

@@ -1,6 +1,7 @@
 #include "explorer/frmRoutes.h"
 
 #include "explorer/frmRoutesMap.h"
+#include "foundation/busy_pointer.h"
 #include "foundation/code_page.h"
 #include "foundation/error.h"
 #include "foundation/host.h"
@@ -168,21 +169,37 @@ void frmRoutes::cmdSavePicture_Click() noexcept {
     const std::string path =
         askforSaveFilename("Save the map as a picture", addbackslash(programFolder()) + "Routes.png",
                            "PNG picture (*.png);;SVG picture (*.svg)");
-    if (!path.empty() && !trap(&frmRoutes::savePicture, this, path)) {
+    if (path.empty()) {
+        return;
+    }
+    bool saved = false;
+    {
+        const BusyPointer busy{trap};
+        saved = trap(&frmRoutes::savePicture, this, path);
+    }
+    if (saved) {
+        m_ui->lblSummary->setText(QStringLiteral("Saved to ") + toQString(path));
+    } else {
         trap(&Host::message, host(), "The picture could not be saved as " + path);
     }
 }
 
 void frmRoutes::cmdPrint_Click() noexcept {
     const StandardTrap trap{"sub cmdPrint_click", module};
-    trap([&] {
-        QPrintDialog dialog(&currentPrinter(), this);
-        dialog.setObjectName(QStringLiteral("printDialog"));
-        dialog.setWindowTitle(QStringLiteral("Print the Map"));
-        if (dialog.exec() == QDialog::Accepted) {
-            print(currentPrinter());
-        }
-    });
+    QPrintDialog dialog(&currentPrinter(), this);
+    dialog.setObjectName(QStringLiteral("printDialog"));
+    dialog.setWindowTitle(QStringLiteral("Print the Map"));
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    bool printed = false;
+    {
+        const BusyPointer busy{trap};
+        printed = trap([&] { print(currentPrinter()); });
+    }
+    if (!printed) {
+        trap(&Host::message, host(), "The map could not be printed");
+    }
 }
 
 } // namespace vantor

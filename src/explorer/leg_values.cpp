@@ -31,8 +31,11 @@ std::string timeText(const FixedText<12>& stored) {
 }
 
 std::string dayText(const ScheduleRec& schedule, const LegRec& leg) {
-    const bool hasDay = schedule.weekly && leg.depday >= 0 && leg.depday <= 6;
-    return hasDay ? host().weekdayName(leg.depday + 1) : std::string();
+    if (!schedule.weekly) {
+        return {};
+    }
+    const bool named = leg.depday >= 0 && leg.depday <= 6;
+    return named ? host().weekdayName(leg.depday + 1) : std::to_string(leg.depday);
 }
 
 unsigned airportStates(const LegRec& leg) {
