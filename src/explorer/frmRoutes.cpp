@@ -79,7 +79,8 @@ void frmRoutes::showEvent(QShowEvent* event) {
 void frmRoutes::goOn() noexcept {
     const StandardTrap trap{"sub countroutes", module};
     const auto until = std::chrono::steady_clock::now() + slice;
-    const bool went = trap(&frmRoutes::countOn, this, [&] { return std::chrono::steady_clock::now() >= until; });
+    const auto late = [until] { return std::chrono::steady_clock::now() >= until; };
+    const bool went = trap(&frmRoutes::countOn, this, late);
     if (!went || isCounted()) {
         m_counting.stop();
     }
@@ -195,7 +196,7 @@ void frmRoutes::cmdPrint_Click() noexcept {
     bool printed = false;
     {
         const BusyPointer busy{trap};
-        printed = trap([&] { print(currentPrinter()); });
+        printed = trap(&frmRoutes::print, this, currentPrinter());
     }
     if (!printed) {
         trap(&Host::message, host(), "The map could not be printed");
