@@ -2,6 +2,7 @@
 
 #include "explorer/leg_matcher.h"
 #include "explorer/leg_values.h"
+#include "foundation/busy_pointer.h"
 #include "foundation/disk.h"
 #include "foundation/error.h"
 #include "foundation/host.h"
@@ -99,15 +100,25 @@ void frmChecks::setFilter(const Filter& filter) {
         return;
     }
     m_filter = filter;
-    if (isChecked()) {
+    if (m_checked && m_checks.done()) {
+        sift();
+    }
+}
+
+void frmChecks::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (m_stale) {
         sift();
     }
 }
 
 void frmChecks::tablesChanged() {
-    if (m_timer.isActive()) {
+    if (!m_checked) {
+        return;
+    }
+    if (!m_checks.done()) {
         check();
-    } else if (m_checked) {
+    } else {
         m_old = true;
         sift();
     }
@@ -117,6 +128,7 @@ void frmChecks::check() {
     m_checks.start({.turnaroundMinutes = m_ui->spnTurnaround->value()});
     m_checked = true;
     m_old = false;
+    m_matcher.reset();
     m_ui->cmdSaveReport->setEnabled(false);
     m_ui->prgChecks->setValue(0);
     m_ui->prgChecks->show();
@@ -130,26 +142,56 @@ void frmChecks::goOn() {
     }
     QElapsedTimer watch;
     watch.start();
-    const bool done = m_checks.step([&] { return watch.elapsed() >= sliceMilliseconds; });
-    m_ui->prgChecks->setValue(static_cast<int>(m_checks.progress() * 1000));
-    if (done) {
-        m_timer.stop();
-        m_ui->prgChecks->hide();
-        m_ui->lblResult->show();
-        m_ui->cmdSaveReport->setEnabled(true);
+    const auto late = [&] { return watch.elapsed() >= sliceMilliseconds; };
+    if (m_checks.done()) {
+        if (siftOn(late)) {
+            showAll();
+        }
+    } else if (m_checks.step(late)) {
         sift();
+    } else {
+        m_ui->prgChecks->setValue(static_cast<int>(m_checks.progress() * 1000));
     }
 }
 
-// What the filter leaves of the findings.
+// Holds the findings against the filter, in slices, and only while they can be seen.
 void frmChecks::sift() {
-    LegMatcher matcher(m_filter);
-    for (std::size_t i = 0; i < checkKinds; ++i) {
-        m_sifted.at(i).clear();
-        std::ranges::copy_if(
-            m_checks.of(static_cast<CheckKind>(i)), std::back_inserter(m_sifted.at(i)),
-            [&](const CheckFinding& finding) { return m_filter.empty() || leaves(matcher, finding.where); });
+    m_stale = !isVisible();
+    if (m_stale) {
+        m_timer.stop();
+        return;
     }
+    m_matcher.emplace(m_filter);
+    m_sifted = {};
+    m_kind = 0;
+    m_next = 0;
+    m_timer.start();
+    goOn();
+}
+
+bool frmChecks::siftOn(const std::function<bool()>& enough) {
+    constexpr std::size_t findingsBetween = 256;
+    for (; m_kind < checkKinds; ++m_kind, m_next = 0) {
+        const Checks::Findings& findings = m_checks.of(static_cast<CheckKind>(m_kind));
+        for (; m_next < findings.size(); ++m_next) {
+            if (m_filter.empty() || leaves(*m_matcher, findings[m_next].where)) {
+                m_sifted.at(m_kind).push_back(findings[m_next]);
+            }
+            if (m_next % findingsBetween == findingsBetween - 1 && enough()) {
+                ++m_next;
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+void frmChecks::showAll() {
+    m_timer.stop();
+    m_matcher.reset();
+    m_ui->prgChecks->hide();
+    m_ui->lblResult->show();
+    m_ui->cmdSaveReport->setEnabled(true);
     showKinds();
     showResult();
 }
@@ -250,6 +292,7 @@ void frmChecks::saveReport() {
 }
 
 void frmChecks::writeReport(const std::string& path) {
+    const BusyPointer busy{trap};
     try {
         ReplacingFile file(path);
         file.write(checksReport(m_checks));

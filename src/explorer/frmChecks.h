@@ -6,12 +6,14 @@
 #include "explorer/explorer_commands.h"
 #include "explorer/filter.h"
 #include "explorer/frmChecksModel.h"
+#include "explorer/leg_matcher.h"
 
 #include <QTimer>
 #include <QWidget>
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace vantor {
@@ -33,8 +35,11 @@ class frmChecks : public QWidget {
     void tablesChanged();
     /// Begins the walk.
     void check();
-    /// Whether a walk has come to its end.
-    [[nodiscard]] bool isChecked() const noexcept { return m_checked && m_checks.done(); }
+    /// Whether a walk has come to its end, and the filter has been held against what it found.
+    [[nodiscard]] bool isChecked() const noexcept { return m_checked && m_checks.done() && !m_matcher; }
+
+  protected:
+    void showEvent(QShowEvent* event) override;
 
   Q_SIGNALS:
     /// The filter is to be narrowed by these terms.
@@ -43,6 +48,8 @@ class frmChecks : public QWidget {
   private:
     void goOn();
     void sift();
+    [[nodiscard]] bool siftOn(const std::function<bool()>& enough);
+    void showAll();
     void showKinds();
     void showKind();
     void showResult();
@@ -59,8 +66,12 @@ class frmChecks : public QWidget {
     Filter m_filter;
     Checks m_checks;
     std::array<Checks::Findings, checkKinds> m_sifted; // what the filter leaves
+    std::optional<LegMatcher> m_matcher;               // while findings are held against the filter
+    std::size_t m_kind = 0;                            // of the next finding to look at
+    std::size_t m_next = 0;                            // that finding
     bool m_checked = false;                            // a walk was begun
     bool m_old = false;                                // the tables changed behind the walk
+    bool m_stale = false;                              // the filter changed while the page was hidden
 };
 
 } // namespace vantor

@@ -108,6 +108,11 @@ void frmExplorer::setCommands(const ExplorerCommands& commands) {
     m_checks->setCommands(commands);
 }
 
+void frmExplorer::showProgress(double done) {
+    m_ui->prgSearch->setVisible(done < 1);
+    m_ui->prgSearch->setValue(static_cast<int>(done * 1000));
+}
+
 void frmExplorer::open(const QString& filter) {
     if (!filter.isEmpty()) {
         m_ui->txtFilter->setText(filter);

@@ -30,6 +30,8 @@ class frmExplorer : public QWidget {
 
     /// What the buttons and keys of the pages do.
     void setCommands(const ExplorerCommands& commands);
+    /// Shows how far a command has come, 0 to 1.
+    void showProgress(double done);
     /// Brings the window up, with this filter if it is not empty.
     void open(const QString& filter = {});
 

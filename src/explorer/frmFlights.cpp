@@ -1,6 +1,7 @@
 #include "explorer/frmFlights.h"
 
 #include "explorer/leg_export.h"
+#include "foundation/busy_pointer.h"
 #include "foundation/error.h"
 #include "foundation/host.h"
 #include "foundation/native_path.h"
@@ -161,6 +162,7 @@ const std::vector<LegNumber>* frmFlights::order() {
         return nullptr;
     }
     if (!m_order) {
+        const BusyPointer busy{trap}; // a million rows take a moment
         m_order.emplace();
         trap.set(*m_order, sortedRows, kind(), m_sort);
     }

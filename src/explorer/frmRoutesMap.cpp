@@ -180,6 +180,11 @@ void RoutesMap::changeEvent(QEvent* event) {
 
 void RoutesMap::paintEvent(QPaintEvent* /*event*/) {
     m_complete = m_tiles.work(m_view, devicePixelRatioF(), MapTiles::Clock::now() + paintingTime);
+    if (m_complete) {
+        m_waiting.invalidate();
+    } else if (!m_waiting.isValid()) {
+        m_waiting.start();
+    }
     QPainter painter(this);
     if (!m_complete) {
         painter.fillRect(rect(), QColor(static_cast<QRgb>(mapColours(isDark(palette())).sea)));
@@ -202,12 +207,26 @@ void RoutesMap::paintOverlay(QPainter& painter) {
         drawRing(surface, content, m_view, *m_target.airport);
     }
     paintLegend(surface, content, m_view);
+    paintProgress(surface, content);
     if (hasFocus()) {
         constexpr double frame = 2;
         painter.setPen(QPen(palette().color(QPalette::Highlight), frame));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(QRectF(rect()).adjusted(frame / 2, frame / 2, -frame / 2, -frame / 2));
     }
+}
+
+void RoutesMap::paintProgress(MapSurface& surface, const MapContent& content) const {
+    constexpr int patience = 500; // milliseconds
+    constexpr double margin = 8;
+    if (!m_waiting.isValid() || m_waiting.elapsed() < patience) {
+        return;
+    }
+    const auto percent = static_cast<int>(m_tiles.progress(m_view) * 100);
+    const std::string text = "Painting: " + std::to_string(percent) + " %";
+    const FlatBox box{2 * margin, margin, 2 * margin + surface.textWidth(text), margin + 1.5 * surface.textHeight()};
+    surface.fillBox({margin, margin, box.right + margin, box.bottom}, content.colours.halo, 0.88);
+    surface.drawText(box, text, content.colours.text, content.colours.halo);
 }
 
 void RoutesMap::paintLegend(MapSurface& surface, const MapContent& content, const MapView& view) const {

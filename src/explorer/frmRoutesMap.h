@@ -4,6 +4,7 @@
 
 #include "explorer/frmRoutesTiles.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 
@@ -83,13 +84,15 @@ class RoutesMap : public QWidget {
     void takeAirport(std::size_t airport);
     [[nodiscard]] FlatPoint windowPlace(std::size_t airport) const;
     void paintOverlay(QPainter& painter);
+    void paintProgress(MapSurface& surface, const MapContent& content) const;
     void paintLegend(MapSurface& surface, const MapContent& content, const MapView& view) const;
     void goOnPainting();
 
     std::unique_ptr<RoutesScene> m_scene;
     MapTiles m_tiles;
     MapView m_view;
-    QTimer m_painting; // runs while tiles are missing
+    QTimer m_painting;       // runs while tiles are missing
+    QElapsedTimer m_waiting; // since the window is incomplete
     Target m_target;
     std::optional<QPointF> m_pressed; // where the left button went down
     QPointF m_last;

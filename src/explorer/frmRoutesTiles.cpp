@@ -123,6 +123,12 @@ bool MapTiles::work(const MapView& view, double pixelRatio, Clock::time_point un
     return std::ranges::all_of(inWindow, [this](const Place& place) { return m_tiles.contains(place); });
 }
 
+double MapTiles::progress(const MapView& view) const {
+    const std::vector<Place> places = wanted(view, 0);
+    const auto there = std::ranges::count_if(places, [this](const Place& place) { return m_tiles.contains(place); });
+    return static_cast<double>(there) / static_cast<double>(std::max<std::size_t>(1, places.size()));
+}
+
 void MapTiles::paint(QPainter& painter, const MapView& view, double pixelRatio) {
     const QPoint first = topLeft(view);
     if (!m_kept.isNull()) {

@@ -28,6 +28,8 @@ class MapTiles {
     /// Paints what is missing in a window and around it, until all is there or the time is over. True when the window
     /// itself is complete.
     bool work(const MapView& view, double pixelRatio, Clock::time_point until);
+    /// How much of a window is there, 0 to 1.
+    [[nodiscard]] double progress(const MapView& view) const;
     /// Whether the last work left nothing to do, not even around the window.
     [[nodiscard]] bool idle() const noexcept { return m_idle; }
     /// Shows what is there.

@@ -7,6 +7,7 @@
 #include "core/undo.h"
 #include "explorer/frmExplorer.h"
 #include "foundation/busy_pointer.h"
+#include "foundation/host.h"
 #include "platform/code_page.h"
 #include "schedule/frmSchedEdit.h"
 #include "schedule/schedule_commands.h"
@@ -16,6 +17,7 @@
 #include "shell/workspace.h"
 #include "simulator/frmAircraftSub.h"
 
+#include <QElapsedTimer>
 #include <QShortcut>
 
 #include <algorithm>
@@ -125,14 +127,14 @@ std::string ExplorerWindow::remove(const StandardTrap& trap, const std::vector<L
     const BusyPointer busy{trap};
     ScheduleRec touched;
     bool legs = false;
-    for (const LegId& row : rows) {
-        legs = legs || row.leg != 0;
-        if (row) {
-            toggleleg(trap, row, touched);
+    goThrough(rows.size(), [&](std::size_t at) {
+        legs = legs || rows[at].leg != 0;
+        if (rows[at]) {
+            toggleleg(trap, rows[at], touched);
         } else {
-            deleteschedbyrecnum(row.recnum);
+            deleteschedbyrecnum(rows[at].recnum);
         }
-    }
+    });
     refresh(trap);
     return "Delete " + counted(static_cast<std::int64_t>(rows.size()), legs ? "leg" : "schedule");
 }
@@ -156,11 +158,25 @@ std::string ExplorerWindow::swap(const StandardTrap& trap, const std::vector<Leg
 std::string ExplorerWindow::copy(const StandardTrap& trap, const std::vector<LegId>& rows) {
     const BusyPointer busy{trap};
     const std::vector<std::int32_t> recnums = schedulesOf(rows);
-    for (const std::int32_t recnum : recnums) {
-        copyschedule(trap, recnum);
-    }
+    goThrough(recnums.size(), [&](std::size_t at) { copyschedule(trap, recnums[at]); });
     refresh(trap);
     return "Copy " + countedSchedules(recnums);
+}
+
+// Of a million rows, each some microseconds long, the window tells how far it has come.
+void ExplorerWindow::goThrough(std::size_t count, const std::function<void(std::size_t)>& step) {
+    constexpr int patience = 200; // milliseconds
+    QElapsedTimer watch;
+    watch.start();
+    for (std::size_t at = 0; at < count; ++at) {
+        step(at);
+        if (watch.elapsed() >= patience) {
+            form().showProgress(static_cast<double>(at) / static_cast<double>(count));
+            host().pumpEvents(Pump::PaintAndTimers);
+            watch.restart();
+        }
+    }
+    form().showProgress(1);
 }
 
 // The lists of the main window show schedules only when they were asked to.

@@ -5,7 +5,9 @@
 #include "core/records.h"
 #include "foundation/trap.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -60,6 +62,7 @@ class ExplorerWindow {
     std::string remove(const StandardTrap& trap, const std::vector<LegId>& rows);
     std::string swap(const StandardTrap& trap, const std::vector<LegId>& rows);
     std::string copy(const StandardTrap& trap, const std::vector<LegId>& rows);
+    void goThrough(std::size_t count, const std::function<void(std::size_t)>& step);
     void refresh(const StandardTrap& trap);
 
     QWidget& m_window;
