@@ -109,6 +109,8 @@ void frmRoutes::countOn(const std::function<bool()>& enough) {
     }
     if (m_scene && m_scene->build(enough)) {
         m_ui->map->setScene(std::move(m_scene));
+    } else if (m_scene) {
+        m_ui->lblSummary->setText(QStringLiteral("Working out the lines..."));
     }
 }
 

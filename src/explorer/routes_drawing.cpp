@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 
 namespace vantor {
 
@@ -57,6 +58,18 @@ double dotRadius(double movements) {
     return movements < 7 ? 1.5 : movements < 70 ? 2.2 : movements < 350 ? 3 : 4;
 }
 
+// Dots shrink where they would cover more than a twentieth of the world.
+double dotSize(const RoutesScene& scene, double scale) {
+    constexpr double least = 0.4;
+    double area = 0;
+    for (const RouteAirport& airport : scene.network().airports) {
+        const double radius = dotRadius(airport.movements());
+        area += std::numbers::pi * radius * radius;
+    }
+    const double room = scale * scale * 2 * halfWorldHeight / 20;
+    return area <= room ? 1 : std::max(least, std::sqrt(room / area));
+}
+
 // The n of all copies of the world in which what lies from `left` to `right` shows in a box: calls visit(n).
 template <class Visit>
 void forEachCopy(double left, double right, const FlatBox& box, const Visit& visit) {
@@ -102,14 +115,17 @@ std::pair<FlatPoint, FlatPoint> middleOf(std::span<const FlatPoint> line) {
 std::vector<MapLabel> labelsOf(const RoutesScene& scene, const MapSurface& surface, double scale) {
     std::vector<LabelSize> sizes;
     sizes.reserve(scene.places().size());
+    const double dots = dotSize(scene, scale);
     for (const RouteAirport& airport : scene.network().airports) {
-        sizes.push_back({airport.known ? surface.textWidth(airport.code.text()) : 0, dotRadius(airport.movements())});
+        sizes.push_back(
+            {airport.known ? surface.textWidth(airport.code.text()) : 0, dots * dotRadius(airport.movements())});
     }
     return placeLabels(scene.places(), sizes, surface.textHeight(), scale);
 }
 
 MapDrawing::MapDrawing(const MapContent& content, const MapView& part)
-    : m_content(content), m_part(part), m_box(part.box()), m_routes(content.scene.routesAt(part.scale)) {}
+    : m_content(content), m_part(part), m_box(part.box()), m_routes(content.scene.routesAt(part.scale)),
+      m_dots(dotSize(content.scene, part.scale)) {}
 
 bool MapDrawing::goOn(MapSurface& surface, const std::function<bool()>& enough) {
     constexpr std::size_t itemsBetween = 32; // a few tenths of a millisecond
@@ -285,7 +301,7 @@ void MapDrawing::drawAirport(MapSurface& surface, std::size_t index) const {
         return;
     }
     forEachCopy(place.x, place.x, box, [&](double copy) {
-        surface.drawDot(m_part.toWindow({place.x + copy, place.y}), dotRadius(airport.movements()),
+        surface.drawDot(m_part.toWindow({place.x + copy, place.y}), m_dots * dotRadius(airport.movements()),
                         m_content.colours.dot, m_content.colours.halo);
     });
 }
@@ -324,7 +340,8 @@ void drawHighlight(MapSurface& surface, const MapContent& content, const MapView
 
 void drawRing(MapSurface& surface, const MapContent& content, const MapView& view, std::size_t airport) {
     const FlatPoint place = content.scene.places()[airport];
-    const double radius = dotRadius(content.scene.network().airports[airport].movements());
+    const double radius =
+        dotSize(content.scene, view.scale) * dotRadius(content.scene.network().airports[airport].movements());
     forEachCopy(place.x, place.x, view.box(), [&](double copy) {
         const FlatPoint at = view.toWindow({place.x + copy, place.y});
         surface.drawDot(at, radius + 5, content.colours.highlight, content.colours.halo);

@@ -52,6 +52,7 @@ class MapDrawing {
     MapView m_part;
     FlatBox m_box;
     std::size_t m_routes; // that are drawn at this scale
+    double m_dots;        // the size of dots at this scale, 1 where there is room
     Layer m_layer = Layer::Sea;
     std::size_t m_next = 0;        // item of the layer
     std::vector<FlatPoint> m_line; // kept for its room
