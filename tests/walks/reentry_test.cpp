@@ -158,14 +158,18 @@ TEST_P(CommandReentry, ACloseWaitsForItsEnd) {
     const Outcome expected = undisturbed();
     ASSERT_GT(pumps, 0);
     for (const int at : {0, pumps - 1}) {
+        bool asked = false;
         host.beforePump = [&](int pump) {
             if (pump == at) {
+                asked = true;
                 QApplication::closeAllWindows(); // an open dialog first
                 EXPECT_FALSE(form().ended());
             }
         };
-        EXPECT_EQ(run(), 0);
-        EXPECT_TRUE(form().ended());
+        const int code = run();
+        EXPECT_TRUE(asked || at > 0); // a tool may be done in fewer pumps than the time before
+        EXPECT_EQ(code == 0, asked);
+        EXPECT_EQ(form().ended(), asked);
         EXPECT_TRUE(done == expected) << "closed at pump " << at;
         startAnew();
     }
