@@ -4,12 +4,7 @@
 #include "bulk/atc_percentage.h"
 #include "bulk/delete_by_airport.h"
 #include "bulk/flight_level.h"
-#include "foundation/log.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
-
-#include <initializer_list>
-#include <utility>
+#include "support/test.h"
 
 namespace vantor::test {
 namespace {
@@ -74,7 +69,6 @@ TEST_F(BulkTest, AFlightLevelGoesToOneDirectionWhateverTheCase) {
 class PerAircraftTest : public BulkTest {
   protected:
     void SetUp() override {
-        BulkTest::SetUp();
         for (const char* code : {"AC#5", "AC#50", "ac#5", "AC#5"}) {
             addSchedule(std::string(code) + ",N1,20%,24HR,IFR", loopOver({"KSEA", "KLAX"}));
         }
@@ -164,7 +158,6 @@ TEST_F(DeleteByAirportTest, PatternsMatchTheFirstCharactersAndAStarAloneEverySch
 class AirportSplitTest : public BulkTest {
   protected:
     void SetUp() override {
-        BulkTest::SetUp();
         for (const char* icao : {"EGLL", "EGKK", "EGSS", "LFPG"}) {
             addAirport(icao, icao);
         }

@@ -2,8 +2,6 @@
 // that each option shows its frame alone by the random walks.
 #include "support/main_window.h"
 
-#include <QLabel>
-
 namespace vantor::test {
 namespace {
 

@@ -1,15 +1,7 @@
 // The flight plan file: what the reader makes of lines and what the writer puts back.
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
-#include "core/tables.h"
-#include "foundation/log.h"
-#include "support/expect_error.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
-
-#include <algorithm>
-#include <string>
-#include <vector>
+#include "support/test.h"
 
 namespace vantor {
 namespace {
@@ -17,7 +9,6 @@ namespace {
 class FlightplansTest : public test::Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         // Along the equator: sixty miles to a degree.
         test::addAirport("AAAA", "");
         test::addAirport("BBBB", "", 0, 1);
@@ -192,6 +183,26 @@ TEST_F(FlightplansTest, DeletedLegsAndTheirCommas) {
     load(head + "\r\n" + head + legs[2]);
     EXPECT_EQ(schedulecount, 2) << "the bare header is counted and dropped";
     EXPECT_EQ(schedules.peek(1).legcount, 1);
+}
+
+TEST(LegTextTest, IsTheFieldOfTwelveThatItStandsFor) {
+    std::vector<std::string> texts = {
+        "",         "0",        "00",       "007",      "9999",      "10000",   " 12",
+        "12:30:00", "12:30:01", "23:59:00", "24:00:00", "12:60:00",  "1:00:00", "12-30-00",
+        "12:3a:00", "/2:00:00", ":2:00:00", "12:00:0:", "12:30:00 ", "7 ",      "99991"};
+    for (int i = 0; i < 40000; ++i) { // more than stand in one piece
+        texts.push_back("text " + std::to_string(i) + " is cut");
+    }
+    std::map<std::string, std::uint32_t> numbers;
+    for (const std::string& text : texts) {
+        const LegText kept(text);
+        EXPECT_EQ(kept.raw(), FixedText<12>(text).raw());
+        EXPECT_EQ(numbers.emplace(kept.raw(), kept.number()).first->second, kept.number());
+        EXPECT_EQ(kept.minute(), kept.text() == "12:30:00" ? 750 : kept.text() == "23:59:00" ? 1439 : -1) << text;
+    }
+    for (const auto& [text, number] : numbers) {
+        EXPECT_EQ(LegText(text).number(), number);
+    }
 }
 
 } // namespace

@@ -1,12 +1,7 @@
 // Positions, distances and flight times.
 #include "core/great_circle.h"
 #include "core/leg_distances.h"
-#include "foundation/log.h"
-#include "foundation/numbers.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
-
-#include <random>
+#include "support/test.h"
 
 namespace vantor {
 namespace {
@@ -53,6 +48,7 @@ TEST_F(GreatCircleTest, FlightTimeDropsSeconds) {
     EXPECT_EQ(formatHHMMSS(gettimeinhours(250, 1000)), "04:00:00");
     EXPECT_EQ(formatHHMMSS(gettimeinhours(250, 1004)), "04:00:00"); // 57.6 seconds are dropped
     EXPECT_NEAR(gettimeinhours(100, 2600), 26.0 / 24, 1e-12);
+    EXPECT_EQ(gettimeinhours(0.5F, 50000), 0) << "more hours than 16 bits hold";
     EXPECT_EQ(gettimeinhours(0, 100), 0);
     EXPECT_EQ(newestAction(), "Division by zero(11) in function gettimeinhours of module modGreatCircle");
 }

@@ -1,10 +1,5 @@
 // The keyed tables: slots, chains, growth and misses.
-#include "core/tables.h"
-#include "support/expect_error.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
-
-#include <string>
+#include "support/test.h"
 
 namespace vantor {
 namespace {

@@ -2,15 +2,9 @@
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
 #include "core/load_pipeline.h"
-#include "core/tables.h"
-#include "foundation/settings_store.h"
 #include "simulator/fs_aircraft.h"
 #include "simulator/missing_aircraft.h"
-#include "support/fixture.h"
-
-#include <filesystem>
-#include <string>
-#include <vector>
+#include "support/test.h"
 
 namespace vantor {
 namespace {
@@ -41,24 +35,15 @@ class HeadlessSteps final : public LoadSteps {
 class DemoTest : public test::Fixture, public ::testing::WithParamInterface<std::int16_t> {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         std::filesystem::copy(VANTOR_DEMO, folder(), std::filesystem::copy_options::recursive);
         fsmode = GetParam();
         const std::string simulator = path(fsmode == 2 ? "FS2002\\" : "FS2004\\");
         fsicaofile = simulator + "WEATHER\\ICAO name.cfg";
         fsaircraftpath = simulator + "Aircraft\\";
-        LoadSettings(path("absent.ini"));
-        for (const std::string suffix : {"", "030528"}) {
-            const std::string mode = suffix.empty() ? "2" : "4";
-            sset("AircraftTxt2k" + mode, path("TrafficTools\\aircraft" + suffix + ".txt"));
-            sset("AirportsTxt2k" + mode, path("TrafficTools\\AIRPORTS" + suffix + ".TXT"));
-            sset("FlightplansTxt2k" + mode, path("TrafficTools\\Flightplans" + suffix + ".txt"));
-        }
-        const TrafficFiles files = configuredFiles({});
-        std::filesystem::remove(folder() / "log.txt"); // what the settings said
-        aircraftfile = files.aircraft;
-        airportsfile = files.airports;
-        flightplansfile = files.flightplans;
+        const std::string suffix = fsmode == 2 ? ".txt" : "030528.txt";
+        aircraftfile = path("TrafficTools\\aircraft" + suffix);
+        airportsfile = path("TrafficTools\\AIRPORTS" + suffix);
+        flightplansfile = path("TrafficTools\\Flightplans" + suffix);
     }
 
     static std::vector<ScheduleRec> allSchedules() {
@@ -105,9 +90,6 @@ TEST_P(DemoTest, LoadsStepByStepAndRoundTrips) {
     EXPECT_EQ(allSchedules(), before);
     savesc(path("again.txt"));
     EXPECT_EQ(readFile("saved.txt"), readFile("again.txt"));
-
-    fsmode = 3; // one without settings
-    EXPECT_EQ(configuredFiles({"", "", "default"}).flightplans, "default");
 }
 
 INSTANTIATE_TEST_SUITE_P(Modes, DemoTest, ::testing::Values(2, 4));

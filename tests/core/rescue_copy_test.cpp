@@ -1,11 +1,7 @@
 #include "core/aircraft_file.h"
 #include "core/flightplans_reader.h"
 #include "core/rescue_copy.h"
-#include "core/tables.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
-
-#include <string>
+#include "support/test.h"
 
 namespace vantor::test {
 namespace {
@@ -13,7 +9,6 @@ namespace {
 class RescueCopy : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         clock.set(45982 + 16.0 / 24 + 40.0 / 1440); // 21 November 2025, 16:40
         addAircraft("AC#1", "\"A\"", 300);
         addAircraft("AC#2", "\"B\"", 300);

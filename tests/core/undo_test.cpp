@@ -1,43 +1,22 @@
 #include "core/undo.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
-
-#include <algorithm>
-#include <functional>
-#include <gtest/gtest.h>
-#include <random>
-#include <string>
-#include <vector>
+#include "support/table_invariants.h"
+#include "support/test.h"
 
 namespace vantor::test {
 namespace {
 
 /// All that the next command would look at.
 struct Snapshot {
-    std::vector<ScheduleRec> schedules;
-    std::vector<AircraftRec> aircraft;
-    std::int32_t aircraftcount = 0;
-    std::int32_t lastacnum = 0;
-    std::int64_t state = 0;
+    Traffic tables = trafficNow();
+    std::int32_t aircraftcount = vantor::traffic.aircraftcount;
+    std::int32_t lastacnum = vantor::traffic.lastacnum;
+    std::int64_t state = journal().state();
     friend bool operator==(const Snapshot&, const Snapshot&) = default;
-
-    static Snapshot take() {
-        Snapshot now{{},
-                     {traffic.aircraft.begin(), traffic.aircraft.end()},
-                     traffic.aircraftcount,
-                     traffic.lastacnum,
-                     journal().state()};
-        for (std::int32_t recnum = 1; recnum <= schedulecount; ++recnum) {
-            now.schedules.push_back(traffic.schedules.peek(recnum));
-        }
-        return now;
-    }
 };
 
 class Undo : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         for (int i = 1; i <= 9; ++i) {
             addAircraft("AC#" + std::to_string(i), "Title " + std::to_string(i));
             addSchedule("AC#" + std::to_string(i) + ",N1,50%,24HR,IFR", loopOver({"EDDF", "EGLL", "KSEA"}));
@@ -86,7 +65,7 @@ class Undo : public Fixture {
 };
 
 TEST_F(Undo, BringsEachStateBackBitForBit) {
-    std::vector<Snapshot> states{Snapshot::take()};
+    std::vector<Snapshot> states{Snapshot()};
     for (int i = 0; i < 300; ++i) {
         {
             const Step step("Step " + std::to_string(i));
@@ -95,7 +74,7 @@ TEST_F(Undo, BringsEachStateBackBitForBit) {
                 changeSomething();
             }
         }
-        if (Snapshot now = Snapshot::take(); now != states.back()) { // a change to what stands is no step
+        if (Snapshot now = Snapshot(); now != states.back()) { // a change to what stands is no step
             states.push_back(std::move(now));
         }
         // Some steps back and forward, and now and then on from there.
@@ -103,7 +82,7 @@ TEST_F(Undo, BringsEachStateBackBitForBit) {
         for (std::size_t n = 1; n <= back; ++n) {
             const auto undone = undo();
             ASSERT_TRUE(undone && undone->name.starts_with("Step "));
-            ASSERT_EQ(Snapshot::take(), states[states.size() - 1 - n]);
+            ASSERT_EQ(Snapshot(), states[states.size() - 1 - n]);
         }
         if (random() % 2 == 0) {
             states.resize(states.size() - back);
@@ -111,15 +90,15 @@ TEST_F(Undo, BringsEachStateBackBitForBit) {
         }
         for (std::size_t n = back; n > 0; --n) {
             ASSERT_TRUE(redo());
-            ASSERT_EQ(Snapshot::take(), states[states.size() - n]);
+            ASSERT_EQ(Snapshot(), states[states.size() - n]);
         }
     }
     ASSERT_GT(states.size(), 100U);
     for (; states.size() > 1; states.pop_back()) {
-        ASSERT_EQ(Snapshot::take(), states.back());
+        ASSERT_EQ(Snapshot(), states.back());
         ASSERT_TRUE(undo());
     }
-    EXPECT_EQ(Snapshot::take(), states.front());
+    EXPECT_EQ(Snapshot(), states.front());
     EXPECT_FALSE(undo());
 }
 

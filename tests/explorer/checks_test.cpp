@@ -8,11 +8,6 @@
 #include "simulator/fs_aircraft.h"
 #include "simulator/missing_aircraft.h"
 #include "support/test.h"
-#include "support/traffic.h"
-
-#include <filesystem>
-#include <functional>
-#include <set>
 
 namespace vantor::test {
 namespace {
@@ -45,7 +40,6 @@ std::string textOf(const Checks& checks) {
 class ChecksTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         addAircraft("AC#1", "Boeing", 100);
         addAircraft("AC#2", "Gone", 100);
         changeAircraft(2, [](AircraftRec& record) { record.missing = true; });

@@ -4,15 +4,6 @@
 #include "explorer/frmExplorer.h"
 #include "explorer/frmFlightsModel.h"
 #include "support/main_window.h"
-#include "support/traffic.h"
-
-#include <QAbstractItemModelTester>
-#include <QClipboard>
-#include <QHeaderView>
-#include <QListWidget>
-#include <QTabWidget>
-#include <QTableView>
-#include <QToolButton>
 
 namespace vantor::test {
 namespace {

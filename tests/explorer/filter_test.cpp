@@ -3,9 +3,6 @@
 #include "explorer/leg_index.h"
 #include "explorer/leg_sort.h"
 #include "support/test.h"
-#include "support/traffic.h"
-
-#include <utility>
 
 namespace vantor::test {
 namespace {
@@ -24,7 +21,6 @@ std::string textOf(std::span<const LegNumber> rows) {
 class FlightsTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         addAircraft("AC#1", "Boeing 737-400 Skylark");
         addAircraft("AC#12", "Fokker 50 L\xFCtece"); // a small letter of the code page
         changeAircraft(2, [](AircraftRec& record) { record.missing = true; });

@@ -1,18 +1,9 @@
 // Explorer: the page of the routes, driven by mouse and keys.
 #include "explorer/frmRoutes.h"
 #include "explorer/frmRoutesMap.h"
-#include "support/expect_error.h"
-#include "support/fixture.h"
 #include "support/form_driver.h"
-#include "support/traffic.h"
 
-#include <QComboBox>
-#include <QHelpEvent>
-#include <QLabel>
 #include <QPrinter>
-#include <QSignalSpy>
-#include <QToolTip>
-#include <QWheelEvent>
 
 namespace vantor::test {
 namespace {
@@ -20,7 +11,6 @@ namespace {
 class RoutesPageTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         addAirport("EGLL", "London <Heathrow>", 51.47F, -0.45F);
         addAirport("KJFK", "New York", 40.64F, -73.78F);
         addAirport("LFPG", "Paris", 49.01F, 2.55F);

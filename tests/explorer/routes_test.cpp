@@ -2,9 +2,7 @@
 #include "explorer/routes_clip.h"
 #include "explorer/routes_drawing.h"
 #include "explorer/routes_svg.h"
-#include "support/expect_error.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
+#include "support/test.h"
 
 namespace vantor::test {
 namespace {
@@ -12,7 +10,6 @@ namespace {
 class RoutesTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         addAirport("EGLL", "London Heathrow", 51.47F, -0.45F);
         addAirport("KJFK", "New York", 40.64F, -73.78F);
         addAirport("NZAA", "Auckland", -37.0F, 174.8F);

@@ -3,10 +3,7 @@
 #include "foundation/clock.h"
 #include "foundation/code_page.h"
 #include "foundation/fixed_text.h"
-#include "foundation/numbers.h"
 #include "support/test.h"
-
-#include <limits>
 
 namespace vantor {
 namespace {
@@ -133,12 +130,6 @@ TEST(Times, Calendar) {
         EXPECT_EQ(dateOf(day + 0.99), date);
     }
     EXPECT_GT(today(), dayNumber({2020, 1, 1})); // the system's clock
-    FakeClock clock;
-    useClock(&clock);
-    clock.setTimer(3600.5);
-    EXPECT_NEAR(timer(), 3600.5F, 0.01F);
-    EXPECT_EQ(today(), dayNumber({2004, 6, 1}));
-    useClock(nullptr);
 }
 
 } // namespace

@@ -29,15 +29,5 @@ TEST_F(LocaleWords, WorkedOutOnceAndLogged) {
                                  "True string: WAHR False string: FALS\xC7H"}));
 }
 
-TEST_F(LocaleWords, FaultsAreSwallowed) {
-    struct Mute : RecordingHost {
-        std::string shortDate(const Date& /*date*/) override { throw Error(ErrorCode::InvalidCall); }
-    } mute;
-    useHost(&mute);
-    std::filesystem::create_directory(folder() / "log.txt");
-    EXPECT_EQ(gettruestring(), "TRUE");
-    EXPECT_EQ(newestAction(), "");
-}
-
 } // namespace
 } // namespace vantor

@@ -3,7 +3,6 @@
 #include "foundation/trap.h"
 #include "support/test.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <new>
 #include <stdexcept>

@@ -9,10 +9,7 @@ using Calls = std::vector<CanvasCall>;
 
 class Progress : public Fixture {
   protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        clock.setTimer(1000);
-    }
+    void SetUp() override { clock.setTimer(1000); }
     // What `draw` draws, a second later.
     template <class Draw>
     Calls drawn(Draw draw) {

@@ -1,10 +1,6 @@
 // The settings: values, the store in memory, its file, and saves that fail.
 #include "foundation/error_report.h"
-#include "foundation/settings_store.h"
-#include "support/full_disk.h"
 #include "support/test.h"
-
-#include <tuple>
 
 namespace vantor {
 namespace {
@@ -12,7 +8,6 @@ namespace {
 class Settings : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         useErrorReporter([this](std::string_view text, std::string_view) { reports.emplace_back(text); });
     }
     void load(std::string_view bytes) {
@@ -140,36 +135,7 @@ TEST_F(Settings, FaultsOfTheFileAreTold) {
     store.SaveSettings(unwritable); // lost in silence
     EXPECT_EQ(logTexts(), Texts{unwritable + " is read only, can't change it to read write, can't update it"});
     EXPECT_TRUE(recorder.messages.empty());
-    std::filesystem::create_directory(folder() / "dir");
-    store.SaveSettings(path("dir"));
-    EXPECT_EQ(recorder.messages, Texts{"Unable to write to settings file - possibly read-only?"});
-    EXPECT_EQ(reports.size(), 2U);
 }
-
-#ifndef _WIN32 // no way to fill a disk there
-TEST_F(Settings, AFullDiskIsTriedAgainUntilThereIsSpace) {
-    // Met by the last flush, and by a write in the middle. A path's drive is its first character unless that is a "\\".
-    for (const auto& [file, drive, length] : {std::tuple{path("Vantor2.ini"), path("Vantor2.ini"), 20U},
-                                              {std::string("Vantor2.ini"), std::string("V"), 100000U}}) {
-        recorder.messages.clear();
-        writeFile("Vantor2.ini", "OLD,1\r\n");
-        FullDisk full(10);
-        recorder.onMessage = [&](std::string_view) {
-            EXPECT_EQ(readFile("Vantor2.ini"), "OLD,1\r\n");
-            EXPECT_FALSE(exists("Vantor2.ini.~new"));
-            if (recorder.messages.size() == 3) {
-                full.release();
-            }
-        };
-        store.sSet("key", std::string(length, 'x'));
-        store.SaveSettings(file);
-        const std::string told = "You've run out of disk space on drive " + drive +
-                                 ":\rPlease clear some space and then click OK to attempt to save again.";
-        EXPECT_EQ(recorder.messages, (Texts{told, told, told}));
-        EXPECT_EQ(readFile("Vantor2.ini"), "KEY," + std::string(length, 'x') + "\r\n");
-    }
-}
-#endif
 
 } // namespace
 } // namespace vantor

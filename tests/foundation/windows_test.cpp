@@ -6,7 +6,6 @@
 #include "support/test.h"
 
 #include <io.h>
-#include <memory>
 #include <thread>
 #include <windows.h>
 
@@ -23,10 +22,7 @@ using Held = std::unique_ptr<HANDLE, CloseHandleOf>;
 
 class OnWindows : public Fixture {
   protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        writeFile("plans.txt", "old");
-    }
+    void SetUp() override { writeFile("plans.txt", "old"); }
     // A file that another program holds open, with what it lets others do meanwhile.
     Held hold(std::string_view name, DWORD shared) const {
         const HANDLE handle =

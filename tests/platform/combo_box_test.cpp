@@ -1,16 +1,6 @@
-// Tests of the Qt side of the program.
 // The combo box: picking is a click, typing is not, with and without typing.
 #include "platform/colours.h"
-#include "platform/combo_box.h"
 #include "support/form_driver.h"
-
-#include <QCompleter>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QVBoxLayout>
-#include <QWheelEvent>
 
 namespace vantor {
 namespace {

@@ -1,14 +1,7 @@
-// Tests of the Qt side of the program.
-// File, folder and printer dialogs, driven in the toolkit's own dialogs over real folders.
+// File and folder dialogs, driven in the toolkit's own dialogs over real folders.
 #include "foundation/native_path.h"
 #include "platform/file_dialogs.h"
-#include "platform/printer_choice.h"
-#include "support/fixture.h"
 #include "support/form_driver.h"
-
-#include <QDir>
-#include <QFileDialog>
-#include <QPrinter>
 
 namespace vantor {
 namespace {
@@ -75,18 +68,6 @@ TEST_F(DialogsTest, OneOfTwoTrailingBackslashesIsDropped) {
         EXPECT_EQ(chooser.DefaultPath(), kept);
     }
 }
-
-#ifndef _WIN32 // the dialog there is the system's own
-TEST_F(DialogsTest, AChosenPrinterHoldsForTheRunAndACancelChangesNothing) {
-    QWidget owner;
-    const auto dialogs = expectDialog("printDialog", [](QDialog& dialog) { test::pressKey(dialog, Qt::Key_Escape); });
-    QPrinter& before = currentPrinter();
-    before.setDocName(QStringLiteral("kept"));
-    chooseprinter(&owner, "Schedule");
-    EXPECT_EQ(&currentPrinter(), &before);
-    EXPECT_EQ(currentPrinter().docName(), QStringLiteral("kept"));
-}
-#endif
 
 } // namespace
 } // namespace vantor

@@ -1,17 +1,7 @@
-// Tests of the Qt side of the program.
 // The list box: what counts as a click, by mouse, by key and by code, what is selected when it is told, and how that
 // looks. The colours that carry a meaning.
 #include "platform/colours.h"
-#include "platform/list_box.h"
 #include "support/form_driver.h"
-
-#include <QAbstractItemModelTester>
-#include <QApplication>
-#include <QClipboard>
-#include <QDialog>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QVBoxLayout>
 
 namespace vantor {
 namespace {

@@ -1,9 +1,6 @@
-// Tests of the Qt side of the program.
 // The picture box: twips to pixels, colours with red in the low byte, and what stays on the surface.
 #include "platform/picture_box.h"
 #include "support/form_driver.h"
-
-#include <limits>
 
 namespace vantor {
 namespace {

@@ -1,17 +1,6 @@
-// Tests of the Qt side of the program.
 // The code page at Qt's edge, and the Qt host: boxes and their answers, the pointer's balance, event pumps, the
 // locale's words.
-#include "platform/code_page.h"
-#include "platform/qt_host.h"
 #include "support/form_driver.h"
-
-#include <QApplication>
-#include <QCursor>
-#include <QLocale>
-#include <QPushButton>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 namespace vantor {
 namespace {

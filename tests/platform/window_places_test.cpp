@@ -1,13 +1,6 @@
-// Tests of the Qt side of the program.
 // Windows that remember where they stood, held to the screen.
-#include "platform/code_page.h"
 #include "platform/window_places.h"
-#include "support/fixture.h"
-
-#include <QDialog>
-#include <QHeaderView>
-#include <QScreen>
-#include <QTableWidget>
+#include "support/form_driver.h"
 
 namespace vantor::test {
 namespace {

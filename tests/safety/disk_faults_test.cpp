@@ -6,17 +6,13 @@
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
 #include "core/rescue_copy.h"
-#include "core/tables.h"
+#include "foundation/error_report.h"
 #include "foundation/text_files.h"
+#include "simulator/fs_aircraft.h"
 #include "support/disk_faults.h"
 #include "support/test.h"
-#include "support/traffic.h"
 
 #include <cerrno>
-#include <csignal>
-#include <functional>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace vantor {
 namespace {
@@ -36,7 +32,6 @@ struct Writer {
 class DiskFaults : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         for (int number = 1; number <= 100; ++number) {
             addSchedule("AC#1,N1,100%,24HR,IFR", loopOver({"KSEA", "KPDX"}));
             addAircraft("AC#" + std::to_string(number), std::string(80, 't'));
@@ -141,32 +136,52 @@ TEST_F(DiskFaults, TheRescueCopyStaysWhole) {
     EXPECT_EQ(all, 7 + 5 + 6 + 3);
 }
 
-TEST_F(DiskFaults, AKillLeavesTheOldFileOrTheNewOneAndNothingThatIsTakenForTraffic) {
+// What a kill would leave at each call.
+TEST_F(DiskFaults, AtAnyTimeTheOldFileStandsOrTheNewOneAndNothingElseIsTakenForTraffic) {
     const auto& [file, where, save] = writers.front();
     save();
     const std::string whole = readFile(file);
     for (const Fault& fault : writeFaults) {
-        for (int n = 1;; ++n) {
-            SCOPED_TRACE("killed at call " + std::to_string(n) + ", as of " + fault.description);
+        bool met = true;
+        for (int n = 1; met; ++n) {
+            SCOPED_TRACE("ahead of call " + std::to_string(n) + ", as of " + fault.description);
             writeFile(file, "old");
-            const pid_t child = ::fork();
-            if (child == 0) {
-                const DiskFault armed(fault.call, n, [] { std::raise(SIGKILL); });
-                save();
-                ::_exit(0);
-            }
-            int status = 0;
-            ASSERT_EQ(::waitpid(child, &status, 0), child);
-            if (!WIFSIGNALED(status)) {
-                EXPECT_GT(n, 1) << "no such call";
-                EXPECT_EQ(readFile(file), whole) << "what a kill leaves is in the way";
-                break;
-            }
-            EXPECT_EQ(readFile(file), standsAlready(fault.call, n) ? whole : "old");
-            for (const auto& entry : std::filesystem::directory_iterator(folder())) {
-                EXPECT_TRUE(entry.path().filename() == file || entry.path().extension() != ".txt") << entry.path();
-            }
+            const DiskFault look(fault.call, n, [&, &file = file] {
+                EXPECT_EQ(readFile(file), standsAlready(fault.call, n) ? whole : "old");
+                for (const auto& entry : std::filesystem::directory_iterator(folder())) {
+                    EXPECT_TRUE(entry.path().filename() == file || entry.path().extension() != ".txt") << entry.path();
+                }
+            });
+            save();
+            met = look.met();
         }
+    }
+}
+
+// A full disk is tried again. A path's drive is its first character, unless that is a backslash.
+TEST_F(DiskFaults, TheSettingsAreSavedOrTellWhyNot) {
+    const std::string saved = "KEY," + std::string(10000, 'x') + "\r\n";
+    cSHAREDSettings store;
+    store.sSet("key", saved.substr(4, 10000));
+    useErrorReporter([this](std::string_view text, std::string_view) { recorder.messages.emplace_back(text); });
+    for (const auto& [name, drive] : {std::pair(path("Vantor2.ini"), path("Vantor2.ini")), {"Vantor2.ini", "V"}}) {
+        const std::map<DiskCall, std::string> told = {
+            {DiskCall::Open, "Unable to write to settings file - possibly read-only?"},
+            {DiskCall::Write, "You've run out of disk space on drive " + drive +
+                                  ":\rPlease clear some space and then click OK to attempt to save again."},
+            {DiskCall::Sync, "57 - Device I/O error in SaveSettings"},
+            {DiskCall::Rename, "Unable to write to settings file - possibly read-only?"}};
+        const auto begin = [&] {
+            writeFile("Vantor2.ini", "old");
+            recorder.messages.clear();
+        };
+        atEveryCall(
+            begin, [&, &name = name] { store.SaveSettings(name); },
+            [&](const Fault& fault, int n) {
+                const bool silent = n == 0 || standsAlready(fault.call, n);
+                EXPECT_EQ(recorder.messages, silent ? Texts{} : Texts{told.at(fault.call)});
+                EXPECT_EQ(readFile("Vantor2.ini"), silent || fault.call == DiskCall::Write ? saved : "old");
+            });
     }
 }
 
@@ -190,6 +205,18 @@ TEST_F(DiskFaults, EveryReaderTellsWhatItMeets) {
             expectNoFileIsOpen();
         }
         EXPECT_EQ(faultOf(load), "none") << "the next attempt goes well:" << where;
+    }
+    // The scan of the simulator passes over a file that can't be opened.
+    const std::string config = path("aircraft\\a\\aircraft.cfg");
+    writeFile("aircraft\\a\\aircraft.cfg", "title=A\r\n");
+    fsaircraftpath = path("aircraft\\");
+    for (const Fault& fault : readFaults) {
+        const DiskFault armed(fault.call, 1, fault.error);
+        const bool passes = fault.error == EACCES;
+        EXPECT_EQ(faultOf([] { LoadFSAircraft(nullptr); }),
+                  passes ? "none" : fault.description + " in LoadFSAircraft, while attempting to load " + config);
+        EXPECT_EQ(fsaircraftcount, passes ? 1 : 0);
+        EXPECT_EQ(logTexts().back(), "Error 75 in LoadFSAircraft, item " + config);
     }
 }
 

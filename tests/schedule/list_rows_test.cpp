@@ -1,11 +1,6 @@
 #include "core/combo_rows.h"
-#include "foundation/log.h"
 #include "schedule/list_rows.h"
-#include "support/expect_error.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace vantor::test {
 namespace {

@@ -1,24 +1,7 @@
-// Tests of looking at schedules and changing them.
 // The schedule editor, driven with clicks and keys on a small world.
 #include "core/combo_rows.h"
-#include "core/tables.h"
-#include "foundation/log.h"
-#include "platform/code_page.h"
-#include "platform/qt_host.h"
 #include "schedule/frmSchedEdit.h"
-#include "support/fixture.h"
 #include "support/form_driver.h"
-#include "support/traffic.h"
-
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QCompleter>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
 
 namespace vantor::test {
 namespace {
@@ -26,7 +9,6 @@ namespace {
 class ScheduleEditorTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         useHost(&qtHost);
         for (const char* const icao : {"AAAA", "BBBB", "CCCC", "DDDD"}) {
             addAirport(icao, "Town");
@@ -37,10 +19,7 @@ class ScheduleEditorTest : public Fixture {
         addSchedule("AC#12,G-ONE,50%,24HR,VFR", loopOver({"AAAA", "BBBB", "CCCC"})); // C-A A-B B-C
     }
 
-    void TearDown() override {
-        editor.reset();
-        Fixture::TearDown();
-    }
+    void TearDown() override { editor.reset(); }
 
     // Opens the editor and works it.
     void open(std::int32_t recnum = 1, std::initializer_list<std::string_view> steps = {}) {
@@ -110,13 +89,13 @@ TEST_F(ScheduleEditorTest, ShowsTheScheduleAndItsLegs) {
     EXPECT_EQ(legs(), "*CCCC-AAAA AAAA-BBBB BBBB-CCCC");
     EXPECT_EQ(frame(), "CCCC-AAAA -/04:30:15 -/18:00:00 200 F1 TNG 100 NM");
     EXPECT_EQ(warning(), "#c00000 This leg is over 24 hours long!");
-    user({"List1@1"});
+    user({"List1:1"});
     EXPECT_EQ(frame(), "AAAA-BBBB -/18:00:00 -/18:00:00 200 F1 100 NM");
     EXPECT_EQ(warning(), "#008000 ");
 }
 
 TEST_F(ScheduleEditorTest, OkHandsBackEveryFieldAndItCancelsInFourWays) {
-    open(1, {"cmbAircraft@2", "txtRego=1234567890123", "txtPercent=1000", "optIFR", "txtTime=9:05", "txtAltitude=310",
+    open(1, {"cmbAircraft:2", "txtRego=1234567890123", "txtPercent=1000", "optIFR", "txtTime=9:05", "txtAltitude=310",
              "txtFlightNum=77", "chkTNG", "chkUseRego"});
     EXPECT_EQ(frame(), "CCCC-AAAA -/9:05 -/12:00:00 310 R77 TNG 100 NM");
     pressKey(at<QLineEdit>("txtAltitude"), Qt::Key_Return); // OK is the default button
@@ -138,7 +117,7 @@ TEST_F(ScheduleEditorTest, OkHandsBackEveryFieldAndItCancelsInFourWays) {
 }
 
 TEST_F(ScheduleEditorTest, AnAirportIsPickedFoundOrCompletedAndItsNeighbourFollows) {
-    open(1, {"List1@1", "cmbAirport0@3"});
+    open(1, {"List1:1", "cmbAirport0:3"});
     const auto dialogs = expectDialog("frmFind", [](QDialog& dialog) {
         play(dialog, {"txtSearchString=aaaa", "cmdFirst", "cmdOK"});
     });
@@ -168,17 +147,17 @@ TEST_F(ScheduleEditorTest, LegsAreAddedInsertedAndDeletedWithTheirOffsets) {
     EXPECT_EQ(edited().period.text(), "6Hr"); // the default row is no change and no click
 
     addSchedule("AC#1,ONE,100%,6h,IFR", loopOver({"AAAA", "BBBB", "CCCC", "DDDD"})); // D-A A-B B-C C-D
-    open(3, {"List1@3", "cmdDeleteLeg"});
+    open(3, {"List1:3", "cmdDeleteLeg"});
     EXPECT_EQ(legs(), "DDDD-AAAA AAAA-BBBB *BBBB-CCCC");
     EXPECT_EQ(frame().substr(0, 9), "AAAA-BBBB"); // leg 2, two above the one deleted
     EXPECT_TRUE(at<ListBox>("List1").hasFocus());
-    user({"List1@1", "cmdDeleteLeg"});
+    user({"List1:1", "cmdDeleteLeg"});
     EXPECT_EQ(legs(), "*DDDD-AAAA BBBB-CCCC");
     // Leg 0: a blank code is the start of the first row, and times that are none leave what stood there.
     EXPECT_EQ(frame(), "AAAA-AAAA -/12:00:00 -/12:16:00 0 F 0 NM");
     user({"cmdDeleteLeg"});
     EXPECT_EQ(legs(), "*BBBB-CCCC");
-    user({"cmbAirport1@3"}); // without a current leg a destination goes to leg 0 and to the start of leg 1
+    user({"cmbAirport1:3"}); // without a current leg a destination goes to leg 0 and to the start of leg 1
     EXPECT_EQ(legs(), "*DDDD-CCCC");
     user({"cmdDeleteLeg"});
     EXPECT_EQ(legs(), "");
@@ -186,47 +165,34 @@ TEST_F(ScheduleEditorTest, LegsAreAddedInsertedAndDeletedWithTheirOffsets) {
     EXPECT_EQ(accepted().legcount, 0);
 }
 
-TEST_F(ScheduleEditorTest, StartsFromNoLegsAtAll) {
-    addSchedule("AC#1,ONE,100%,6h,IFR", {});
-    open(2);
-    EXPECT_EQ(legs() + field("txtTime"), "00:00");
-    user({"cmdDeleteLeg", "cmdInsertLeg"});
-    EXPECT_EQ(legs(), "-"); // and none is current
-    user({"cmdInsertLeg"}); // ahead of the last
-    EXPECT_EQ(legs(), "- -");
-    user({"cmdDeleteLeg"}); // no row is current: nothing goes
-    EXPECT_EQ(legs(), "*- -");
-    EXPECT_EQ(accepted().legcount, 2);
-}
-
 TEST_F(ScheduleEditorTest, ABadTimeKeepsTheLegInTheFrame) {
     const std::string message(invalidTimeText);
     const auto boxes = answerBoxes({{message}, {message}, {message}});
-    open(1, {"txtTime=abc", "txtRego=NEW", "List1@2"});
+    open(1, {"txtTime=abc", "txtRego=NEW", "List1:2"});
     EXPECT_EQ(legs(), "CCCC-AAAA AAAA-BBBB *BBBB-CCCC");
     EXPECT_EQ(frame(), "CCCC-AAAA -/abc -/12:00:00 200 F1 100 NM");
     user({"cmdOK", "txtTime=1:00", "txtAltitude=high", "cmdOK"}); // a level has no words of its own
     EXPECT_TRUE(editor->isVisible());
     EXPECT_EQ(field("txtRego") + " " + frame(), "NEW CCCC-AAAA -/1:00 -/12:00:00 high F1 100 NM");
-    user({"txtAltitude=99", "List1@1"});
+    user({"txtAltitude=99", "List1:1"});
     EXPECT_EQ(textOf(edited().legs[1]), "CCCC-AAAA -1/01:00:00 0/01:16:00 99 F1 0nm 0.00h 1001");
     EXPECT_EQ(frame().substr(0, 9), "AAAA-BBBB");
     accepted();
 }
 
 TEST_F(ScheduleEditorTest, AWeeklyScheduleGetsItsDays) {
-    open(1, {"cmbRepeat@7", "chkFix", "cmbDay1@3", "txtETA=23:45", "txtTime=x"});
+    open(1, {"cmbRepeat:7", "chkFix", "cmbDay1:3", "txtETA=23:45", "txtTime=x"});
     EXPECT_TRUE(at<QLabel>("lblDay2").isVisible());
     const auto boxes = answerBoxes({{std::string(invalidTimeText)}});
-    user({"List1@1"}); // the departure without a day jumps to Sunday, whatever the time
+    user({"List1:1"}); // the departure without a day jumps to Sunday, whatever the time
     EXPECT_EQ(combo("cmbDay0"), "Sun");
-    user({"txtTime=12:00", "List1@1"});
+    user({"txtTime=12:00", "List1:1"});
     EXPECT_EQ(textOf(edited().legs[1]), "CCCC-AAAA 0/12:00:00 @2/23:45:00 200 F1 0nm 0.00h 1001");
     EXPECT_FALSE(at<ComboBox>("cmbDay1").isVisible());
     pressKey(at<ListBox>("List1"), Qt::Key_Up);
     EXPECT_EQ(frame(), "CCCC-AAAA Sun/12:00:00 Tue/@23:45:00 200 F1 0 NM");
     EXPECT_TRUE(at<ComboBox>("cmbDay1").isEnabled());
-    user({"cmbRepeat@3"});
+    user({"cmbRepeat:3"});
     EXPECT_FALSE(edited().weekly);
     EXPECT_FALSE(at<ComboBox>("cmbDay0").isEnabled());
     EXPECT_EQ(edited().legs[1].arrday, 2); // days of legs not visited again stay
@@ -235,14 +201,14 @@ TEST_F(ScheduleEditorTest, AWeeklyScheduleGetsItsDays) {
 // What OK hands back must be a line of the file that can be read again.
 TEST_F(ScheduleEditorTest, LegsThatWereNeverShownAreCompleteAndFieldsTakeNothingThatWouldPartTheLine) {
     markDeleted(2);
-    open(1, {"cmbRepeat@7"});
+    open(1, {"cmbRepeat:7"});
     const ScheduleRec weekly = accepted();
     EXPECT_EQ(weekly.acnum.text(), "AC#1"); // a deleted aircraft gives way to the first row
     EXPECT_EQ(weekly.percent.text(), "50%");
     for (const LegRec& leg : weekly.legs) {
         EXPECT_EQ(leg.depday, 0) << leg.fromicao.text();
     }
-    open(1, {"List1@0", "cmdDeleteLeg", "List1@0", "cmdDeleteLeg", "List1@0", "cmdDeleteLeg"});
+    open(1, {"List1:0", "cmdDeleteLeg", "List1:0", "cmdDeleteLeg", "List1:0", "cmdDeleteLeg"});
     user({"cmdAddLeg", "cmdAddLeg"}); // they take after no leg at all
     for (const ScheduleRec anew = accepted(); const LegRec& leg : anew.legs) {
         EXPECT_FALSE(leg.dep.text().empty());

@@ -1,6 +1,5 @@
 // Every control that a key reaches has a name in the accessibility tree, the names of a window tell them apart, and no
 // two have one mnemonic.
-#include "platform/code_page.h"
 #include "schedule/frmFind.h"
 #include "schedule/frmSchedEdit.h"
 #include "shell/fSHAREDAbout.h"
@@ -10,11 +9,6 @@
 #include "support/main_window.h"
 #include "views/frmChart.h"
 #include "views/frmMap.h"
-
-#include <QAccessible>
-#include <QGroupBox>
-
-#include <set>
 
 namespace vantor::test {
 namespace {

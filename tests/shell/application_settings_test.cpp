@@ -1,9 +1,6 @@
 // Tests of the settings that the program reads at its start, and of the GMT offset as the user types it.
-#include "core/tables.h"
-#include "foundation/log.h"
-#include "foundation/settings_store.h"
 #include "shell/application_settings.h"
-#include "support/fixture.h"
+#include "support/test.h"
 
 namespace vantor {
 namespace {
@@ -54,7 +51,8 @@ TEST_F(ApplicationSettings, AnyModeButTwoActsAsFs2004) {
 }
 
 TEST_F(ApplicationSettings, AValueOfTheWrongFormLeavesItsGlobalAndTheRestIsRead) {
-    read("FSMODE, 4 \r\nGMTOFFSET,.25\r\n");
+    read("AIRCRAFTTXT2K2,E:\\other.txt\r\nAIRCRAFTTXT2K4,E:\\mine.txt\r\nFSMODE, 4 \r\nGMTOFFSET,.25\r\n");
+    EXPECT_EQ(configuredFiles(defaultFiles()).aircraft, "E:\\mine.txt");
     read("FSMODE,70000\r\nFS2K4PATH,F:\\FS9\\\r\nGMTOFFSET,noon\r\n");
     EXPECT_EQ(gmtoffset, 0.25F);
     EXPECT_EQ(fsmode, 4);

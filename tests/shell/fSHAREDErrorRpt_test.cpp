@@ -1,24 +1,15 @@
 // The error report dialog.
 #include "foundation/error_report.h"
 #include "foundation/error_report_text.h"
-#include "platform/code_page.h"
 #include "shell/fSHAREDErrorRpt.h"
-#include "support/fixture.h"
 #include "support/form_driver.h"
-
-#include <QGroupBox>
-#include <QLabel>
-#include <QPlainTextEdit>
 
 namespace vantor::test {
 namespace {
 
 class ErrorDialog : public Fixture {
   protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        useErrorReporter(showErrorReport);
-    }
+    void SetUp() override { useErrorReporter(showErrorReport); }
     /// Shows a failure and lets `user` have the dialog, which is left by its button if `user` did not close it.
     static void shown(std::string_view text, const std::function<void(fSHAREDErrorRpt&)>& user) {
         const Expectation expected = expectDialog("fSHAREDErrorRpt", [&](QDialog& dialog) {

@@ -1,14 +1,7 @@
-// Tests of the main window.
-// Its lists, the boxes that choose what they show, and the buttons under them. What rows say and which buttons they
-// allow is tested without the window.
-#include "platform/code_page.h"
+// The main window: its lists, the boxes that choose what they show, and the buttons under them. What rows say and which
+// buttons they allow is tested without the window.
 #include "schedule/schedule_commands.h"
 #include "support/main_window.h"
-#include "support/traffic.h"
-
-#include <QApplication>
-#include <QGroupBox>
-#include <QPushButton>
 
 namespace vantor::test {
 namespace {

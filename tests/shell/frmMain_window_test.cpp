@@ -1,23 +1,6 @@
-// Tests of the main window.
-// Its life: the first start, the mode, the ways out, and the keyboard's way through it.
-#include "core/tables.h"
-#include "foundation/log.h"
-#include "foundation/settings_store.h"
-#include "platform/code_page.h"
-#include "shell/application_loop.h"
+// The main window: its life: the first start, the mode, the ways out, and the keyboard's way through it.
 #include "shell/application_settings.h"
 #include "support/main_window.h"
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QGroupBox>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSplitter>
-
-#include <cstdlib>
-#include <functional>
-#include <set>
 
 namespace vantor::test {
 namespace {
@@ -68,17 +51,9 @@ TEST_F(FirstStartTest, AStartThatFailsTellsItAndEnds) {
     EXPECT_TRUE(form().ended());
 }
 
-// A host in whose event pumps something happens, as a window system may deliver it, and whose questions may fail.
 class OddHost : public QtHost {
   public:
-    std::function<void()> onPump;
     bool questionsFail = false;
-    void pumpEvents(Pump what) override {
-        if (onPump) {
-            onPump();
-        }
-        QtHost::pumpEvents(what);
-    }
     bool askYesNo(std::string_view text) override {
         return questionsFail ? throw Error(ErrorCode::OutOfMemory) : QtHost::askYesNo(text);
     }
@@ -132,29 +107,6 @@ TEST_F(LifeTest, TheCloseBoxClosesWhateverTheAnswer) {
     const Expectation boxes = answerBoxes({{loseChanges, QMessageBox::No}});
     EXPECT_EQ(exitCodeOf([this] { form().close(); }), 0);
     EXPECT_EQ(leftBehind(), "ended 4") << "No skips the clearing up";
-}
-
-TEST_F(LifeTest, ACloseWaitsForTheEndOfTheLoad) {
-    const int code = exitCodeOf([this] {
-        schedulecount = 0;
-        bool splashSeen = false;
-        host.onPump = [&] {
-            form().close();
-            EXPECT_EQ(leftBehind().substr(0, 8), "visible ");
-            for (const QWidget* const other : form().findChildren<QWidget*>(QStringLiteral("frmSplash"))) {
-                splashSeen = splashSeen || other->isVisible();
-                const QPoint apart = other->frameGeometry().center() - form().frameGeometry().center();
-                EXPECT_LE(other->isVisible() ? apart.manhattanLength() : 0, 2) << "it stands over its window";
-            }
-        };
-        press("cmdReload");
-        host.onPump = {};
-        EXPECT_TRUE(splashSeen) << "the load never let events run";
-        EXPECT_EQ(schedulecount, 4);
-        EXPECT_TRUE(form().isVisible()) << "the close comes behind the command";
-    });
-    EXPECT_EQ(code, 0);
-    EXPECT_EQ(leftBehind(), "ended dumped 0");
 }
 
 TEST_F(LifeTest, HasALeastSizeThatHoldsItsControls) {

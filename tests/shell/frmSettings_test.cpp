@@ -1,16 +1,8 @@
 // Tests of the settings dialog, driven by real clicks and keys.
-#include "core/tables.h"
-#include "foundation/settings_store.h"
-#include "foundation/text.h"
-#include "platform/code_page.h"
-#include "platform/qt_host.h"
 #include "shell/application_settings.h"
 #include "shell/frmSettings.h"
 #include "shell/path_label.h"
-#include "support/fixture.h"
 #include "support/form_driver.h"
-
-#include <QLineEdit>
 
 namespace vantor::test {
 namespace {
@@ -18,17 +10,13 @@ namespace {
 class FrmSettings : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         useHost(&m_host);
         writeFile("Vantor2.ini", stored);
         LoadSettings(settingsFile());
         readsettings();
         open();
     }
-    void TearDown() override {
-        form.reset();
-        Fixture::TearDown();
-    }
+    void TearDown() override { form.reset(); }
     void open() {
         form = std::make_unique<frmSettings>();
         form->show();

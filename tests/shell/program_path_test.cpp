@@ -1,6 +1,6 @@
 // Tests of where the program stands when it was started through a link or as a copy.
 #include "shell/program_path.h"
-#include "support/fixture.h"
+#include "support/test.h"
 
 namespace vantor {
 namespace {

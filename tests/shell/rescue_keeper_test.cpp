@@ -1,9 +1,6 @@
-// Tests of the main window.
 // The rescue copy from a change to its restoring, and saves over files that another program has written.
-#include "shell/application_loop.h"
 #include "shell/rescue_keeper.h"
 #include "support/main_window.h"
-#include "support/traffic.h"
 
 #include <chrono>
 

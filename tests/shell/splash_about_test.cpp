@@ -1,17 +1,12 @@
 // Tests of the splash, the about box and the pictures.
 #include "foundation/native_path.h"
 #include "foundation/progress.h"
-#include "platform/code_page.h"
 #include "platform/picture_box.h"
 #include "shell/application_settings.h"
 #include "shell/artwork.h"
 #include "shell/fSHAREDAbout.h"
 #include "shell/frmSplash.h"
-#include "support/fixture.h"
 #include "support/form_driver.h"
-
-#include <QLabel>
-#include <QPlainTextEdit>
 
 namespace vantor::test {
 namespace {

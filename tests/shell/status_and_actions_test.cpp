@@ -1,19 +1,8 @@
-// Tests of the main window.
-// Its status line, and what keys, double clicks and context menus do beside the buttons.
-#include "core/tables.h"
+// The main window: its status line, and what keys, double clicks and context menus do beside the buttons.
 #include "foundation/host.h"
-#include "platform/code_page.h"
 #include "platform/colours.h"
 #include "support/main_window.h"
 #include "support/traffic.h"
-
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QDragEnterEvent>
-#include <QLabel>
-#include <QMenu>
-#include <QMimeData>
-#include <QTimer>
 
 namespace vantor::test {
 namespace {

@@ -1,12 +1,6 @@
 // The buttons for the simulator's tool and the aircraft report, over a stand-in for the tool.
-#include "core/tables.h"
 #include "support/main_window.h"
 #include "support/stand_in_tool.h"
-#include "support/traffic.h"
-
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
 
 namespace vantor::test {
 namespace {

@@ -1,7 +1,5 @@
-// Tests of the main window.
 // Undo and Redo by their keys, with what the window shows afterwards.
 #include "support/main_window.h"
-#include "support/traffic.h"
 
 namespace vantor::test {
 namespace {

@@ -1,19 +1,12 @@
-// Tests of the main window.
 // Newer versions: the button, the automatic check, the hand-over to the installer, and what the user does meanwhile:
 // the waits of a transfer let everything through, unlike all other commands.
-#include "foundation/settings_store.h"
-#include "shell/application_loop.h"
 #include "shell/application_settings.h"
 #include "shell/update_commands.h"
 #include "support/main_window.h"
 #include "support/stand_in_tool.h"
-#include "support/table_invariants.h"
 #include "update/fSHAREDUpdater.h"
 #include "update/scripted_control.h"
 #include "walks/queued_user.h"
-
-#include <QLabel>
-#include <QTimer>
 
 namespace vantor::test {
 namespace {
@@ -99,11 +92,13 @@ TEST_F(UpdateCommands, TheAutomaticCheckNeedsLeaveAWeekAndNoOpenDialog) {
     EXPECT_TRUE(script.requests.empty());
 }
 
-class HandOver : public UpdateCommands, public ::testing::WithParamInterface<bool> {};
-
-// To a native installer, or through Wine to one for Windows.
-TEST_P(HandOver, StartsTheInstallerWithTheCaptionAndLeaves) {
-    const bool wine = GetParam();
+// Through Wine to an installer for Windows; there it simply runs.
+TEST_F(UpdateCommands, StartsTheInstallerWithTheCaptionAndLeaves) {
+#ifdef _WIN32
+    const bool wine = false;
+#else
+    const bool wine = true;
+#endif
     const auto folderOfCalls = wine ? folder() / "bin" : folder();
     writeFile("Updater.exe", "MZ");
     writeStandInTool(wine ? folderOfCalls / "wine" : folder() / "Updater.exe");
@@ -130,12 +125,6 @@ TEST_P(HandOver, StartsTheInstallerWithTheCaptionAndLeaves) {
                                                     " [Vantor] [" + appversion() + "]"));
     qputenv("PATH", search);
 }
-
-#ifdef _WIN32 // there it simply runs
-INSTANTIATE_TEST_SUITE_P(ToTheInstaller, HandOver, ::testing::Values(false));
-#else
-INSTANTIATE_TEST_SUITE_P(ToTheInstaller, HandOver, ::testing::Bool());
-#endif
 
 TEST_F(UpdateCommands, TheProgramStaysWithoutAnInstallerOrWithoutLeave) {
     press("cmdCheckUpdate");
@@ -182,22 +171,6 @@ class DuringATransfer : public UpdateCommands, public testing::WithParamInterfac
     DialogService user{[](QDialog& dialog) { dialog.close(); }};
 };
 
-TEST_P(DuringATransfer, CommandsRunToTheirEndButStartNoOtherTransfer) {
-    transfer([this] {
-        queueClick(form(), "cmdCheckUpdate");
-        for (const char* const button : {"cmdCheckAgain", "cmdShowDetail", "cmdDownload", "cmdDownloadInstall"}) {
-            if (updater().isVisible()) {
-                queueClick(updater(), button);
-            }
-        }
-        queueClick(form(), "cmdCopy");
-    });
-    EXPECT_EQ(script.requests.size(), isDownload() ? 2U : 1U);
-    EXPECT_EQ(schedulecount, 5);
-    EXPECT_TRUE(form().workspace().unsavedchanges);
-    EXPECT_EQ(tableFaults(), std::vector<std::string>());
-}
-
 TEST_P(DuringATransfer, AnExitOrACloseEndsItAndTheProgram) {
     for (const bool closes : {false, true}) {
         script.replies[isDownload() ? setup : current].hangs = true;
@@ -208,30 +181,10 @@ TEST_P(DuringATransfer, AnExitOrACloseEndsItAndTheProgram) {
         EXPECT_FALSE(exists("VantorUpd.exe"));
         TearDown();
         exitCodeOf([] {}); // the loop that hears of the end
+        cleanUp();
+        prepare();
         SetUp();
     }
-}
-
-TEST_P(DuringATransfer, ACloseDuringALoadWaitsForTheLoad) {
-    std::int32_t loaded = 0;
-    EXPECT_EQ(exitCodeOf([&] {
-                  transfer([&] {
-                      schedulecount = 0;
-                      host.beforePump = [&](int) {
-                          const auto* const splash = form().findChild<QWidget*>(QStringLiteral("frmSplash"));
-                          const bool loading = splash != nullptr && splash->isVisible();
-                          if (loading) {
-                              queueClose(form());
-                          }
-                          EXPECT_FALSE(loading && form().ended());
-                          loaded = schedulecount;
-                      };
-                      queueClick(form(), "cmdReload");
-                  });
-              }),
-              0);
-    EXPECT_EQ(loaded, 4);
-    EXPECT_TRUE(form().ended());
 }
 
 INSTANTIATE_TEST_SUITE_P(, DuringATransfer, testing::Values("check", "silent", "download"),

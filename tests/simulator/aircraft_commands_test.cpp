@@ -1,9 +1,5 @@
 // Tests of the main window's aircraft commands from end to end.
-#include "core/tables.h"
 #include "support/main_window.h"
-#include "support/traffic.h"
-
-#include <QLabel>
 
 namespace vantor::test {
 namespace {

@@ -1,10 +1,8 @@
 // The report on the simulator's aircraft folders.
-#include "core/tables.h"
 #include "foundation/channels.h"
-#include "foundation/log.h"
 #include "foundation/native_path.h"
 #include "simulator/aircraft_report.h"
-#include "support/fixture.h"
+#include "support/test.h"
 
 namespace vantor::test {
 namespace {
@@ -13,10 +11,7 @@ namespace fs = std::filesystem;
 
 class AircraftReportTest : public Fixture {
   protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        fsaircraftpath = path(root);
-    }
+    void SetUp() override { fsaircraftpath = path(root); }
     void addAircraftFolder(const std::string& name, const std::string& cfg,
                            std::initializer_list<const char*> folders = {}) const {
         writeFile(root + name + "\\aircraft.cfg", cfg);

@@ -1,12 +1,6 @@
 // Tests of the dialog for picking an aircraft, driven by real clicks and keys.
-#include "platform/code_page.h"
-#include "platform/qt_host.h"
 #include "simulator/frmAircraftSub.h"
-#include "support/fixture.h"
 #include "support/form_driver.h"
-
-#include <QLabel>
-#include <QLineEdit>
 
 namespace vantor::test {
 namespace {

@@ -1,17 +1,6 @@
 // The scan of the simulator's aircraft.
-#include "core/tables.h"
-#include "foundation/numbers.h"
 #include "simulator/fs_aircraft.h"
-#include "support/expect_error.h"
-#include "support/fixture.h"
-
-#include <algorithm>
-#include <filesystem>
-#include <string>
-
-#ifndef _WIN32
-#include <sys/stat.h>
-#endif
+#include "support/test.h"
 
 namespace vantor::test {
 namespace {
@@ -21,7 +10,6 @@ namespace fs = std::filesystem;
 class SimulatorScanTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         fs::create_directories(root());
         fsaircraftpath = path("aircraft\\");
     }
@@ -88,31 +76,6 @@ TEST_F(SimulatorScanTest, StopsAtASpeedBeyondItsField) {
               "6 Overflow in LoadFSAircraft, while attempting to load " + path("aircraft\\b\\aircraft.cfg"));
     EXPECT_EQ(fsaircraftcount, 0);
     EXPECT_TRUE(recorder.messages.empty());
-}
-
-#ifndef _WIN32
-TEST_F(SimulatorScanTest, PassesOverAFileThatCannotBeOpened) {
-    addConfig("a", "title=first\n");
-    addConfig("c", "title=last\n");
-    fs::create_directory(root() / "b");
-    // A pipe is there and can't be read, whoever runs the tests.
-    ASSERT_EQ(mkfifo((root() / "b" / "aircraft.cfg").c_str(), 0600), 0);
-    EXPECT_EQ(scan(), R"("first" 250|"last" 250|)");
-    // Both passes over the file are tried.
-    EXPECT_EQ(std::ranges::count(logTexts(), "Error 75 in LoadFSAircraft, item " + path("aircraft\\b\\aircraft.cfg")),
-              2);
-    EXPECT_TRUE(recorder.messages.empty());
-}
-#endif
-
-TEST_F(SimulatorScanTest, ShowsItsProgress) {
-    addConfig("a", "");
-    fs::create_directories(root() / "b");
-    RecordingCanvas canvas;
-    LoadFSAircraft(&canvas);
-    EXPECT_EQ(canvas.all<DrawnText>().at(0).text, "Loading FS Aircraft");
-    // The last folder counts, though it has no file: the bar ends full.
-    EXPECT_EQ(canvas.all<FilledBox>().at(1).x2, canvas.width);
 }
 
 } // namespace

@@ -4,8 +4,6 @@
 #include "support/stand_in_tool.h"
 #include "support/test.h"
 
-#include <cstdlib>
-
 namespace vantor {
 namespace {
 

@@ -1,14 +1,9 @@
 // The check ahead of a compile, the tool's command lines, and runs of a real process.
 #include "core/load_pipeline.h"
-#include "core/tables.h"
-#include "foundation/log.h"
 #include "foundation/process.h"
 #include "simulator/traffic_tool.h"
-#include "support/fixture.h"
 #include "support/stand_in_tool.h"
-#include "support/traffic.h"
-
-#include <cstdlib>
+#include "support/test.h"
 
 namespace vantor::test {
 namespace {
@@ -18,7 +13,6 @@ namespace fs = std::filesystem;
 class MissingAirportsTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         addAirport("EGLL", "Heathrow");
         addAirport("LFPG", "Paris");
     }

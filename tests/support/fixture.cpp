@@ -47,7 +47,7 @@ void forgetActions() {
     actionRing() = ActionRing(dumpactions);
 }
 
-void Fixture::SetUp() {
+void Fixture::prepare() {
     resetGlobals();
     useClock(&clock);
     useHost(&recorder);
@@ -57,7 +57,7 @@ void Fixture::SetUp() {
     setProgramFile(m_folder / "Vantor");
 }
 
-void Fixture::TearDown() {
+void Fixture::cleanUp() {
     resetGlobals();
     std::error_code ignored;
     std::filesystem::current_path(m_startFolder, ignored);

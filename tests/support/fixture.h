@@ -36,8 +36,11 @@ void forgetActions();
 
 class Fixture : public ::testing::Test {
   protected:
-    void SetUp() override;
-    void TearDown() override;
+    Fixture() { prepare(); }
+    ~Fixture() override { cleanUp(); }
+    /// What comes ahead of a test and behind it, for one that starts anew.
+    void prepare();
+    void cleanUp();
 
     /// The test's own folder, which is the program's folder and the current one too.
     [[nodiscard]] const std::filesystem::path& folder() const { return m_folder; }

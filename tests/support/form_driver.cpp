@@ -1,21 +1,6 @@
-// Test support: what several rooms' tests share.
-// Drives forms as a user does: controls by object name, real clicks and keys, answers to the boxes that come up.
 #include "support/form_driver.h"
 
-#include "platform/code_page.h"
-#include "platform/qt_host.h"
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTimer>
-
 #include <deque>
-#include <gtest/gtest.h>
-#include <utility>
 
 namespace vantor::test {
 
@@ -157,21 +142,25 @@ void typeOver(QWidget& field, std::string_view text) {
     QTest::keyClicks(&field, toQString(text));
 }
 
+void act(QWidget& form, std::string_view what) {
+    const std::size_t mark = what.find_first_of(":+=");
+    auto& widget = control<QWidget>(form, what.substr(0, mark));
+    if (mark == std::string_view::npos) {
+        click(widget);
+    } else if (what[mark] == '=') {
+        typeOver(widget, what.substr(mark + 1));
+    } else if (const int row = std::stoi(std::string(what.substr(mark + 1)));
+               auto* const list = qobject_cast<ListBox*>(&widget)) {
+        clickRow(*list, row, what[mark] == '+' ? Qt::ControlModifier : Qt::NoModifier);
+    } else {
+        pickRow(dynamic_cast<ComboBox&>(widget), row);
+    }
+}
+
 void play(QWidget& form, std::initializer_list<std::string_view> steps) {
     for (const std::string_view step : steps) {
         SCOPED_TRACE(step);
-        const std::size_t mark = step.find_first_of("=@");
-        auto& widget = control<QWidget>(form, step.substr(0, mark));
-        if (mark == std::string_view::npos) {
-            click(widget);
-        } else if (step[mark] == '=') {
-            typeOver(widget, step.substr(mark + 1));
-        } else if (const int row = std::stoi(std::string(step.substr(mark + 1)));
-                   auto* const list = qobject_cast<ListBox*>(&widget)) {
-            clickRow(*list, row);
-        } else {
-            pickRow(dynamic_cast<ComboBox&>(widget), row);
-        }
+        act(form, step);
     }
 }
 

@@ -1,24 +1,17 @@
-// Test support: what several rooms' tests share.
+// Test support: one include for every test of a form.
 // Drives forms as a user does: controls by object name, real clicks and keys, answers to the boxes that come up.
 #pragma once
 
+#include "platform/code_page.h"
 #include "platform/combo_box.h"
 #include "platform/list_box.h"
+#include "platform/qt_host.h"
+#include "support/test.h"
 
-#include <QDialog>
-#include <QImage>
-#include <QMessageBox>
-#include <QObject>
-#include <QString>
-#include <QTest>
-#include <QWidget>
+#include <QtTest>
+#include <QtWidgets>
 
-#include <functional>
-#include <memory>
 #include <stdexcept>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace vantor::test {
 
@@ -51,8 +44,9 @@ void typeOver(QWidget& field, std::string_view text);
 void enterFileName(QDialog& dialog, const QString& name);
 /// Where the pixels of these colours stand in a picture; null where there are none.
 [[nodiscard]] QRect extentOf(const QImage& image, const std::function<bool(QRgb)>& matches);
-/// Works a form as a user does, step by step: "control" clicks it, "control=text" types over what stands in it, and
-/// "control@row" picks a row of a list or combo box.
+/// Does one thing in a form, as a user does: clicks a control ("cmdCopy"), clicks the row of a list or picks that of a
+/// box ("List1:3", "cmbAC:1"), adds a row to the selection ("List1+3"), or types over a text ("txtNewFL=350").
+void act(QWidget& form, std::string_view what);
 void play(QWidget& form, std::initializer_list<std::string_view> steps);
 /// Presses one key.
 void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

@@ -1,37 +1,37 @@
-// Test support: what several rooms' tests share.
-// The main window over a small traffic of its own, loaded from files as the user loads it.
+// Test support: one include for every test of the main window, over a small traffic of its own, loaded from files as
+// the user loads it.
 #pragma once
 
-#include "platform/code_page.h"
-#include "platform/qt_host.h"
 #include "shell/frmMain.h"
 #include "shell/lists.h"
-#include "support/fixture.h"
 #include "support/form_driver.h"
 
-#include <QLineEdit>
-
-#include <functional>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 namespace vantor::test {
+
+/// What exitCodeOf gives when the program went on.
+inline constexpr int stillRuns = 99;
+
+/// Runs the application's event loop, lets the user act in it, and gives the program's exit code.
+inline int exitCodeOf(const std::function<void()>& user) {
+    QTimer act;
+    act.setSingleShot(true);
+    QTimer after;
+    after.setSingleShot(true);
+    QObject::connect(&after, &QTimer::timeout, qApp, [] { QCoreApplication::exit(stillRuns); });
+    QObject::connect(&act, &QTimer::timeout, qApp, [&] {
+        user();
+        after.start(0); // behind all that the user's act has posted
+    });
+    act.start(0);
+    return QCoreApplication::exec();
+}
 
 /// A main window that the test opens, and the ways to its controls.
 class WindowFixture : public Fixture {
   protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        useHost(&m_host);
-    }
+    void SetUp() override { useHost(&m_host); }
 
-    void TearDown() override {
-        m_form.reset();
-        Fixture::TearDown();
-    }
+    void TearDown() override { m_form.reset(); }
 
     /// Opens a window, in place of one that stands.
     frmMain& open() {
@@ -57,22 +57,7 @@ class WindowFixture : public Fixture {
     [[nodiscard]] ListBox& list(std::string_view name) const { return control<ListBox>(*m_form, name); }
     [[nodiscard]] ComboBox& combo(std::string_view name) const { return control<ComboBox>(*m_form, name); }
 
-    /// Does one thing in the window, as a user does: presses a button ("cmdCopy"), clicks the row of a list ("List1:3")
-    /// or adds it to the selection ("List1+3"), picks a row of a box ("cmbAC:1"), or types ("txtNewFL=350").
-    void act(std::string_view what) const {
-        const std::size_t mark = what.find_first_of(":+=");
-        const std::string_view name = what.substr(0, mark);
-        if (mark == std::string_view::npos) {
-            press(name);
-        } else if (what[mark] == '=') {
-            typeOver(control<QWidget>(*m_form, name), what.substr(mark + 1));
-        } else if (name.starts_with("List")) {
-            clickRow(list(name), std::stoi(std::string(what.substr(mark + 1))),
-                     what[mark] == '+' ? Qt::ControlModifier : Qt::NoModifier);
-        } else {
-            pickRow(combo(name), std::stoi(std::string(what.substr(mark + 1))));
-        }
-    }
+    void act(std::string_view what) const { test::act(*m_form, what); }
 
     /// One thing that a user does, what then is seen in the window (empty: nobody looks), and the answers to the boxes
     /// that come up.

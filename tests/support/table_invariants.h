@@ -1,17 +1,8 @@
-// Test support: what several rooms' tests share.
-// What holds of the traffic's tables after any command, and a copy of them to compare with.
+// Test support: what holds of the traffic's tables after any command, and a copy of them to compare with.
 #pragma once
 
 #include "core/aircraft_table.h"
-#include "core/codes.h"
-#include "core/tables.h"
-#include "foundation/text.h"
-
-#include <cmath>
-#include <set>
-#include <string>
-#include <string_view>
-#include <vector>
+#include "support/test.h"
 
 namespace vantor::test {
 
@@ -110,23 +101,6 @@ inline void checkSchedules(Faults& faults) {
     }
 }
 
-inline void checkAirports(Faults& faults) {
-    faults.expect(airportcount >= 0 && airportcount <= airports.RecordCount(), "airports beyond the capacity");
-    std::set<std::string_view> seen;
-    for (std::int32_t slot = std::min(airportcount, airports.RecordCount()); slot >= 1; --slot) {
-        const AirportRec& airport = airports.peek(slot);
-        const AirportRec* const found = airports.findInPlace(airport.icao.text());
-        const bool newest = seen.insert(airport.icao.text()).second; // of several with one code the newest is found
-        faults.expect(found != nullptr && (!newest || found == &airport),
-                      "airport " + std::string(airport.icao.text()) + " not found by its code");
-    }
-    for (std::int32_t slot = airportcount + 1; slot <= airports.RecordCount(); ++slot) {
-        if (!airports.peek(slot).icao.text().empty()) {
-            faults.expect(false, "airport slot " + std::to_string(slot) + " behind the last is not blank");
-        }
-    }
-}
-
 inline void checkAircraft(Faults& faults) {
     faults.expect(aircraftcount >= 0 && aircraftcount <= aircraft.size(), "aircraft beyond their table");
     for (std::int32_t i = 1; i <= std::min(aircraftcount, aircraft.size()); ++i) {
@@ -145,10 +119,6 @@ inline void checkAircraft(Faults& faults) {
         faults.expect(aircraft[i] == AircraftRec(), "an aircraft behind the last one");
     }
     faults.expect(fsaircraftcount == fsaircraft.size(), "simulator aircraft and their count differ");
-    for (const AircraftRec& found : fsaircraft) {
-        const std::string_view mark = found.acnum.text();
-        faults.expect(mark.empty() || mark == "0" || mark == "-1", "a simulator aircraft has a code");
-    }
 }
 
 /// What is wrong with the tables, a line for each fault; empty when they hold together. Not for the tables that a
@@ -156,7 +126,6 @@ inline void checkAircraft(Faults& faults) {
 [[nodiscard]] inline std::vector<std::string> tableFaults() {
     Faults faults;
     checkAircraft(faults);
-    checkAirports(faults);
     checkSchedules(faults);
     return faults.lines();
 }

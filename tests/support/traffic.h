@@ -1,5 +1,4 @@
-// Test support: what the tests of all rooms share.
-// Builds traffic straight in the global tables, without a file.
+// Test support: traffic built straight in the global tables, without a file, and the text of what stands there.
 #pragma once
 
 #include "core/codes.h"

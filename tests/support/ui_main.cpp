@@ -1,10 +1,5 @@
-// Test support: what several rooms' tests share.
 // The main function of the form tests: an application without a screen.
 #include "support/form_driver.h"
-
-#include <QApplication>
-
-#include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {

@@ -1,5 +1,4 @@
 // Tests of when the program asks by itself.
-#include "foundation/settings_store.h"
 #include "support/test.h"
 #include "update/automatic_check.h"
 
@@ -9,7 +8,6 @@ namespace {
 class AutomaticCheck : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         LoadSettings(path("Vantor2.ini")); // an empty store
     }
     static bool dueAfter(const SettingValue& last) {

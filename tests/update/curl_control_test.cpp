@@ -1,6 +1,5 @@
 // Tests of the transfer against real servers on the loopback: web, with TLS too, files, and a proxy with a password.
 #include "core/settings_keys.h"
-#include "foundation/text.h"
 #include "support/disk_faults.h"
 #include "support/test.h"
 #include "update/cSHAREDInternet.h"
@@ -8,13 +7,7 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <functional>
 #include <future>
-#include <iterator>
-#include <memory>
-#include <optional>
 
 namespace vantor {
 namespace {
@@ -54,7 +47,6 @@ const std::string setup = patternOf(30000);
 class RealServers : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         for (const char* const name : {"http_proxy", "ftp_proxy", "all_proxy", "ALL_PROXY", "no_proxy", "NO_PROXY"}) {
             ::unsetenv(name);
         }

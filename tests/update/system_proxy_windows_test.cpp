@@ -1,5 +1,4 @@
 // Tests of the system's proxy on Windows: settings in the registry, and a download that goes by them.
-#include "foundation/settings_store.h"
 #include "support/test.h"
 #include "update/cSHAREDInternet.h"
 #include "update/curl_control.h"
@@ -64,14 +63,8 @@ class Proxy {
 
 class WindowsProxy : public Fixture {
   protected:
-    void SetUp() override {
-        Fixture::SetUp();
-        LoadSettings(path("Vantor2.ini"));
-    }
-    void TearDown() override {
-        RegDeleteKeyValueA(HKEY_CURRENT_USER, key, "DefaultConnectionSettings");
-        Fixture::TearDown();
-    }
+    void SetUp() override { LoadSettings(path("Vantor2.ini")); }
+    void TearDown() override { RegDeleteKeyValueA(HKEY_CURRENT_USER, key, "DefaultConnectionSettings"); }
     // The user's settings in the registry: numbers of 32 bits, and texts with their lengths ahead.
     static void set(DWORD flags, const std::string& server, const std::string& exceptions, const std::string& script) {
         std::string bytes;

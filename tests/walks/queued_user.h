@@ -2,14 +2,9 @@
 // Each event pump decides by itself what it lets through; keys and clicks of Qt's own test support would not wait.
 #pragma once
 
-#include "platform/qt_host.h"
+#include "support/form_driver.h"
 
-#include <QWidget>
-#include <QWindow>
 #include <qpa/qwindowsysteminterface.h>
-
-#include <atomic>
-#include <functional>
 
 namespace vantor::test {
 

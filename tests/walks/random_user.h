@@ -2,29 +2,8 @@
 // One action at a time, drawn from a seed, so that a walk can be walked again.
 #pragma once
 
-#include "foundation/text.h"
-#include "platform/code_page.h"
-#include "platform/combo_box.h"
-#include "platform/list_box.h"
 #include "platform/picture_box.h"
 #include "support/form_driver.h"
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QClipboard>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTableView>
-
-#include <algorithm>
-#include <deque>
-#include <map>
-#include <random>
-#include <string>
-#include <vector>
 
 namespace vantor::test {
 

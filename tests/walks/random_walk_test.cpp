@@ -1,21 +1,14 @@
 // Random walks: hundreds of things that a user might do, with tables and window looked at after each.
 #include "core/aircraft_file.h"
 #include "core/aircraft_table.h"
-#include "core/codes.h"
 #include "core/flightplans_reader.h"
 #include "core/flightplans_writer.h"
 #include "core/journal.h"
-#include "core/tables.h"
 #include "core/undo.h"
 #include "foundation/progress.h"
-#include "foundation/settings_store.h"
-#include "platform/code_page.h"
 #include "platform/printer_choice.h"
-#include "platform/qt_host.h"
-#include "shell/application_loop.h"
-#include "shell/frmMain.h"
 #include "shell/update_commands.h"
-#include "support/fixture.h"
+#include "support/main_window.h"
 #include "support/stand_in_tool.h"
 #include "support/table_invariants.h"
 #include "update/scripted_control.h"
@@ -23,13 +16,6 @@
 #include "world.h"
 
 #include <QPrinter>
-#include <QTimer>
-
-#include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 namespace vantor::test {
 namespace {
@@ -57,7 +43,6 @@ const std::vector<std::pair<std::string_view, std::string_view>> allowedFaults =
 class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> {
   protected:
     void SetUp() override {
-        Fixture::SetUp();
         useHost(&m_host);
         const std::string setup = VANTOR_UPDATE_SERVER "/setup.exe";
         m_server.replies[VANTOR_UPDATE_SERVER "/versions/VNT_current.txt"] = {"2.0.0\r\n" + setup};
@@ -67,7 +52,6 @@ class RandomWalk : public Fixture, public testing::WithParamInterface<unsigned> 
     void TearDown() override {
         m_form.reset();
         currentPrinter().setOutputFileName(QString());
-        Fixture::TearDown();
     }
 
     void walk(int steps) {

@@ -1,26 +1,11 @@
 // Re-entry: keys, clicks and closes that arrive while a command runs, a dialog stands or the tool works. They wait in
 // the window system's queue, so that each event pump decides by itself what it lets through.
-#include "core/tables.h"
-#include "foundation/text.h"
-#include "platform/code_page.h"
-#include "shell/application_loop.h"
 #include "support/main_window.h"
 #include "support/stand_in_tool.h"
 #include "support/table_invariants.h"
 #include "walks/queued_user.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QPushButton>
-#include <QTableView>
-#include <QWindow>
 #include <qpa/qwindowsysteminterface.h>
-
-#include <algorithm>
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace vantor::test {
 namespace {
@@ -62,6 +47,8 @@ class ReentryTest : public MainWindowFixture, public testing::WithParamInterface
     // The same window over the same files again.
     void startAnew() {
         TearDown();
+        cleanUp();
+        prepare();
         SetUp();
     }
 
@@ -175,26 +162,6 @@ TEST_P(CommandReentry, ACloseWaitsForItsEnd) {
     }
 }
 
-TEST_P(DialogReentry, TheWindowBehindIsOutOfReach) {
-    const Outcome before = outcome();
-    int dialogs = 0;
-    const DialogService user([&](QDialog& dialog) {
-        ++dialogs;
-        const int clicksBefore = clicks;
-        queueEverything();
-        QWindowSystemInterface::handleCloseEvent(form().windowHandle());
-        QCoreApplication::processEvents();
-        EXPECT_EQ(clicks, clicksBefore);
-        EXPECT_TRUE(dialog.isVisible());
-        EXPECT_TRUE(outcome() == before);
-        dialog.close();
-    });
-    press(GetParam());
-    EXPECT_GT(dialogs, 0);
-    EXPECT_FALSE(form().ended());
-    EXPECT_TRUE(form().isVisible());
-}
-
 // The answer and a click on the window behind arrive together: the dialog is gone and its command has not gone on yet.
 TEST_P(DialogReentry, AClickBehindTheAnswerStartsNothingInside) {
     const Outcome expected = undisturbed();
@@ -233,15 +200,12 @@ INSTANTIATE_TEST_SUITE_P(, ToolReentry, testing::Values("cmdCompile", "cmdDecomp
 
 INSTANTIATE_TEST_SUITE_P(, CommandReentry,
                          testing::Values("cmdReload", "cmdLoadFlightPlan", "cmdSaveFlights", "cmdSaveAircraft",
-                                         "cmdListall", "cmdListICAO", "cmdListUniqueAC", "cmdAddSchedule",
-                                         "cmdEditSchedule", "cmdCopy", "cmdDeleteSchedule", "cmdSwapAC", "cmdEditLeg",
+                                         "cmdListall", "cmdEditSchedule", "cmdCopy", "cmdDeleteSchedule", "cmdSwapAC",
                                          "cmdAddFS", "cmdDeleteAC", "cmdSubAC", "cmdDeleteByICAO", "cmdCompile"),
                          [](const auto& button) { return std::string(button.param); });
 INSTANTIATE_TEST_SUITE_P(, DialogReentry,
-                         testing::Values("cmdLoadFlightPlan", "cmdSaveFlights", "cmdAddSchedule", "cmdEditSchedule",
-                                         "cmdEditLeg", "cmdSwapAC", "cmdSubAC", "cmdAddFS", "cmdDeleteAC",
-                                         "cmdDeleteByICAO", "cmdCompile", "cmdDecompile", "cmdSettings", "cmdFind0",
-                                         "cmdChart", "cmdMap"),
+                         testing::Values("cmdSaveFlights", "cmdAddSchedule", "cmdEditLeg", "cmdSwapAC", "cmdDeleteAC",
+                                         "cmdSettings", "cmdFind0", "cmdChart"),
                          [](const auto& button) { return std::string(button.param); });
 
 } // namespace

@@ -13,15 +13,12 @@
 #include "simulator/missing_aircraft.h"
 #include "simulator/traffic_tool.h"
 #include "support/test.h"
-#include "support/traffic.h"
 #include "views/gates.h"
 #include "views/movement_chart.h"
 #include "views/movements.h"
 #include "views/route_map.h"
 #include "views/timetable.h"
 #include "world.h"
-
-#include <array>
 
 namespace vantor {
 namespace {
