@@ -40,12 +40,13 @@ TEST_F(ErrorDialog, ShowsTheFailureAndTheLog) {
         EXPECT_EQ(fromQString(control<QGroupBox>(form, "Frame2").title()), path("log.txt"));
         EXPECT_EQ(textIn(form, "txtError"), "75 - <b>Path</b>\nsecond line");
         EXPECT_EQ(textIn(form, "txtLog"), "first\nZ\xFCrich\n");
-        for (const auto& [button, frame] :
-             {std::pair{"cmdViewLog", "Frame2"}, std::pair{"cmdShowComments", "Frame3"}}) {
+        for (const auto& [button, frame, focus] :
+             {std::tuple{"cmdViewLog", "Frame2", "txtLog"}, {"cmdShowComments", "Frame3", "txtUserMessage"}}) {
             EXPECT_FALSE(visible(form, frame));
             click(form, button);
             EXPECT_TRUE(visible(form, frame));
             EXPECT_FALSE(visible(form, button));
+            EXPECT_EQ(fromQString(form.focusWidget()->objectName()), focus);
         }
         click(form, "cmdHelp"); // does nothing
         EXPECT_TRUE(form.isVisible());

@@ -60,8 +60,10 @@ TEST_F(FrmSettings, RefusesAnOffsetOutOfRangeAndStoresNothingUnlessByOk) {
         answerBoxes({{"Hour offset can be -12 to +12 only"}, {"Minute offset can be 0 to 59 only"}});
     open({"txtGMTHour=-13", "txtGMTMin=", "cmdOK"});
     EXPECT_EQ(offset(), "-13:00") << "filled in though the hour is refused";
+    EXPECT_EQ(form->focusWidget(), &control<QWidget>(*form, "txtGMTHour"));
     play(*form, {"txtGMTHour=9", "txtGMTMin=60", "cmdOK"});
     EXPECT_EQ(offset(), "09:60");
+    EXPECT_EQ(form->focusWidget(), &control<QWidget>(*form, "txtGMTMin"));
     EXPECT_TRUE(form->isVisible());
     pressKey(*form, Qt::Key_Escape);
     open({"txtGMTHour=5", "cmdCancel"});

@@ -26,6 +26,7 @@ TEST_F(FrmAircraftSub, FiltersKeepsWhatIsPickedAndAsksForARow) {
                   const std::string all = "AC#1 - \"Boeing 737\"|AC#2 - \"Airbus\"|AC#3 - \"BOEING 747\"||";
                   EXPECT_EQ(rowsOf(list.rows()), all);
                   EXPECT_EQ(fromQString(control<QLabel>(form, "lblCurrent").text()), "AC#9 - \"Gone & lost\"");
+                  EXPECT_EQ(form.focusWidget(), &filter);
                   typeOver(filter, "boeing");
                   EXPECT_EQ(rowsOf(list.rows()), "AC#1 - \"Boeing 737\"|AC#3 - \"BOEING 747\"|");
                   click(form, "cmdClear");

@@ -150,6 +150,7 @@ TEST_F(ProxyForm, DifferentPasswordsStayAndCancelStoresNothing) {
     typeOver(control<QLineEdit>(form, "txtPassword2"), "typo");
     click(form, "cmdOK");
     EXPECT_EQ(recorder.messages, std::vector<std::string>{"Your passwords don't match.  Please retype them."});
+    EXPECT_EQ(form.focusWidget(), &control<QWidget>(form, "txtPassword"));
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(control<QLineEdit>(form, "txtPassword").echoMode(), QLineEdit::Password);
     click(form, "cmdCancel");

@@ -205,7 +205,7 @@ INSTANTIATE_TEST_SUITE_P(, CommandReentry,
                          [](const auto& button) { return std::string(button.param); });
 INSTANTIATE_TEST_SUITE_P(, DialogReentry,
                          testing::Values("cmdSaveFlights", "cmdAddSchedule", "cmdEditLeg", "cmdSwapAC", "cmdDeleteAC",
-                                         "cmdSettings", "cmdFind0", "cmdChart"),
+                                         "cmdSettings", "cmdFind0", "cmdChart", "cmdMap"),
                          [](const auto& button) { return std::string(button.param); });
 
 } // namespace
