@@ -3,7 +3,6 @@
 #include "core/aircraft_file.h"
 #include "core/aircraft_table.h"
 #include "core/airports_file.h"
-#include "core/flightplans_writer.h"
 #include "foundation/native_path.h"
 #include "support/disk_faults.h"
 #include "support/test.h"
@@ -89,19 +88,6 @@ TEST_F(AircraftTest, SaveGoesToTheFixedNameInTheCurrentFolder) {
     EXPECT_EQ(saved(), "AC#1,250,b\r\n");
     EXPECT_EQ(readFile("elsewhere\\Aircraft.txt"), "AC#1,250,changed\r\n");
 }
-
-#ifdef __linux__
-TEST_F(AircraftTest, BothSavesTellWhatKeptTheOldFile) {
-    load("AC#1,250,b\r\n");
-    const auto description = [](const std::optional<Error>& failure) { return failure ? failure->description() : ""; };
-    EXPECT_EQ(description(savesc(path("nowhere\\Flightplans.txt"))), "Path not found");
-    {
-        const test::DiskFault full(test::DiskCall::Write, 1, ENOSPC);
-        EXPECT_EQ(description(saveaircraft()), "Disk full");
-    }
-    EXPECT_EQ(description(saveaircraft()), "");
-}
-#endif
 
 class AirportsTest : public test::Fixture {
   protected:

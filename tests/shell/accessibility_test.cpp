@@ -50,6 +50,11 @@ class AccessibilityTest : public MainWindowFixture {};
 
 TEST_F(AccessibilityTest, ControlsHaveNamesOfTheirOwn) {
     expectNames(form());
+    for (const char* const group : {"fraPlans", "frameFSMode", "FrameCompile", "fraList1", "fraList2"}) {
+        for (const auto* const button : control<QWidget>(form(), group).findChildren<QAbstractButton*>()) {
+            EXPECT_FALSE(button->shortcut().isEmpty()) << fromQString(button->objectName());
+        }
+    }
     expectNames(frmSchedEdit(nullptr, {}, {}));
     expectNames(frmFind(combo("cmbAC"), nullptr));
     expectNames(frmAircraftSub(nullptr, "AC#1", {}));

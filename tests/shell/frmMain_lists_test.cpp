@@ -138,13 +138,22 @@ TEST_F(ListsTest, EditLegGoesByTheRowAndStopsWhereItsNumberLeadsToNoSchedule) {
     EXPECT_EQ(schedules.peek(7), ScheduleRec());
 }
 
-TEST_F(ListsTest, FindMovesTheAirportBoxAsAClickDoes) {
-    press("cmdFind1", "frmFind", [](QDialog& dialog) {
-        typeOver(control<QWidget>(dialog, "txtSearchString"), "egss");
-        click(dialog, "cmdFirst");
-        click(dialog, "cmdOK");
-    });
+TEST_F(ListsTest, FindMovesItsBoxAsAClickDoesAndTheViewsShowTheChosenAirport) {
+    for (const auto& [button, text] :
+         {std::pair{"cmdFind0", "txtSearchString=lost"}, {"cmdFind1", "txtSearchString=egss"}}) {
+        press(button, "frmFind", [typed = text](QDialog& dialog) { test::play(dialog, {typed, "cmdFirst", "cmdOK"}); });
+    }
+    EXPECT_EQ(combo("cmbAC").text() + box("txtATCAircraft"), "AC#5 - \"Lost\"AC#5");
     EXPECT_EQ(combo("cmbICAO").text() + box("txtICAO1"), "EGSS - EGSSEGSS");
+    press("cmdChart", "frmChart", [](QDialog& dialog) {
+        EXPECT_EQ(control<QLabel>(dialog, "lblTraffic").text(), QStringLiteral("EGSS - EGSS"));
+        click(dialog, "cmdExit");
+    });
+    press("cmdMap", "frmMap", [](QDialog& dialog) {
+        EXPECT_EQ(control<ComboBox>(dialog, "cmbAirports").text(), "EGSS - EGSS");
+        click(dialog, "cmdExit");
+    });
+    press("cmdSettings", "frmSettings", [](QDialog& dialog) { click(dialog, "cmdCancel"); });
 }
 
 } // namespace

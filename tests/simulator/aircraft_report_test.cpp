@@ -1,5 +1,4 @@
 // The report on the simulator's aircraft folders.
-#include "foundation/channels.h"
 #include "foundation/native_path.h"
 #include "simulator/aircraft_report.h"
 #include "support/test.h"
@@ -59,16 +58,6 @@ TEST_F(AircraftReportTest, AFolderAboveThatHoldsTheWordShiftsTheNames) {
     EXPECT_EQ(report(), at("A") + " texture folder 'textures.red' is missing.\r\n" + at("A") +
                             "texture.simaircraftatexture.red folder found but SIMAIRCRAFTATEXTURE.RED variant not in "
                             "AIRCRAFT.CFG file.\r\n\r\n");
-}
-
-TEST_F(AircraftReportTest, AReportThatCannotBeWrittenEndsAndLeavesOthersFilesOpen) {
-    addAircraftFolder("A", "texture=gone\r\n");
-    fs::create_directories(folder() / "ACLOG.TXT");
-    const InputFile open(at("A") + "aircraft.cfg");
-    modACReport();
-    EXPECT_TRUE(open.isOpen());
-    EXPECT_EQ(newestAction(), "");
-    EXPECT_TRUE(recorder.messages.empty());
 }
 
 } // namespace

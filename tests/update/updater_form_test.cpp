@@ -76,13 +76,6 @@ TEST_F(UpdaterFormTest, TheBoxIsStoredByAClickAndKeptByACheck) {
     EXPECT_FALSE(sget("DisableAutoUpdateCheck", true).flag());
     click(*form, "cmdCheckAgain");
     EXPECT_FALSE(box.isChecked());
-    click(*form, "cmdExit");
-    // A store that holds no flag gave no leave: the form must not turn that into one.
-    sset("DisableAutoUpdateCheck", "yes");
-    form->updater().ShowandCheck(source);
-    EXPECT_TRUE(box.isChecked());
-    click(*form, "cmdExit");
-    EXPECT_TRUE(sget("DisableAutoUpdateCheck", false).flag());
 }
 
 TEST_F(UpdaterFormTest, ADownloadGoesOnUnderTheProxyDialog) {

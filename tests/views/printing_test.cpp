@@ -80,11 +80,6 @@ TEST_F(PrintingTest, ALongTimetableRunsOverAsManyPagesAsItNeeds) {
     EXPECT_EQ(printed[0] + printed[1] + printed[2] + printed[3], expected);
     EXPECT_EQ(printed[1].size(), printed[2].size());
     EXPECT_NEAR(static_cast<double>(printed[1].size()), 58, 3);
-
-    const QString fonts = told(QStringLiteral("pdffonts"), {pdf()});
-    EXPECT_TRUE(fonts.contains(QStringLiteral("Bold"))) << fonts.toStdString();
-    EXPECT_TRUE(fonts.contains(QStringLiteral("Serif")) || fonts.contains(QStringLiteral("Times")))
-        << fonts.toStdString();
 }
 
 TEST_F(PrintingTest, ARowWiderThanThePageIsSetNarrower) {
