@@ -131,16 +131,20 @@ double MapTiles::progress(const MapView& view) const {
 
 void MapTiles::paint(QPainter& painter, const MapView& view, double pixelRatio) {
     const QPoint first = topLeft(view);
-    if (!m_kept.isNull()) {
-        const FlatPoint corner = view.toWindow(m_keptView.toFlat({0, 0}));
-        const double factor = view.scale / m_keptView.scale;
-        painter.drawImage(QRectF(corner.x, corner.y, m_keptView.width * factor, m_keptView.height * factor), m_kept);
-    }
+    const FlatPoint keptCorner = view.toWindow(m_keptView.toFlat({0, 0}));
+    const double factor = view.scale / m_keptView.scale;
+    const QRectF keptRect(keptCorner.x, keptCorner.y, m_keptView.width * factor, m_keptView.height * factor);
     for (const Place& place : wanted(view, 0)) {
+        const QPointF corner(static_cast<double>(place.first * side - first.x()) / pixelRatio,
+                             static_cast<double>(place.second * side - first.y()) / pixelRatio);
         if (const auto tile = m_tiles.find(place); tile != m_tiles.end()) {
-            painter.drawImage(QPointF(static_cast<double>(place.first * side - first.x()) / pixelRatio,
-                                      static_cast<double>(place.second * side - first.y()) / pixelRatio),
-                              tile->second);
+            painter.drawImage(corner, tile->second);
+        } else if (!m_kept.isNull()) {
+            // Only where it shows: drawing all of it in another size takes most of a frame's time.
+            painter.save();
+            painter.setClipRect(QRectF(corner, QSizeF(side, side) / pixelRatio), Qt::IntersectClip);
+            painter.drawImage(keptRect, m_kept);
+            painter.restore();
         }
     }
 }
