@@ -143,9 +143,8 @@ class Journal {
     [[nodiscard]] std::int64_t state() const noexcept { return m_done == 0 ? m_base : m_steps[m_done - 1].state; }
     /// Grows with each write: an equal number tells that nothing was written in between.
     [[nodiscard]] std::int64_t revision() const noexcept { return m_revision; }
-    /// The same for the writes of schedules, and for those of aircraft.
+    /// The same for the writes of schedules alone.
     [[nodiscard]] std::int64_t scheduleRevision() const noexcept { return m_revision - m_aircraftRevision; }
-    [[nodiscard]] std::int64_t aircraftRevision() const noexcept { return m_aircraftRevision; }
     /// Whether a step is open, so that state() does not tell what was written in it yet.
     [[nodiscard]] bool isOpen() const noexcept { return m_depth > 0; }
     /// Whether the open step has changed anything so far.

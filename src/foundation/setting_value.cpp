@@ -39,10 +39,6 @@ std::int16_t SettingValue::int16() const {
     return toInt16(number());
 }
 
-std::int32_t SettingValue::int32() const {
-    return toInt32(number());
-}
-
 float SettingValue::single() const {
     if (const auto* value = std::get_if<std::string>(&m_value)) {
         return parseSingle(*value);

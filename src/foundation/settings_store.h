@@ -30,7 +30,6 @@ class SettingValue {
     [[nodiscard]] double number() const;
     /// The number in a narrower type, whole numbers with halves to even. Error 13 as number, 6 beyond the type.
     [[nodiscard]] std::int16_t int16() const;
-    [[nodiscard]] std::int32_t int32() const;
     [[nodiscard]] float single() const;
     /// The value as a flag: a number is true unless 0. Error 13 for any other text.
     [[nodiscard]] bool flag() const;

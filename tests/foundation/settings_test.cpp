@@ -27,7 +27,6 @@ TEST_F(Settings, ValuesConvert) {
     EXPECT_EQ(SettingValue(" 2 ").int16(), 2); // as a reload gives it back
     EXPECT_EQ(SettingValue(" 0.25 ").single(), 0.25F);
     EXPECT_EQ(SettingValue(true).int16(), -1);
-    EXPECT_EQ(SettingValue(2.5F).int32(), 2);
     EXPECT_TRUE(SettingValue(" 1 ").flag() && SettingValue(std::int32_t{-1}).flag());
     EXPECT_FALSE(SettingValue(" false").flag());
     EXPECT_EQ(errorOf([] { (void)SettingValue("").int16(); }), 13);
