@@ -13,6 +13,8 @@
 #include "ui_legs_box.h"
 #include "ui_schedules_box.h"
 
+#include <QLineEdit>
+
 #include <utility>
 
 namespace vantor {

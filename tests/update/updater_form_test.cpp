@@ -104,7 +104,7 @@ class ProxyForm : public Fixture {
     }
     /// All that is stored, with bars between.
     static std::string stored() {
-        std::string all = std::to_string(sget("ProxyType", -1).int32());
+        std::string all = std::to_string(sget("ProxyType", -1).int16());
         for (const char* const key : {"ProxyServer", "ProxyPort", "ProxyUser", "ProxyPwd"}) {
             all += "|" + sget(key, "none").text();
         }
