@@ -130,9 +130,10 @@ struct LegRec {
     FixedText<6> toicao;
     FixedText<6> fromicao; ///< no column of the file: the destination of the leg before
     FixedText<1> legtype;
-    bool atflag : 1 = false;  ///< the arrival carried "@": it is fixed
-    bool tng : 1 = false;     ///< touch and go
-    bool deleted : 1 = false; ///< shown with "(DEL) " and left out of the next save
+    bool atflag : 1 = false;     ///< the arrival carried "@": it is fixed
+    bool tng : 1 = false;        ///< touch and go
+    bool deleted : 1 = false;    ///< shown with "(DEL) " and left out of the next save
+    std::uint8_t unused : 5 = 0; ///< no bit is left open, since the journal compares records as bytes
     friend bool operator==(const LegRec&, const LegRec&) = default;
 };
 
