@@ -10,7 +10,7 @@
 namespace vantor {
 
 /// Around the work of a command: all that it writes to the tables becomes one step of the journal, which can be undone.
-/// One that changes nothing leaves no step. Inside another it belongs to that one, and its name is not heard.
+/// One that changes nothing leaves no step. Inside another it belongs to that one, and its name is not used.
 class Step {
   public:
     /// `name` is what a person reads behind "Undo": "Delete 3 schedules".

@@ -39,7 +39,7 @@ void useErrorReporter(ErrorReporter reporter) {
 void showerr(std::string_view text, std::string_view topic) noexcept {
     const StandardTrap trap{procedureName, moduleName};
     if (showing) {
-        // A failure met while one is shown goes to the ring: dialogs never pile up.
+        // A failure met while one is shown goes to the ring: no dialog opens over another.
         trap(logaction, text, procedureName, moduleName);
         return;
     }

@@ -30,8 +30,8 @@ class ReplacingFile : public Channel {
     ~ReplacingFile();
 
     void write(std::string_view bytes);
-    /// Puts the new file in the old one's place; quiet after a failed write, which was raised already. A backup costs
-    /// no copy, and one that can't be made is a fault in the ring and keeps nobody from saving.
+    /// Puts the new file in the old one's place; does nothing after a failed write, which was raised already. A backup
+    /// costs no copy, and one that can't be made is a fault in the ring and keeps nobody from saving.
     void commit(OldFile old = OldFile::Drop);
 
   private:
@@ -57,7 +57,7 @@ class GrowingFile {
     GrowingFile& operator=(const GrowingFile&) = delete;
     ~GrowingFile();
 
-    /// Adds a piece. Raises what the disk raises; the file is then good for nothing but to go.
+    /// Adds a piece. Raises what the disk raises; the file can then only be removed.
     void write(std::string_view bytes);
     void finish() noexcept { m_finished = true; }
 

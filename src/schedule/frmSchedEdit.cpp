@@ -197,7 +197,7 @@ void frmSchedEdit::fillleglist(int selected) noexcept {
     trap(&Host::pumpEvents, host(), Pump::PaintAndTimers);
 }
 
-// Without a word about what can't be shown: of a leg that isn't there the boxes keep all they have, and a time that is
+// What can't be shown is not told: of a leg that isn't there the boxes keep all they have, and a time that is
 // none leaves its box alone.
 void frmSchedEdit::displayleginfo(std::int16_t number) noexcept {
     const ScheduleDraft& draft = m_draft;

@@ -38,7 +38,7 @@ struct LegStored {
 
 /// Stores what the controls show into leg `leg` (1 upward) of `sched`: day, level, distance, hours, arrival, departure,
 /// number, type, touch and go, in this order. A text that can't be converted is told by `invalidTime`; any other fault
-/// (an unknown aircraft, a level beyond 16 bits, a missing leg) ends the store without a word. What was stored before
+/// (an unknown aircraft, a level beyond 16 bits, a missing leg) ends the store and is not told. What was stored before
 /// a fault stays.
 [[nodiscard]] LegStored storeleg(ScheduleRec& sched, std::int16_t leg, const LegControls& controls);
 

@@ -53,8 +53,8 @@ struct LegListing {
 };
 
 /// The legs of one schedule alone, item data their hashindex; with an `icao` (a bare code) only those to or from it. A
-/// record number of 0 gives a listing without rows that leaves caption and list as they are. A fault ends it without a
-/// word, with what was set before it.
+/// record number of 0 gives a listing without rows that leaves caption and list as they are. A fault ends it and
+/// is not told; what was set before it stays.
 [[nodiscard]] LegListing listLegs(std::int32_t recnum, std::string_view icao) noexcept;
 /// The legs of all schedules of an aircraft; both are bare codes. Caption and enabling are those of the last schedule.
 [[nodiscard]] LegListing listLegsOfAircraft(const StandardTrap& trap, std::string_view ac,

@@ -126,7 +126,7 @@ void Actions::connectKeys() {
 }
 
 void Actions::connectLists() {
-    // Enter may come ahead of any click, and then is that click first; a double click never does.
+    // Enter can come before any click, and then does first what the click would do. A double click has clicked already.
     const auto activates = [](ListBox* list, QAbstractButton* button) {
         QObject::connect(list, &ListBox::rowActivated, button, [list, button] {
             if (!button->isEnabled() && list->selectedRowCount() <= 1) {

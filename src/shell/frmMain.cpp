@@ -252,7 +252,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         return;
     }
     if (!m_ended) {
-        // Quirk: the close box closes the window whatever the answer: No merely skips the clearing up.
+        // Quirk: the close box closes the window whatever the answer: No only skips the cleaning up.
         exitprog();
         if (!m_ended) {
             m_rescue->keepNow();

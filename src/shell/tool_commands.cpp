@@ -122,7 +122,7 @@ void ToolCommands::runTool(const StandardTrap& trap, const std::string& command)
     QElapsedTimer since;
     since.start();
     qint64 told = 0;
-    // Keys and clicks meanwhile are lost: carried out afterwards, they would meet what nobody aimed at.
+    // Keys and clicks meanwhile are lost: carried out afterwards, they could hit another control.
     const auto repaint = [&] {
         if (const qint64 seconds = since.elapsed() / 1000; seconds != std::exchange(told, seconds)) {
             trap(&StatusLine::Work::say, work, "TrafficTools has been running for " + std::to_string(seconds) + " s");

@@ -44,7 +44,7 @@ bool agreesToLose(const StandardTrap& trap) {
 UpdateCommands::UpdateCommands(QWidget& window, QAbstractButton& cmdCheckUpdate, Workspace& workspace,
                                CommandRunner& runner, Life& life)
     : m_window(window), m_workspace(workspace), m_runner(runner), m_life(life), m_timer3(new QTimer(&window)) {
-    // It waits with everything let through and takes nobody's turn: commands run meanwhile, and a close ends it.
+    // It lets everything run while it waits, and is no command of the runner: others run meanwhile, a close ends it.
     QObject::connect(&cmdCheckUpdate, &QAbstractButton::clicked, &window, [this] {
         if (!m_runner.busy()) {
             check();

@@ -14,7 +14,7 @@ inline constexpr std::int32_t daysBetweenChecks = 7;
 /// user switches it on, and also while the store holds no flag there.
 [[nodiscard]] bool CheckDisabled() noexcept;
 /// Whether the last check that got an answer (key LastUpdateCheck, a day number or a date text) is at least a week
-/// old, or there was none.
+/// old, or whether there was none.
 [[nodiscard]] bool CheckDue() noexcept;
 
 /// A day in the pattern DD/MMM/YYYY with English months, as in 01/Jun/2004.

@@ -56,7 +56,7 @@ class CurlHandle {
     };
     static void check(CURLcode code);
 
-    std::unique_ptr<CURLM, MultiCleanup> m_multi; // made before the easy handle, and gone after it
+    std::unique_ptr<CURLM, MultiCleanup> m_multi; // made before the easy handle and destroyed after it
     std::unique_ptr<CURL, EasyCleanup> m_easy;
     bool m_running = false;
 };

@@ -18,7 +18,7 @@ class fSHAREDUpdater;
 }
 
 /// Kept by its owner from the first need on; closing it only takes it off the screen, and cancels what runs. It must
-/// not be destroyed while one of the updater's calls is on its way.
+/// not be destroyed while one of the updater's calls runs.
 class fSHAREDUpdater : public QDialog, private UpdaterForm {
     Q_OBJECT
 

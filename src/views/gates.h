@@ -16,7 +16,7 @@ using GateHours = std::array<std::int16_t, 24>;
 
 /// Counts the stays at the airport `code` (bare, in capitals) in displayed hours. The hours of landing and of leaving
 /// count in full. A stay over midnight counts nothing. Weekly schedules count nothing. A leg whose clock
-/// texts or period are no good is a fault in the ring and left out.
+/// texts or period can't be read is a fault in the ring and left out.
 [[nodiscard]] GateHours gateHours(const StandardTrap& trap, std::string_view code);
 
 /// The rows of the gate table: a heading and, for each day from Monday on, its 24 hours and its peak. Repeating

@@ -16,7 +16,7 @@ inline constexpr std::size_t timetableLimit = 500'000;
 
 /// One row per departure and arrival at the airport `code` (bare, in capitals) in 24 hours, each repetition told
 /// separately, in the order of the displayed time; one empty closing row at the end. Weekly schedules have none. A leg
-/// whose clock text or period is no good is a fault in the ring and left out.
+/// whose clock text or period can't be read is a fault in the ring and left out.
 [[nodiscard]] ListRows timetableRows(const StandardTrap& trap, std::string_view code);
 
 /// What goes to the printer: a heading, and the rows without their quotes.
