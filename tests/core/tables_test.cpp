@@ -149,18 +149,13 @@ TEST_F(AirportsTest, NamesComeFromTheSimulatorsFileElseFromTheCode) {
 using CodesTest = test::Fixture;
 
 TEST_F(CodesTest, RowsSplitAtTheFirstHyphen) {
-    struct Case {
-        const char* row;
-        const char* code;
-        const char* title;
-    };
-    for (const Case& c : {Case{"ksea - seattle - tacoma", "KSEA", "seattle - tacoma"},
-                          {" se a ", "SE A", " se a "},
-                          {"-x y", "-X Y", "-x y"},
-                          {"x-", "X", ""},
-                          {"m\xFCnchen - x", "M\xDCNCHEN", "x"}}) {
-        EXPECT_EQ(extractcode(c.row), c.code);
-        EXPECT_EQ(extracttitle(c.row), c.title);
+    for (const auto& [row, code, title] : {std::tuple{"ksea - seattle - tacoma", "KSEA", "seattle - tacoma"},
+                                           {" se a ", "SE A", " se a "},
+                                           {"-x y", "-X Y", "-x y"},
+                                           {"x-", "X", ""},
+                                           {"m\xFCnchen - x", "M\xDCNCHEN", "x"}}) {
+        EXPECT_EQ(extractcode(row), code);
+        EXPECT_EQ(extracttitle(row), title);
     }
 }
 
@@ -180,24 +175,18 @@ TEST_F(CodesTest, IndexesOfALegAndOfARowWithoutOne) {
 }
 
 TEST_F(CodesTest, ZoneLabelAndShiftedTimes) {
-    struct Case {
-        double hours;
-        const char* label;
-        const char* time;
-        const char* shifted;
-        bool onTheSameDay; // a wrap below zero is brought back, one above is not
-    };
-    for (const Case& c : {Case{0, "GMT", "12:00", "12:00:00", true},
-                          {-6, "(GMT-6)", "06:00", "00:00:00", true},
-                          {-0.5, "(GMT-0:30)", "00:10", "23:40:00", true},
-                          {6.5, "(GMT+6:30)", "10:00", "16:30:00", true},
-                          {2, "(GMT+2)", "23:00", "01:00:00", false}}) {
-        SCOPED_TRACE(c.label);
-        gmtoffset = static_cast<float>(c.hours / 24);
-        EXPECT_EQ(gmtstring(), c.label);
-        const DateTime shifted = applygmtoffset(38139 + parseTime(c.time));
-        EXPECT_EQ(formatHHMMSS(shifted), c.shifted);
-        EXPECT_EQ(shifted < 1.0, c.onTheSameDay);
+    // A wrap below zero is brought back to the same day, one above is not.
+    for (const auto& [hours, label, time, result, onTheSameDay] : {std::tuple{0.0, "GMT", "12:00", "12:00:00", true},
+                                                                   {-6, "(GMT-6)", "06:00", "00:00:00", true},
+                                                                   {-0.5, "(GMT-0:30)", "00:10", "23:40:00", true},
+                                                                   {6.5, "(GMT+6:30)", "10:00", "16:30:00", true},
+                                                                   {2, "(GMT+2)", "23:00", "01:00:00", false}}) {
+        SCOPED_TRACE(label);
+        gmtoffset = static_cast<float>(hours / 24);
+        EXPECT_EQ(gmtstring(), label);
+        const DateTime shifted = applygmtoffset(38139 + parseTime(time));
+        EXPECT_EQ(formatHHMMSS(shifted), result);
+        EXPECT_EQ(shifted < 1.0, onTheSameDay);
         EXPECT_GE(shifted, 0);
     }
 }

@@ -198,28 +198,22 @@ TEST_F(TransferStates, FileServersTakeThreeCommands) {
               "finished|Downloaded 1.5kb|Connection reset|error Connection reset|error No address specified|");
 }
 
-struct ProxyCase {
-    std::string settings;
-    Texts setUp;
-    std::string log;
-};
-
 TEST_F(TransferStates, TheProxyOfTheSettingsGoesToTheControl) {
-    const std::vector<ProxyCase> cases = {
+    const std::vector<std::tuple<std::string, Texts, std::string>> cases = {
         {"PROXYTYPE, 0 \r\n", {"type 0", "user ", "password "}, "0 old:1"},
         {"", {"type 1", "user ", "password ", "proxy "}, "1 "},
         {"PROXYPORT,3128\r\nPROXYPWD, pa ss\r\nPROXYSERVER,px\r\nPROXYTYPE, 2 \r\nPROXYUSER,me\r\n",
          {"type 2", "user ", "password ", "proxy px:3128", "user me", "password  pa ss"},
          "2 px:3128"},
     };
-    for (const ProxyCase& one : cases) {
+    for (const auto& [settings, setUp, log] : cases) {
         script.setUp.clear();
-        writeFile("Vantor2.ini", one.settings);
+        writeFile("Vantor2.ini", settings);
         LoadSettings(path("Vantor2.ini"));
         form.ApplyProxy();
-        EXPECT_EQ(script.setUp, one.setUp);
-        EXPECT_EQ(logTexts().back(), "Proxy set to: " + one.log);
-        EXPECT_EQ(newestAction(), one.log.starts_with("2") ? "DBG: Proxy username/password set" : "");
+        EXPECT_EQ(script.setUp, setUp);
+        EXPECT_EQ(logTexts().back(), "Proxy set to: " + log);
+        EXPECT_EQ(newestAction(), log.starts_with("2") ? "DBG: Proxy username/password set" : "");
     }
     sset("ProxyType", 1);
     script.setUpFault = 339;
