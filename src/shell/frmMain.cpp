@@ -86,34 +86,39 @@ void frmMain::setUpBoxes() {
 }
 
 void frmMain::makeGroups() {
-    auto& [traffic, mode, compile, schedules, legs, aircraft, airport, missing, utilities] = *m_boxes;
-    m_lists = std::make_unique<Lists>(Lists::Controls{schedules, legs, aircraft, airport, ui->fraList1, ui->fraList2,
-                                                      traffic.cmdListall, missing.List3, utilities.txtICAO1},
+    auto& [trafficBox, modeBox, compileBox, schedulesBox, legsBox, aircraftBox, airportBox, missingBox, utilitiesBox] =
+        *m_boxes;
+    m_lists = std::make_unique<Lists>(Lists::Controls{schedulesBox, legsBox, aircraftBox, airportBox, ui->fraList1,
+                                                      ui->fraList2, trafficBox.cmdListall, missingBox.List3,
+                                                      utilitiesBox.txtICAO1},
                                       m_workspace, m_runner);
-    m_schedules =
-        std::make_unique<ScheduleCommands>(*this,
-                                           ScheduleCommands::Controls{schedules, legs, aircraft.cmbAC, airport.cmbICAO,
-                                                                      aircraft.cmdFind0, airport.cmdFind1},
-                                           m_workspace, m_runner, *m_lists);
-    m_views = std::make_unique<ViewCommands>(*this, airport, legs.List2, legs.cmdPrint, m_runner, *m_lists);
-    m_utilities =
-        std::make_unique<UtilityCommands>(utilities, aircraft.cmbAC, airport.cmbICAO, m_workspace, m_runner, *m_lists);
-    m_aircraft = std::make_unique<AircraftCommands>(
+    m_schedules = std::make_unique<ScheduleCommands>(
         *this,
-        AircraftCommands::Controls{aircraft, schedules.List1, missing.List3, missing.cmdSubAC, schedules.cmdSwapAC},
+        ScheduleCommands::Controls{schedulesBox, legsBox, aircraftBox.cmbAC, airportBox.cmbICAO, aircraftBox.cmdFind0,
+                                   airportBox.cmdFind1},
         m_workspace, m_runner, *m_lists);
-    m_tools = std::make_unique<ToolCommands>(
-        *this, ToolCommands::Controls{mode, compile, missing, ui->FrameFSAC, traffic.cmdSettings, schedules.List1},
-        m_workspace, m_runner, *m_lists, *m_status);
+    m_views = std::make_unique<ViewCommands>(*this, airportBox, legsBox.List2, legsBox.cmdPrint, m_runner, *m_lists);
+    m_utilities = std::make_unique<UtilityCommands>(utilitiesBox, aircraftBox.cmbAC, airportBox.cmbICAO, m_workspace,
+                                                    m_runner, *m_lists);
+    m_aircraft =
+        std::make_unique<AircraftCommands>(*this,
+                                           AircraftCommands::Controls{aircraftBox, schedulesBox.List1, missingBox.List3,
+                                                                      missingBox.cmdSubAC, schedulesBox.cmdSwapAC},
+                                           m_workspace, m_runner, *m_lists);
+    m_tools = std::make_unique<ToolCommands>(*this,
+                                             ToolCommands::Controls{modeBox, compileBox, missingBox, ui->FrameFSAC,
+                                                                    trafficBox.cmdSettings, schedulesBox.List1},
+                                             m_workspace, m_runner, *m_lists, *m_status);
     m_files = std::make_unique<FileCommands>(
-        *this, FileCommands::Controls{traffic, aircraft.cmbAC, airport.cmbICAO, missing.List3}, m_workspace, m_runner,
-        *m_lists, *this, *m_rescue, *m_status);
-    m_updates = std::make_unique<UpdateCommands>(*this, *traffic.cmdCheckUpdate, m_workspace, m_runner, *this);
-    m_undo = std::make_unique<UndoCommands>(UndoCommands::Controls{aircraft.cmbAC, schedules.List1, missing.List3},
-                                            m_workspace, m_runner, *m_lists);
-    m_explorer =
-        std::make_unique<ExplorerWindow>(*this, ExplorerWindow::Controls{schedules.List1, legs.List2, airport.cmbICAO},
-                                         m_workspace, m_runner, *m_lists, *m_undo);
+        *this, FileCommands::Controls{trafficBox, aircraftBox.cmbAC, airportBox.cmbICAO, missingBox.List3}, m_workspace,
+        m_runner, *m_lists, *this, *m_rescue, *m_status);
+    m_updates = std::make_unique<UpdateCommands>(*this, *trafficBox.cmdCheckUpdate, m_workspace, m_runner, *this);
+    m_undo =
+        std::make_unique<UndoCommands>(UndoCommands::Controls{aircraftBox.cmbAC, schedulesBox.List1, missingBox.List3},
+                                       m_workspace, m_runner, *m_lists);
+    m_explorer = std::make_unique<ExplorerWindow>(
+        *this, ExplorerWindow::Controls{schedulesBox.List1, legsBox.List2, airportBox.cmbICAO}, m_workspace, m_runner,
+        *m_lists, *m_undo);
 }
 
 void frmMain::connectStatus() {
