@@ -134,7 +134,7 @@ compile() {
 }
 
 report() {
-    click_at 96 80 # Report
+    click_at 96 77 # Report
     shown report 'Notepad'
     [[ -s $folder/ACLOG.TXT ]] || fail "there is no report"
     key alt+F4
