@@ -153,6 +153,7 @@ void frmMain::formLoad() {
         readsettings();
         m_tools->setupformwithcurrentmode();
         m_lists->settimetableicao("");
+        m_status->showState(m_workspace); // the time offset above all
     } catch (...) {
         const Error error = currentError();
         errorexit("Error " + std::to_string(error.number()) + " - " + error.description());
